@@ -1,0 +1,36 @@
+# sumlet_options(TARGET): what every target of this project is compiled with.
+function(sumlet_options target)
+  if(NOT MSVC)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+    if(SUMLET_WARNINGS_AS_ERRORS)
+      target_compile_options(${target} PRIVATE -Werror)
+    endif()
+    if(SUMLET_SANITIZE)
+      target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                               -fno-omit-frame-pointer)
+      target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+    endif()
+  else()
+    target_compile_options(${target} PRIVATE /utf-8 /W4)
+  endif()
+endfunction()
+
+# sumlet_library(NAME SOURCES... [PUBLIC libs...] [PRIVATE libs...]): one folder of src/. What it may include is
+# what it links to: the layers are stated there and nowhere else.
+function(sumlet_library target)
+  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  add_library(${target} STATIC ${ARG_SOURCES})
+  target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+  sumlet_options(${target})
+endfunction()
+
+# sumlet_test(NAME SOURCES... LIBRARIES...): one GoogleTest binary, each of its cases a CTest test.
+function(sumlet_test target)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${target} ${ARG_SOURCES})
+  target_link_libraries(${target} PRIVATE ${ARG_LIBRARIES} GTest::gtest)
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  sumlet_options(${target})
+  gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()

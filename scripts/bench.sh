@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Measures Sumlet on this machine: the engine alone, and whole processes beside other calculators.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
+
+ensure_packages build gui bench bench-peers
+build_preset release -DSUMLET_BUILD_BENCH=ON
+
+"$projectRoot/build/release/engine_benchmark"
+python3 -B "$projectRoot/bench/peers.py" "$projectRoot/build/release/sumlet-eval" "$@"

@@ -1,0 +1,89 @@
+#!/usr/bin/env bash
+# Sourced, not run: a virtual display of its own with a window manager, and the window program on it worked from
+# outside. Everything that is started ends with the script that sources this, and nothing of the user's is touched.
+#
+#   start_display WIDTHxHEIGHT      sets DISPLAY
+#   start_window PROGRAM            starts the window program and sets `window` once its window has the keyboard
+#   type_keys TEXT, press KEY...    works the keyboard
+#   put_clipboard, get_clipboard    from standard input, to standard output
+#   wait_for SECONDS COMMAND...     repeats the command until it succeeds; fails when the time is over
+
+virtualFolder=$(mktemp -d)
+virtualProcesses=()
+
+end_virtual_display() {
+  local i
+  for ((i = ${#virtualProcesses[@]} - 1; i >= 0; i--)); do
+    kill "${virtualProcesses[i]}" 2>/dev/null || true
+    wait "${virtualProcesses[i]}" 2>/dev/null || true
+  done
+  rm -rf "$virtualFolder"
+}
+trap end_virtual_display EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM
+
+wait_for() {
+  local end=$((SECONDS + $1 + 1))
+  shift
+  until "$@" >/dev/null 2>&1; do
+    if ((SECONDS >= end)); then return 1; fi
+    sleep 0.05
+  done
+}
+
+# in_background NAME COMMAND...: its output goes to a log that is shown when something fails.
+in_background() {
+  local name=$1
+  shift
+  "$@" >"$virtualFolder/$name.log" 2>&1 &
+  virtualProcesses+=($!)
+}
+
+give_up() {
+  echo "$0: $*" >&2
+  tail -n 20 "$virtualFolder"/*.log >&2
+  exit 1
+}
+
+start_display() {
+  unset WAYLAND_DISPLAY XAUTHORITY DBUS_SESSION_BUS_ADDRESS
+  local number=$virtualFolder/display
+  : >"$number"
+  # The server picks a free number itself and tells it once it can be reached.
+  in_background Xvfb sh -c 'exec Xvfb -displayfd 3 -screen 0 "$1"x24 -nolisten tcp 3>"$2"' sh "$1" "$number"
+  wait_for 20 test -s "$number" || give_up "the virtual display does not start"
+  DISPLAY=:$(<"$number")
+  export DISPLAY
+  in_background openbox openbox --sm-disable
+  wait_for 20 window_manager_runs || give_up "the window manager does not start"
+}
+
+window_manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
+
+# The program gets a home of its own.
+start_window() {
+  mkdir -p "$virtualFolder/home" "$virtualFolder/run"
+  chmod 700 "$virtualFolder/run"
+  in_background window env -u XDG_CONFIG_HOME -u XDG_DATA_HOME -u XDG_CACHE_HOME HOME="$virtualFolder/home" \
+    XDG_RUNTIME_DIR="$virtualFolder/run" QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8 "$1"
+  program=$!
+  wait_for 30 window_is_active_or_gone || give_up "the window does not come up"
+  kill -0 "$program" 2>/dev/null || give_up "$1 has ended"
+}
+
+window_is_active_or_gone() {
+  kill -0 "$program" || return 0
+  window=$(xdotool getactivewindow) && xdotool search --onlyvisible --pid "$program" --class '^Sumlet$' | grep -qx "$window"
+}
+
+type_keys() { xdotool type --delay 20 -- "$1"; }
+press() { xdotool key --delay 20 -- "$@"; }
+
+put_clipboard() {
+  cat >"$virtualFolder/clipboard"
+  in_background xclip xclip -quiet -selection clipboard -i "$virtualFolder/clipboard"
+  wait_for 10 clipboard_is_set || give_up "the clipboard cannot be set"
+}
+clipboard_is_set() { get_clipboard | cmp -s - "$virtualFolder/clipboard"; }
+get_clipboard() { timeout 5 xclip -selection clipboard -o; }

@@ -1,0 +1,109 @@
+// Numbers as text: operands made ready, decimals as fractions and back. Fractions are read off the digits of a number
+// and not off its value; the results show it, and are wanted so.
+
+#include <numeric>
+
+#include "engine/arithmetic.h"
+#include "engine/errors.h"
+#include "engine/math_class.h"
+#include "framework/text/numbers.h"
+
+namespace sumlet {
+namespace {
+
+struct Fraction {
+  Int32 whole;
+  Int32 numerator;
+  Int32 denominator;
+};
+
+bool IsRepeating(std::string_view digits) {
+  return digits.size() >= 2 && digits.find_first_not_of(digits.front()) == std::string_view::npos;
+}
+
+// The classic step for a repeating decimal: ten times x less x is a whole number of ninths.
+Fraction RepeatingFraction(double value) {
+  const Int32 ninths = ToInt32(Ceil(value * 10 - value));
+  return {ninths / 9, ninths % 9, 9};
+}
+
+// The denominator has as many zeros as the numerator has digits, so zeros right behind the point are lost.
+Fraction TerminatingFraction(Int32 whole, Int32 numerator) {
+  String power = "1";
+  power.append(Str(numerator).size(), '0');
+  return {whole, numerator, ToInt32(Val(power))};
+}
+
+String FractionText(Fraction fraction) {
+  if (fraction.numerator >= 2) {
+    const Int32 divisor = std::gcd(fraction.numerator, fraction.denominator);
+    fraction.numerator /= divisor;
+    fraction.denominator /= divisor;
+  }
+  const String whole = fraction.whole > 0 ? Str(fraction.whole) + " " : "";
+  return "\"" + whole + Str(fraction.numerator) + "/" + Str(fraction.denominator) + "\"";
+}
+
+// Whether `text` has no blank and no two minus signs in a row.
+bool IsClean(std::string_view text) {
+  char previous = '\0';
+  for (const char c : text) {
+    if (c == ' ' || (c == '-' && previous == '-')) return false;
+    previous = c;
+  }
+  return true;
+}
+
+String WithSingleBlanks(std::string_view text) {
+  String result;
+  for (const char c : text) {
+    if (c != ' ' || result.empty() || result.back() != ' ') result += c;
+  }
+  return result;
+}
+
+}  // namespace
+
+String WithoutClosingPoint(String number) {
+  if (!number.empty() && number.back() == '.') number.pop_back();
+  return number;
+}
+
+// Blanks go, so that digits they divide become one number, and pairs of minus signs cancel.
+String MathClass::CleanupNumber(std::string_view text) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  if (IsClean(text)) return String(text);
+  String number;
+  for (const char c : text) {
+    if (c == ' ') continue;
+    if (c == '-' && !number.empty() && number.back() == '-') {
+      number.pop_back();
+    } else {
+      number += c;
+    }
+  }
+  return number;
+}
+
+String MathClass::DecimalToFraction(double value) {
+  const Int32 whole = ToInt32(value);
+  const String digits = NthField(Str(value), ".", 2);
+  const Int32 numerator = ToInt32(Val(digits));
+  if (numerator == 0) return Str(whole);
+  return FractionText(IsRepeating(digits) ? RepeatingFraction(value) : TerminatingFraction(whole, numerator));
+}
+
+// Takes a whole number, a blank and a fraction; a fraction alone is incomplete.
+String MathClass::FractionToDecimal(std::string_view text) {
+  const String parts = WithSingleBlanks(Trimmed(text));
+  if (parts.find('/') == String::npos) return String(errors::notAFraction);
+  const Int32 whole = parts.find(' ') == String::npos ? 0 : ToInt32(Val(NthField(parts, " ", 1)));
+  const String fraction = NthField(parts, " ", 2);
+  const String numerator = Trim(NthField(NthField(fraction, "/", 1), " ", 1));
+  const String denominator = Trim(NthField(NthField(fraction, "/", 2), " ", 1));
+  if (numerator.empty() || denominator.empty()) return String(errors::incompleteFraction);
+  return WithoutClosingPoint(Format(whole + Val(numerator) / Val(denominator), "-#.##########"));
+}
+
+}  // namespace sumlet

@@ -1,0 +1,129 @@
+// One operator: its operands, its value.
+
+#include <array>
+
+#include "engine/arithmetic.h"
+#include "engine/errors.h"
+#include "engine/math_class.h"
+#include "engine/rewrite_buffer.h"
+#include "framework/text/numbers.h"
+
+namespace sumlet {
+namespace {
+
+// Places behind the point that a value keeps when it goes back into the text, sign included.
+constexpr std::string_view operatorFormat = "-#.##########";
+
+// The end of `text` that is the left operand: number characters, and the minus sign in front of them when it is the
+// sign of the number: when nothing stands before it, or something that is no part of a number.
+std::string_view LeftOperand(std::string_view text) {
+  std::size_t begin = text.size();
+  bool seen = false;
+  for (; begin > 0 && IsIn(text[begin - 1], numberCharacter); --begin) {
+    if (text[begin - 1] != ' ') seen = true;
+  }
+  if (begin > 0 && seen && text[begin - 1] == '-') {
+    std::size_t ahead = begin - 1;
+    while (ahead > 0 && text[ahead - 1] == ' ') --ahead;
+    if (ahead == 0 || !IsIn(text[ahead - 1], numberCharacter)) --begin;
+  }
+  return text.substr(begin);
+}
+
+// The beginning of `text` that is the right operand: minus signs and blanks, then number characters. Nothing when the
+// text ends before a number has begun.
+std::optional<std::string_view> RightOperand(std::string_view text) {
+  bool seen = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (c == ' ' || (!seen && c == '-')) continue;
+    if (!IsIn(c, numberCharacter)) return text.substr(0, i);
+    seen = true;
+  }
+  if (!seen) return {};
+  return text;
+}
+
+// In 64 bits, so that no pair of operands traps.
+double IntegerQuotient(double a, double b) {
+  const std::int64_t divisor = ToInt32(b);
+  const std::int64_t quotient = divisor == 0 ? 0 : ToInt32(a) / divisor;
+  return static_cast<double>(quotient);
+}
+
+}  // namespace
+
+double IntegerRemainder(double a, double b) {
+  const std::int64_t dividend = ToInt32(a);
+  const std::int64_t divisor = ToInt32(b);
+  return static_cast<double>(divisor == 0 ? dividend : dividend % divisor);
+}
+
+// Moves the cursor in front of the next operator and gives true, or gives false when none is left. `level` is the level
+// of precedence reached, 0 for a new text: as no operator brings in one that binds tighter, none is ever lowered.
+bool MathClass::LookupNextOp(RewriteBuffer& text, std::size_t& level) {
+  constexpr std::array<CharacterSet, 3> signsByLevel{powerSign, productSign, sumSign};
+  for (; level < signsByLevel.size(); ++level) {
+    const CharacterSet signs = signsByLevel[level];
+    if (text.Held(signs) && text.MoveTo(signs)) return true;
+    text.Rewind();
+  }
+  return false;
+}
+
+String MathClass::Fail(std::string_view error, std::string_view details) {
+  ResultDetails = details;
+  return String(error);
+}
+
+// The cursor stands in front of the operator.
+//
+// A "-" with nothing but minus signs behind it, as in "3--", would put the whole text back behind each value and go on
+// for ever, always with these signs at the end. It fails like any operator that lacks its right operand.
+MathClass::Ending MathClass::ApplyOperator(RewriteBuffer& text) {
+  const std::string_view after = text.After();
+  const std::string_view op = after.substr(0, 1);
+  const std::optional<std::string_view> right = RightOperand(after.substr(1));
+  if (text.Before().empty() || !right) return Fail(errors::twoArgumentsRequired, op);
+  const std::string_view left = LeftOperand(text.Before());
+  String value = DoOperation(left, *right, op);
+  if (ResultIsError(value)) return value;
+  text.Replace(left.size(), 1 + right->size(), value, SeamTrim::Blanks);
+  // A negative value behind other text brings in a minus sign that is the next operator of its level.
+  text.StepBackOverValue();
+  return {};
+}
+
+String MathClass::DoOperation(std::string_view left, std::string_view right, std::string_view op) {
+  if (ResultIsError(op)) return String(op);
+  const String leftNumber = CleanupNumber(left);
+  const String rightNumber = CleanupNumber(right);
+  if (op.empty()) return rightNumber.empty() ? leftNumber : String(errors::missingOperator);
+  const double a = CDbl(leftNumber);
+  const double b = CDbl(rightNumber);
+  double value = 0;
+  if (op == "-" && rightNumber.empty()) {
+    return WithoutClosingPoint(Format(-a, operatorFormat));
+  } else if (op == "^") {
+    value = Pow(a, b);
+  } else if (op == "*") {
+    value = a * b;
+  } else if (op == "/") {
+    value = a / b;
+  } else if (op == "\\") {
+    value = IntegerQuotient(a, b);
+  } else if (op == "+") {
+    value = a + b;
+  } else if (op == "-") {
+    value = a - b;
+  } else if (op == "%" || SameText(op, "mod")) {
+    value = IntegerRemainder(a, b);
+  } else {
+    const String answer = DoFunction(leftNumber, rightNumber, op);
+    return Fail(answer != errors::functionUnknown ? errors::oneArgumentFormat : errors::functionUnknown, op);
+  }
+  if (leftNumber.empty() || rightNumber.empty()) return Fail(errors::twoArgumentsRequired, op);
+  return WithoutClosingPoint(Format(value, operatorFormat));
+}
+
+}  // namespace sumlet

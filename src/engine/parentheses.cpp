@@ -1,0 +1,132 @@
+// Parentheses and the functions in front of them.
+
+#include <array>
+
+#include "engine/errors.h"
+#include "engine/math_class.h"
+#include "engine/rewrite_buffer.h"
+#include "framework/text/utf8.h"
+
+namespace sumlet {
+namespace {
+
+constexpr std::size_t longestFunctionName = 5;
+
+// Whether a function name can end in `c`. It saves trying five names in front of each plain parenthesis.
+bool CanEndFunctionName(char c) { return !IsAscii(c) || (FoldAscii(c) >= 'a' && FoldAscii(c) <= 'z') || c == '2'; }
+
+// The byte offset of the parenthesis that is open last in `before`. The value put in last holds none, so it is stepped
+// over: the digits of a long number inside many parentheses are not looked at again for each of them.
+std::size_t LastOpening(std::string_view before, std::string_view lastValue) {
+  const std::size_t valueEnd = static_cast<std::size_t>(lastValue.data() - before.data()) + lastValue.size();
+  const std::size_t behind = lastValue.empty() ? 0 : valueEnd;
+  const std::size_t found = before.substr(behind).rfind('(');
+  if (found != std::string_view::npos) return behind + found;
+  return before.substr(0, behind - lastValue.size()).rfind('(');
+}
+
+// Whether `number` is the value put in last and would only be reduced to itself; "nan" and "inf" would not.
+bool IsFinished(std::string_view number, std::string_view lastValue) {
+  const bool isLastValue = number.data() == lastValue.data() && number.size() == lastValue.size();
+  return isLastValue && !number.empty() && IsIn(number.back(), plainCharacter);
+}
+
+}  // namespace
+
+MathClass::Ending MathClass::ReduceParentheses(RewriteBuffer& text) {
+  std::size_t open = 0;
+  while (text.MoveTo(parenthesis)) {
+    if (text.After().front() == '(') {
+      ++open;
+      text.Advance(1);
+    } else if (open == 0) {
+      text.Advance(1);  // closes nothing; as the counts agree, some "(" will stay open
+    } else {
+      --open;
+      if (Ending ending = ReduceInnermost(text)) return ending;
+    }
+  }
+  if (open == 0) return {};
+  const std::string_view whole = text.Whole();
+  return RefuseDisorder(whole.substr(0, whole.find('(')));
+}
+
+// The cursor stands in front of the ")" of an innermost pair.
+MathClass::Ending MathClass::ReduceInnermost(RewriteBuffer& text) {
+  const std::string_view before = text.Before();
+  const std::string_view lastValue = text.LastValue();
+  const std::size_t open = LastOpening(before, lastValue);
+  const std::string_view inner = before.substr(open + 1);
+  const std::string_view number = Trimmed(inner);
+  const bool isFinished = IsFinished(number, lastValue);
+  const bool hasComma = inner.find(',') != std::string_view::npos;
+
+  String a;
+  String b;
+  if (hasComma) {
+    a = Reduce(NthField(inner, ",", 1));
+    b = Reduce(NthField(inner, ",", 2));
+  } else {
+    a = isFinished ? String(number) : Reduce(inner);
+  }
+  if (ResultIsError(a)) return a;
+  if (ResultIsError(b)) return b;
+
+  std::string_view front = before.substr(0, open);
+  const std::optional<Call> call = FindCall(front, a, b);
+  if (call && SameText(call->name, "dec")) return FractionToDecimal(inner);
+  String value;
+  if (call) {
+    value = call->value;
+    front.remove_suffix(call->name.size());
+  } else if (hasComma) {
+    value = isFinished ? String(number) : Reduce(inner);
+  } else {
+    value = std::move(a);
+  }
+  if (ResultIsError(value)) return value;
+  if (call && SameText(call->name, "frac")) {
+    const bool isAlone = Trimmed(front).empty() && Trimmed(text.After().substr(1)).empty();
+    return isAlone ? value : String(errors::fractionNotAlone);
+  }
+  // Fields behind the second are dropped with whatever stood in them, a bar included.
+  if (call && (CountFields(inner, "|") - 1) % 2 == 1) return String(errors::unmatchedBar);
+  text.Replace(before.size() - front.size(), 1, value, SeamTrim::WhiteSpace);
+  return {};
+}
+
+// The first "(" has no ")" behind it. Its empty inside is put back between a front and a rest that then hold too many
+// ")", unless a name in front of it is answered first.
+String MathClass::RefuseDisorder(std::string_view front) {
+  const std::optional<Call> call = FindCall(front, {}, {});
+  if (!call) return String(errors::unmatchedParenthesis);
+  if (SameText(call->name, "dec")) return FractionToDecimal({});
+  return SameText(call->name, "frac") ? String(errors::fractionNotAlone) : call->value;
+}
+
+// Tries the last five characters of `front` as a name, then the last four and so on, so that the longest name wins and
+// a name needs nothing in front of it. "dec" is reported without a value. Each name tried in vain stays in
+// ResultDetails until the next.
+std::optional<MathClass::Call> MathClass::FindCall(std::string_view front, std::string_view argument1,
+                                                   std::string_view argument2) {
+  if (front.empty() || !CanEndFunctionName(front.back())) {
+    ResultDetails = front.substr(front.size() - LastCharacterLength(front));
+    return {};
+  }
+  std::array<std::string_view, longestFunctionName> names;  // by length in characters, less one; empty where too long
+  std::size_t bytes = 0;
+  for (std::string_view& name : names) {
+    const std::size_t length = LastCharacterLength(front.substr(0, front.size() - bytes));
+    if (length == 0) break;
+    bytes += length;
+    name = front.substr(front.size() - bytes);
+  }
+  for (auto name = names.rbegin(); name != names.rend(); ++name) {
+    if (SameText(*name, "dec")) return Call{*name, {}};
+    String value = DoFunction(argument1, argument2, *name);
+    if (value != errors::functionUnknown) return Call{*name, std::move(value)};
+  }
+  return {};
+}
+
+}  // namespace sumlet

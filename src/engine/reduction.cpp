@@ -1,0 +1,122 @@
+// The evaluation of one text: checks, assignment, and the rewriting of parentheses, bars and operators in turn.
+//
+// Rewriting always takes the innermost parenthesis that closes first, then the first pair of bars, then the operator
+// that binds tightest and stands leftmost. No step brings back what an earlier kind has removed, so each kind is one
+// walk over a RewriteBuffer from left to right. A text inside a parenthesis or bars is evaluated by Reduce again; it
+// holds no parenthesis, or neither, so that these calls never nest more than three deep.
+
+#include <algorithm>
+
+#include "engine/errors.h"
+#include "engine/math_class.h"
+#include "engine/rewrite_buffer.h"
+
+namespace sumlet {
+namespace {
+
+struct Census {
+  std::size_t opening = 0;
+  std::size_t closing = 0;
+  std::size_t bars = 0;
+  bool onlySigns = true;  // no character of a word: the text cannot hold "Error"
+};
+
+Census TakeCensus(std::string_view text) {
+  Census census;
+  for (const char c : text) {
+    const CharacterSet sets = SetsOf(c);
+    if ((sets & delimiter) == 0) census.onlySigns = false;
+    if ((sets & (parenthesis | bar)) == 0) continue;
+    if (c == '(') ++census.opening;
+    if (c == ')') ++census.closing;
+    if (c == '|') ++census.bars;
+  }
+  return census;
+}
+
+// The first run of characters that belong to no number.
+std::string_view FirstWord(std::string_view text) {
+  const auto isPlain = [](char c) { return IsIn(c, plainCharacter); };
+  const auto begin = std::find_if_not(text.begin(), text.end(), isPlain);
+  const auto end = std::find_if(begin, text.end(), isPlain);
+  return {begin, end};
+}
+
+}  // namespace
+
+String MathClass::Reduce(std::string_view expression) {
+  if (expression.empty()) return {};
+  const Census census = TakeCensus(expression);
+  if (!census.onlySigns && ResultIsError(expression)) return String(expression);
+  if (census.opening != census.closing) return String(errors::unmatchedParenthesis);
+  if (census.bars % 2 != 0) return String(errors::unmatchedBar);
+  ++ReduceLevel;
+  if (ReduceLevel > 1) return Rewrite(expression);
+
+  const std::size_t equalsSign = expression.find('=');
+  if (equalsSign != std::string_view::npos) return Assign(expression, equalsSign);
+  String substituted = SubstituteVariables(expression);
+  return ResultIsError(substituted) ? substituted : Rewrite(substituted);
+}
+
+// The name is looked at only after the right side has its value: an error there comes first.
+String MathClass::Assign(std::string_view expression, std::size_t equalsSign) {
+  const std::string_view rightSide = expression.substr(equalsSign + 1);
+  if (rightSide.find('=') != std::string_view::npos) return String(errors::multipleAssignments);
+  const std::string_view name = Trimmed(expression.substr(0, equalsSign));
+  if (name.find(' ') != std::string_view::npos) return Fail(errors::nameContainsSpace, name);
+
+  String value = Reduce(SubstituteVariables(rightSide));
+  if (ResultIsError(value) || name.empty()) return value;
+  if (DoFunction({}, {}, name) != errors::functionUnknown) return Fail(errors::nameIsFunction, name);
+  AddVariable(name, value);
+  return value;
+}
+
+String MathClass::Rewrite(std::string_view expression) {
+  RewriteBuffer text(expression);
+  if (text.Held(parenthesis)) {
+    if (Ending ending = ReduceParentheses(text)) return *std::move(ending);
+  }
+  if (text.Held(bar)) {
+    if (Ending ending = ReduceBars(text)) return *std::move(ending);
+  }
+  return ReduceOperators(text);
+}
+
+// Bars pair off in their order, so a pair never nests in another.
+MathClass::Ending MathClass::ReduceBars(RewriteBuffer& text) {
+  text.Rewind();
+  while (text.MoveTo(bar)) {
+    const std::string_view after = text.After();
+    const std::size_t closing = after.find('|', 1);
+    String value = Reduce(after.substr(1, closing - 1));
+    if (ResultIsError(value)) {
+      ResultDetails.clear();
+      return value;
+    }
+    const std::size_t signLength = value.substr(0, 1) == "-" ? 1 : 0;
+    text.Replace(0, closing + 1, std::string_view(value).substr(signLength), SeamTrim::Blanks);
+  }
+  return {};
+}
+
+// What is left without operators is a number as it stands, a word that means nothing, or numbers side by side, which
+// are multiplied.
+String MathClass::ReduceOperators(RewriteBuffer& text) {
+  for (;;) {
+    text.Rewind();
+    std::size_t level = 0;
+    while (LookupNextOp(text, level)) {
+      if (Ending ending = ApplyOperator(text)) return *std::move(ending);
+    }
+    const std::string_view numbers = Trimmed(text.Whole());
+    if (text.Held(wordCharacter)) {
+      if (const std::string_view word = FirstWord(numbers); !word.empty()) return Fail(errors::variableUnknown, word);
+    }
+    if (numbers.find(' ') == std::string_view::npos) return String(numbers);
+    text.Assign(ReplaceAll(numbers, " ", "*"));
+  }
+}
+
+}  // namespace sumlet

@@ -1,0 +1,167 @@
+#include "engine/rewrite_buffer.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace sumlet {
+namespace {
+
+// Room for a few values before the first of them has to make room by moving the text.
+constexpr std::size_t spareGap = 64;
+
+bool IsDropped(char c, SeamTrim trim) { return trim == SeamTrim::Blanks ? c == ' ' : IsWhiteSpace(c); }
+
+}  // namespace
+
+void RewriteBuffer::Assign(std::string_view text) {
+  text = Trimmed(text);
+  head_ = gapBegin_ = valueBegin_ = valueEnd_ = 0;
+  gapEnd_ = end_ = capacity_;
+  Reserve(text.size() + spareGap);
+  gapEnd_ = end_ - text.size();
+  CharacterSet held = 0;  // in a local, as every char written could otherwise be a part of this object
+  char* out = data_ + gapEnd_;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (c == ' ') {
+      while (text[i + 1] == ' ') ++i;  // ends: the last character is no blank
+      if (out[-1] == '-' && text[i + 1] == '-') continue;
+    }
+    held |= SetsOf(c);
+    *out++ = c;
+  }
+  held_ = held;
+  end_ = static_cast<std::size_t>(out - data_);
+  CancelSignsAtHead();
+}
+
+std::string_view RewriteBuffer::Whole() {
+  Advance(end_ - gapEnd_);
+  return Before();
+}
+
+void RewriteBuffer::Rewind() {
+  const std::size_t count = gapBegin_ - head_;
+  gapEnd_ -= count;
+  std::memmove(data_ + gapEnd_, data_ + head_, count);
+  head_ = gapBegin_ = valueBegin_ = valueEnd_ = 0;
+}
+
+void RewriteBuffer::Advance(std::size_t count) {
+  std::memmove(data_ + gapBegin_, data_ + gapEnd_, count);
+  gapBegin_ += count;
+  gapEnd_ += count;
+}
+
+bool RewriteBuffer::MoveTo(CharacterSet sets) {
+  const std::string_view after = After();
+  const bool signFirst = head_ == gapBegin_ && !after.empty() && after.front() == '-';
+  std::size_t i = signFirst ? 1 : 0;
+  while (i < after.size() && !IsIn(after[i], sets)) ++i;
+  if (i == after.size()) return false;
+  Advance(i);
+  return true;
+}
+
+void RewriteBuffer::Replace(std::size_t before, std::size_t after, std::string_view value, SeamTrim trim) {
+  gapBegin_ -= before;
+  gapEnd_ += after;
+  TrimSeam(trim);
+  TrimHead();
+  if (value.empty()) {
+    JoinEnds();
+    valueBegin_ = valueEnd_ = gapBegin_;
+  } else {
+    Insert(value);
+  }
+  CancelSignsAtHead();
+}
+
+void RewriteBuffer::StepBackOverValue() {
+  const std::size_t count = gapBegin_ - valueBegin_;
+  gapEnd_ -= count;
+  std::memmove(data_ + gapEnd_, data_ + valueBegin_, count);
+  gapBegin_ = valueEnd_ = valueBegin_;
+}
+
+// Makes the gap at least `gap` bytes wide. Doubling keeps the cost of all growth in proportion to the final size.
+void RewriteBuffer::Reserve(std::size_t gap) {
+  if (gapEnd_ - gapBegin_ >= gap) return;
+  const std::size_t behind = end_ - gapEnd_;
+  const std::size_t capacity = std::max(capacity_ * 2, gapBegin_ + gap + behind);
+  auto grown = std::make_unique_for_overwrite<char[]>(capacity);
+  std::memcpy(grown.get(), data_, gapBegin_);
+  std::memcpy(grown.get() + capacity - behind, data_ + gapEnd_, behind);
+  heap_ = std::move(grown);
+  data_ = heap_.get();
+  capacity_ = end_ = capacity;
+  gapEnd_ = capacity - behind;
+}
+
+void RewriteBuffer::TrimSeam(SeamTrim trim) {
+  while (gapBegin_ > head_ && IsDropped(data_[gapBegin_ - 1], trim)) --gapBegin_;
+  while (gapEnd_ < end_ && IsDropped(data_[gapEnd_], trim)) ++gapEnd_;
+}
+
+// Cancelled signs can leave white space at the start. It stays there for one rewrite, as its place counts when names
+// in front of a parenthesis are tried, and goes with the next.
+void RewriteBuffer::TrimHead() {
+  while (head_ < gapBegin_ && IsWhiteSpace(data_[head_])) ++head_;
+}
+
+// An empty value leaves one blank between what stands before and behind it.
+void RewriteBuffer::JoinEnds() {
+  if (head_ == gapBegin_ || gapEnd_ == end_) {
+    TrimSeam(SeamTrim::WhiteSpace);
+    return;
+  }
+  if (data_[gapBegin_ - 1] == '-' && data_[gapEnd_] == '-') return;
+  Reserve(1);
+  data_[--gapEnd_] = ' ';
+}
+
+void RewriteBuffer::Insert(std::string_view value) {
+  Reserve(value.size() + 2);
+  if (gapBegin_ > head_ && !(data_[gapBegin_ - 1] == '-' && value.front() == '-')) data_[gapBegin_++] = ' ';
+  if (gapEnd_ < end_ && !(value.back() == '-' && data_[gapEnd_] == '-')) data_[--gapEnd_] = ' ';
+  held_ |= SetsOf(value.front()) | SetsOf(value.back());  // a number with its sign, or a word: "inf", "nan"
+  valueBegin_ = gapBegin_;
+  std::memcpy(data_ + gapBegin_, value.data(), value.size());
+  gapBegin_ += value.size();
+  valueEnd_ = gapBegin_;
+}
+
+void RewriteBuffer::CancelSignsAtHead() {
+  while (At(0) == '-' && At(1) == '-') DropFront(2);
+  if (At(0) == '-' && At(1) == ' ') {
+    DropFront(2);
+    PushFront('-');
+  }
+  valueEnd_ = std::max(valueEnd_, head_);
+  valueBegin_ = std::max(valueBegin_, head_);
+}
+
+void RewriteBuffer::DropFront(std::size_t count) {
+  const std::size_t fromBefore = std::min(count, gapBegin_ - head_);
+  head_ += fromBefore;
+  gapEnd_ += count - fromBefore;
+}
+
+// Only behind a DropFront, which has made the room on one of the two sides.
+void RewriteBuffer::PushFront(char c) {
+  if (head_ > 0) {
+    data_[--head_] = c;
+  } else {
+    data_[--gapEnd_] = c;
+  }
+}
+
+// The character at the 0-based `index` of the whole text; NUL behind its end.
+char RewriteBuffer::At(std::size_t index) const {
+  const std::string_view before = Before();
+  if (index < before.size()) return before[index];
+  const std::string_view after = After();
+  return index - before.size() < after.size() ? after[index - before.size()] : '\0';
+}
+
+}  // namespace sumlet

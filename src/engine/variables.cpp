@@ -1,0 +1,132 @@
+// Variables: a name in the text gives way to its value between blanks.
+//
+// The search starts again at the first character after each replacement, so that a value can hold names in its turn.
+// Only a handful of values do (infinities, fractions in quotation marks), and what stands in front of the replacement
+// is known to hold none; so one walk suffices that goes into such a value before it goes on behind it. A name met
+// inside its own value would be replaced for ever: that is an error.
+
+#include <algorithm>
+#include <vector>
+
+#include "engine/characters.h"
+#include "engine/errors.h"
+#include "engine/long_number.h"
+#include "engine/math_class.h"
+#include "framework/text/numbers.h"
+#include "framework/text/utf8.h"
+
+namespace sumlet {
+namespace {
+
+bool HasWords(std::string_view value) {
+  for (const char c : value) {
+    if (!IsIn(c, delimiter)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+// One line on its way through the substitution.
+struct MathClass::Substitution {
+  String result;
+  bool hasLongValue = false;
+  std::vector<Int32> opened;  // the variables whose values are being read
+};
+
+MathClass::ValueForm MathClass::FormOf(std::string_view value) {
+  const bool hasWords = HasWords(value);
+  const bool isLong = !hasWords && value.size() > shortNumberLength;
+  return {hasWords, isLong ? AbridgedNumber(value) : String()};
+}
+
+// Empties the table and fills it anew. A run may give any built-in another value except RND.
+void MathClass::DefineBuiltIns() {
+  varKey.Redim(-1);
+  varValue.Redim(-1);
+  valueForms_.clear();
+  variableIndex_.clear();
+  AddVariable("pi", "3.14159265358979323846264338327950");
+  AddVariable("\u03C0", "3.14159265358979323846264338327950");
+  AddVariable("RND", "[random]");  // never read: each use takes a new random number
+  randomIndex_ = varKey.Ubound();
+  AddVariable("mod", "%");
+}
+
+void MathClass::AddVariable(std::string_view name, std::string_view value) {
+  const Int32 index = FindVariable(name);
+  if (index >= 0) {
+    varValue[index] = value;
+    valueForms_[static_cast<std::size_t>(index)] = FormOf(value);
+    return;
+  }
+  varKey.Append(String(name));
+  varValue.Append(String(value));
+  valueForms_.push_back(FormOf(value));
+  variableIndex_.emplace(foldedName_, varKey.Ubound());
+}
+
+// The index of `name`, or -1. Leaves the folded name in foldedName_.
+Int32 MathClass::FindVariable(std::string_view name) {
+  foldedName_ = FoldCase(name);
+  const auto found = variableIndex_.find(foldedName_);
+  return found == variableIndex_.end() ? -1 : found->second;
+}
+
+String MathClass::SubstituteVariables(std::string_view text) {
+  Substitution line;
+  line.result.reserve(text.size() + 64);
+  if (!AppendSubstituted(line, text)) return String(errors::twoArgumentsRequired);
+  return Trim(line.result);
+}
+
+// Appends `text` with its names replaced. Gives false when a value holds its own name.
+bool MathClass::AppendSubstituted(Substitution& line, std::string_view text) {
+  std::size_t at = 0;
+  while (at < text.size()) {
+    std::size_t end = at;
+    while (end < text.size() && IsIn(text[end], delimiter)) ++end;
+    line.result += text.substr(at, end - at);
+    at = end;
+    while (end < text.size() && !IsIn(text[end], delimiter)) ++end;
+    const std::string_view word = text.substr(at, end - at);
+    at = end;
+    if (word.empty()) continue;
+    const Int32 index = FindVariable(word);
+    if (index < 0) {
+      line.result += word;
+    } else if (!AppendValue(line, index)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool MathClass::AppendValue(Substitution& line, Int32 index) {
+  line.result += ' ';
+  const ValueForm& form = valueForms_[static_cast<std::size_t>(index)];
+  if (index == randomIndex_) {
+    if (!AppendSubstituted(line, Str(Rnd()))) return false;
+  } else if (form.hasWords) {
+    if (std::find(line.opened.begin(), line.opened.end(), index) != line.opened.end()) return false;
+    line.opened.push_back(index);
+    if (!AppendSubstituted(line, varValue[index])) return false;
+    line.opened.pop_back();
+  } else if (form.abridged.empty()) {
+    line.result += varValue[index];
+  } else {
+    // A text with two values is always computed and never shown as it stands, so from the second on a long one may
+    // come abridged.
+    const bool mayAbridge = line.hasLongValue && line.result.size() > abridgingThreshold;
+    line.result += mayAbridge ? form.abridged : varValue[index];
+    line.hasLongValue = true;
+  }
+  line.result += ' ';
+  return true;
+}
+
+// Numbers side by side are multiplied by the rewriting itself, once no operator is left among them; nothing is put in
+// for it beforehand.
+String MathClass::SubstituteMultiplication(std::string_view) { return {}; }
+
+}  // namespace sumlet

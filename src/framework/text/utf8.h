@@ -1,0 +1,48 @@
+// Characters inside UTF-8 text, and the case folding that all text comparison rests on.
+//
+// Text may hold any bytes. A byte that belongs to no valid UTF-8 sequence counts as one character of its own and
+// equals only itself, so that no input can make these functions fail or read past the end.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace sumlet {
+
+struct Utf8Character {
+  char32_t code;       // the code point; for an invalid byte, invalidByteBase plus the byte
+  std::size_t length;  // bytes taken, 1 to 4
+};
+
+// Lies above the last code point, so that an invalid byte never equals a character.
+inline constexpr char32_t invalidByteBase = 0x110000;
+
+// The character that begins at byte `offset`, which must lie inside `text`.
+[[nodiscard]] Utf8Character CharacterAt(std::string_view text, std::size_t offset);
+
+// The number of bytes of the last character of `text`; 0 for the empty text.
+[[nodiscard]] std::size_t LastCharacterLength(std::string_view text);
+
+// The byte offset of the character with the 0-based number `index`, or text.size() when there are fewer.
+[[nodiscard]] std::size_t ByteOffset(std::string_view text, std::size_t index);
+
+// One code point to one code point: Unicode's simple case folding (CaseFolding.txt, status C and S). A code point
+// whose folding has several code points takes its simple lower case instead, unless that is a letter of ASCII: the
+// dotted capital I is not the letter i.
+[[nodiscard]] char32_t FoldCase(char32_t code);
+
+// Unicode's simple lower case of one code point.
+[[nodiscard]] char32_t LowerCase(char32_t code);
+
+// `text` with every character folded. Two texts that differ only in case fold to the same bytes.
+[[nodiscard]] std::string FoldCase(std::string_view text);
+
+// Appends the UTF-8 form of `code`; a code from CharacterAt goes back to the bytes that it came from.
+void AppendCharacter(std::string& text, char32_t code);
+
+[[nodiscard]] constexpr bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+[[nodiscard]] constexpr char FoldAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
+[[nodiscard]] bool IsAscii(std::string_view text);
+
+}  // namespace sumlet

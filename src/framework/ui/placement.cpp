@@ -1,0 +1,22 @@
+#include "framework/ui/placement.h"
+
+#include <algorithm>
+
+namespace sumlet {
+namespace {
+
+int Next(int previous, int size, int begin, int end) {
+  const int last = std::max(begin, end - size);
+  const int next = previous + StaggerStep;
+  return next <= last ? next : std::min(begin + StaggerStep, last);
+}
+
+}  // namespace
+
+QPoint StaggeredCorner(const QSize& size, const QRect& screen, std::optional<QPoint> previous) {
+  const QPoint from = previous && screen.contains(*previous) ? *previous : screen.topLeft();
+  return {Next(from.x(), size.width(), screen.x(), screen.x() + screen.width()),
+          Next(from.y(), size.height(), screen.y(), screen.y() + screen.height())};
+}
+
+}  // namespace sumlet

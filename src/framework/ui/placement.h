@@ -1,0 +1,25 @@
+// Placement: where a new window lands.
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+#include <optional>
+
+namespace sumlet {
+
+enum class Placement {
+  Default = 0,   // where the desktop puts it
+  Staggered = 4  // offset from the staggered window before it
+};
+
+// How far a staggered window lands right of and below the one before it, in pixels: about the height of a title bar, so
+// that the titles of all of them can be read and clicked.
+inline constexpr int StaggerStep = 24;
+
+// The top left corner of a staggered window of `size` (frame included), in pixels. It begins near the corner of
+// `screen` and goes on from `previous`; where the window would leave the screen, that direction begins anew. Without a
+// previous corner on this screen it is the first. A window larger than the screen stands at its corner.
+[[nodiscard]] QPoint StaggeredCorner(const QSize& size, const QRect& screen, std::optional<QPoint> previous);
+
+}  // namespace sumlet

@@ -1,0 +1,16 @@
+#include "framework/ui/qt_text.h"
+
+#include <QStringDecoder>
+
+namespace sumlet {
+
+QString ToQString(std::string_view utf8) {
+  // QString::fromUtf8 would drop a leading U+FEFF, which is a character of the text like any other here.
+  using Flag = QStringConverter::Flag;
+  QStringDecoder decoder(QStringConverter::Utf8, Flag::Stateless | Flag::ConvertInitialBom);
+  return decoder.decode(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
+}
+
+String FromQString(const QString& text) { return text.toStdString(); }
+
+}  // namespace sumlet

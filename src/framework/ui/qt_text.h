@@ -1,0 +1,16 @@
+// Text between the logic (UTF-8) and Qt (UTF-16).
+#pragma once
+
+#include <QString>
+#include <string_view>
+
+#include "framework/text/text.h"
+
+namespace sumlet {
+
+// Every character comes across, U+FEFF at the beginning included; a byte that is no UTF-8 becomes U+FFFD.
+[[nodiscard]] QString ToQString(std::string_view utf8);
+// Every character comes across; half of a surrogate pair becomes U+FFFD.
+[[nodiscard]] String FromQString(const QString& text);
+
+}  // namespace sumlet

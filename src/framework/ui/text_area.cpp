@@ -1,0 +1,147 @@
+// QPlainTextEdit rather than QTextEdit: its cost per key stroke does not grow with the number of lines.
+//
+// It wraps at words, and breaks a word that is longer than a line. Qt's cost of that is the square of the word's length
+// (a minute for a million digits), while breaking anywhere is linear. So the text is broken anywhere while a very long
+// line is in it.
+#include "framework/ui/text_area.h"
+
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QTextBlock>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "framework/ui/qt_text.h"
+
+namespace sumlet {
+namespace {
+
+constexpr QColor borderColour(0xA8, 0xA8, 0xA8);
+constexpr QColor selectionColour(0x2A, 0x6F, 0xC9);
+constexpr QColor restingSelectionColour(0xD4, 0xD4, 0xD4);
+constexpr int longLine = 4096;  // characters
+
+bool IsLong(const QTextBlock& block) { return block.length() > longLine; }
+
+bool HasLongLine(QStringView text) {
+  for (const QStringView line : text.tokenize(u'\n'))
+    if (line.size() >= longLine) return true;
+  return false;
+}
+
+// Qt's own plain text turns a no-break space into a space; its raw text keeps it and divides lines by U+2029.
+QString WithLineFeeds(QString raw) { return raw.replace(QChar::ParagraphSeparator, QLatin1Char('\n')); }
+
+}  // namespace
+
+TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent) {
+  setFrameStyle(QFrame::Box | QFrame::Plain);
+  setLineWidth(1);
+  SetColours(false);
+  setTabChangesFocus(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  connect(document(), &QTextDocument::contentsChange, this,
+          [this](int position, int, int added) { WrapAnywhereIfLong(position, added); });
+  connect(this, &QPlainTextEdit::textChanged, this, [this] {
+    WrapAtWordsIfShort();
+    if (TextChange) TextChange(*this);
+  });
+}
+
+String TextArea::Text() const { return FromQString(WithLineFeeds(document()->toRawText())); }
+
+void TextArea::SetText(std::string_view text) {
+  const QString characters = ToQString(text);
+  // A text that is set is laid out before the document tells of the change.
+  if (HasLongLine(characters)) setWordWrapMode(QTextOption::WrapAnywhere);
+  setPlainText(characters);
+}
+
+void TextArea::SetTextSize(Int32 points) {
+  QFont textFont = font();
+  textFont.setPointSize(std::clamp(points, 1, 1000));
+  setFont(textFont);
+}
+
+void TextArea::SetReadOnly(bool readOnly) {
+  setReadOnly(readOnly);
+  if (readOnly) setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+void TextArea::SetScrollbarVertical(bool shown) {
+  setVerticalScrollBarPolicy(shown ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+}
+
+// Every colour that an area draws with. What the desktop says about the others, as of the scroll bar, holds.
+void TextArea::SetColours(bool selectionOutlivesFocus) {
+  QPalette colours;
+  colours.setColor(QPalette::Base, Qt::white);
+  colours.setColor(QPalette::Text, Qt::black);
+  colours.setColor(QPalette::WindowText, borderColour);
+  colours.setColor(QPalette::PlaceholderText, Qt::gray);
+  colours.setColor(QPalette::Highlight, selectionColour);
+  colours.setColor(QPalette::HighlightedText, Qt::white);
+  colours.setColor(QPalette::Inactive, QPalette::Highlight,
+                   selectionOutlivesFocus ? restingSelectionColour : QColor(Qt::white));
+  colours.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
+  setPalette(colours);
+}
+
+void TextArea::focusInEvent(QFocusEvent* event) {
+  SetColours(true);
+  QPlainTextEdit::focusInEvent(event);
+}
+
+// The selection hides when another control takes the focus. It stays, in grey, while a menu is open or another window
+// is in front: the focus comes back, and a command of the menu is about this selection.
+void TextArea::focusOutEvent(QFocusEvent* event) {
+  const Qt::FocusReason reason = event->reason();
+  SetColours(reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+             reason == Qt::ActiveWindowFocusReason);
+  QPlainTextEdit::focusOutEvent(event);
+}
+
+// What is copied or dragged is the text as typed, no-break spaces included.
+QMimeData* TextArea::createMimeDataFromSelection() const {
+  auto* copied = new QMimeData;
+  copied->setText(WithLineFeeds(textCursor().selectedText()));
+  return copied;
+}
+
+// Shift and Return would put in U+2028, which looks like the end of a line and is none for the calculation.
+void TextArea::keyPressEvent(QKeyEvent* event) {
+  if (event == QKeySequence::InsertLineSeparator && !isReadOnly()) {
+    QKeyEvent plainReturn(event->type(), Qt::Key_Return, Qt::NoModifier, event->text());
+    QPlainTextEdit::keyPressEvent(&plainReturn);
+    return;
+  }
+  QPlainTextEdit::keyPressEvent(event);
+}
+
+// Qt would change the text size of a read-only area when the wheel is turned with Ctrl; the size is the program's.
+void TextArea::wheelEvent(QWheelEvent* event) {
+  if (event->modifiers() & Qt::ControlModifier)
+    QAbstractScrollArea::wheelEvent(event);
+  else
+    QPlainTextEdit::wheelEvent(event);
+}
+
+// Runs before the changed text is laid out.
+void TextArea::WrapAnywhereIfLong(int position, int added) {
+  if (wordWrapMode() == QTextOption::WrapAnywhere) return;
+  for (QTextBlock block = document()->findBlock(position); block.isValid() && block.position() <= position + added;
+       block = block.next()) {
+    if (!IsLong(block)) continue;
+    setWordWrapMode(QTextOption::WrapAnywhere);
+    return;
+  }
+}
+
+void TextArea::WrapAtWordsIfShort() {
+  if (wordWrapMode() != QTextOption::WrapAnywhere) return;
+  for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+    if (IsLong(block)) return;
+  setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
+}  // namespace sumlet

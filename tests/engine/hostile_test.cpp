@@ -1,0 +1,187 @@
+// Texts that are meant to exhaust the stack, the memory or the patience. Each must end, and where reasoning tells the
+// outcome, with that outcome. The sizes are far above what a step that copies the whole line, or a call for each level,
+// could bear.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "engine/long_number.h"
+#include "engine/math_class.h"
+#include "framework/text/numbers.h"
+
+namespace sumlet {
+namespace {
+
+constexpr auto parenthesis = "Error: Unmatched Parenthesis";
+constexpr auto unknown = "Error: Variable Unknown";
+constexpr auto twoOperands = "Error: Operator Requires Two Arguments";
+
+String Times(std::size_t count, std::string_view piece) {
+  String text;
+  text.reserve(count * piece.size());
+  while (count-- > 0) text += piece;
+  return text;
+}
+
+struct Hostile {
+  const char* name;
+  String text;
+  String result;
+  String details = {};  // of an error
+};
+
+void Check(std::initializer_list<Hostile> rows) {
+  for (const Hostile& row : rows) {
+    MathClass math(row.text);
+    EXPECT_TRUE(math.Evaluate() == row.result) << row.name << " gave " << math.Result.substr(0, 100);
+    if (!math.ResultIsError()) continue;
+    EXPECT_TRUE(math.ResultDetails == row.details) << row.name << " has details " << math.ResultDetails.substr(0, 100);
+  }
+}
+
+TEST(Hostile, DeepNesting) {
+  const std::size_t n = 100'000;
+  Check({
+      {"parentheses", Times(n, "(") + "1" + Times(n, ")"), "1"},
+      {"opening left", Times(n, "(") + "1" + Times(n, "+1)"), "100001"},
+      {"opening right", Times(n, "(1+") + "1" + Times(n, ")"), "100001"},
+      {"opening right for ever", Times(n, "(1+"), parenthesis},
+      {"wrong order", Times(n, ")") + Times(n, "("), parenthesis, ")"},
+      {"wrong order behind a value", "(1)" + Times(n, ")1") + Times(n, "2("), parenthesis, "2"},
+      {"empty pairs", Times(n, "()"), ""},
+      {"empty pairs inside each other", Times(n, "(") + Times(n, ")"), ""},
+      {"factors", Times(n, "1(") + "1" + Times(n, ")"), "1"},
+      {"factors in a row", Times(n, "(1)"), "1"},
+      {"signs", Times(n, "-(") + "1" + Times(n, ")"), "1"},
+      {"with bars", Times(n, "(|") + "-1" + Times(n, "|)"), "1"},
+      {"calls", Times(n, "sin(") + "0" + Times(n, ")"), "0"},
+      {"calls of two arguments", Times(n, "max(") + "1" + Times(n, ",2)"), "2"},
+      {"calls of nothing", Times(n, "f(") + "1" + Times(n, ")"), unknown, "f"},
+      {"commas", Times(n, "(1,") + Times(n, ")"), "1"},
+  });
+}
+
+TEST(Hostile, LongLines) {
+  const std::size_t n = 100'000;
+  const String manySigns = Times(n, "-");
+  const String manySpacedSigns = Times(n, "- ");
+  Check({
+      {"sums", "1" + Times(n, "+1"), "100001"},
+      {"differences", "1" + Times(n, "-1"), "-99999"},
+      {"powers", "1" + Times(n, "^1"), "1"},
+      {"products and sums", Times(n, "1*1+") + "1", "100001"},
+      {"sums and powers", Times(n, "1+1^") + "1", "100001"},
+      {"negative factors", "1" + Times(n, "*-1"), "1"},
+      {"numbers side by side", "1" + Times(n, " 1"), "1"},
+      {"operators only", Times(n, "+"), twoOperands, "+"},
+      {"operators behind a number", "5" + Times(n, "*"), twoOperands, "*"},
+      {"signs of a number", manySigns + "5", "5"},
+      {"spaced signs of a number", manySpacedSigns + "5", "5"},
+      {"signs of an operand", "5-" + manySigns + "3", "2"},
+      {"spaced signs of an operand", "5-" + manySpacedSigns + "3", "2"},
+      {"signs only", manySigns, ""},
+      {"signs for ever", "3" + manySigns, twoOperands, "-"},
+      {"spaced signs for ever", "3" + manySpacedSigns, twoOperands, "-"},
+      {"signs behind a word for ever", Times(n, "x") + manySigns, twoOperands, "-"},
+      {"bars", Times(n, "||"), ""},
+      {"bars around numbers", Times(n, "|1|"), "1"},
+      {"one bar too many", Times(n, "||") + "|", "Error: Unmatched Absolute Bar "},
+      {"unknown words", Times(n, "foo "), unknown, "foo"},
+      {"unknown functions", Times(n, "foo(1)"), unknown, "foo"},
+      {"variables", "x=1\n0" + Times(n, "+x"), "100000"},
+      {"a fraction of many words", "dec(0 " + Times(n, "0 ") + "/2)", "Error: Incomplete Fraction"},
+  });
+}
+
+TEST(Hostile, AMegabyteOfOneCharacter) {
+  const std::size_t n = 1'000'000;
+  const String zeros(n, '0');
+  const String letters(n, 'a');
+  Check({
+      {"digits alone", zeros, zeros},
+      {"digits", zeros + "1+1", "2"},
+      {"digits behind a point", "1." + zeros + "1+1", "2"},
+      {"digits beyond every number", String(n, '9') + "+1", unknown, "inf"},
+      {"blanks", "1" + String(n, ' ') + "+" + String(n, ' ') + "1", "2"},
+      {"blanks between numbers", "2" + String(n, ' ') + "3", "6"},
+      {"blanks only", String(n, ' '), ""},
+      {"tabs", "1" + String(n, '\t') + "+1", twoOperands, "+"},
+      {"commas", "1" + String(n, ',') + "2+1", "13"},
+      {"commas in a call", "max(1,2" + String(n, ',') + ")", "2"},
+      {"points", String(n, '.') + "+1", "1"},
+      {"letters", letters, unknown, letters},
+      {"a variable's name", letters + "=2\n" + letters + "+1", "3"},
+      {"NUL bytes", String(n, '\0'), unknown, String(n, '\0')},
+      {"bytes that are no text", String(n, '\xFF'), unknown, String(n, '\xFF')},
+      {"line endings", String(n, '\r') + "7", "7"},
+      {"equals signs", String(n, '='), "Error: Multiple Assignment Operators"},
+  });
+}
+
+// The substituted texts would hold gigabytes if anyone wrote them out.
+TEST(Hostile, ValuesThatGrow) {
+  const String zeros(500'000, '0');
+  String lines = "a=1\n";
+  for (int i = 0; i < 4000; ++i) lines += i % 2 == 0 ? "b=a+1\n" : "a=b+1\n";
+  String names = "zz=0\n";
+  for (int i = 0; i < 4000; ++i) {
+    const String name{static_cast<char>('a' + i % 20), static_cast<char>('a' + i / 20 % 20),
+                      static_cast<char>('a' + i / 400), 'z'};
+    names.append(name).append("=zz+1\nzz=").append(name).append("\n");
+  }
+  Check({
+      {"a long value many times", "x=" + zeros + "\n" + Times(20'000, "x "), "0"},
+      {"a long value in many sums", "x=" + zeros + "\n" + Times(20'000, "x+") + "1", "1"},
+      {"a long value on many lines", "x=" + zeros + "\n" + Times(200, "y=x\n") + "y", zeros},
+      {"an assignment on every line", lines, "4001"},
+      {"a name on every line", names, "4000"},
+  });
+}
+
+// A long value may be put in shortened, but never so that a digit of any outcome changes: it must read as the same
+// number whatever stands around it.
+TEST(Hostile, ShortenedNumbersReadTheSame) {
+  std::mt19937 random(1);
+  const auto digits = [&random](std::string_view choices, std::size_t count) {
+    String text;
+    while (count-- > 0) text += choices[random() % choices.size()];
+    return text;
+  };
+  const String around[] = {"", "7", "0", ".", "1.", ",", "0.0", String(320, '0'), "-"};
+  for (int i = 0; i < 150; ++i) {
+    String number = i % 5 == 0 ? "-" : "";
+    for (std::uint32_t runs = 1 + random() % 5; runs > 0; --runs) {
+      number += digits(i % 3 == 0 ? "0123456789" : "0", random() % 3000);
+      number += digits("0,.5", random() % 3);
+      if (random() % 4 == 0) number += digits("0.,9", 20);
+    }
+    const String abridged = AbridgedNumber(number);
+    ASSERT_LE(abridged.size(), std::min<std::size_t>(number.size(), 9000));
+    for (const String& front : around) {
+      for (const String& behind : around) {
+        const String whole = Join({front, number, behind}, "");
+        const String shortened = Join({front, abridged, behind}, "");
+        ASSERT_EQ(CDbl(shortened), CDbl(whole)) << whole;
+        ASSERT_EQ(Val(shortened), Val(whole)) << whole;
+      }
+    }
+    for (const Int32 field : {1, 2}) {
+      ASSERT_EQ(CDbl(NthField(abridged, ",", field)), CDbl(NthField(number, ",", field))) << number;
+    }
+  }
+}
+
+TEST(Hostile, RandomBytes) {
+  std::mt19937 random(1);
+  for (const std::size_t size : {100'000U, 1'000'000U}) {
+    String bytes(size, ' ');
+    for (char& c : bytes) c = static_cast<char>(random() % 256);
+    MathClass math(bytes);
+    EXPECT_EQ(math.Evaluate(), math.Result);
+    EXPECT_TRUE(math.ResultIsError());
+  }
+}
+
+}  // namespace
+}  // namespace sumlet

@@ -1,0 +1,328 @@
+#include "engine/plain_rewriting.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "engine/plain_numbers.h"
+#include "framework/text/numbers.h"
+
+namespace sumlet {
+namespace {
+
+const String digitsAndSigns = "0123456789,. -";
+const String numberCharacters = "0123456789 ,.";
+const String delimiters = " ,.0123456789)(^*/\\+-%|";
+const String functionUnknown = "Error: Function Unknown";
+const String twoArgumentsRequired = "Error: Operator Requires Two Arguments";
+
+struct OutOfBudget {};
+
+bool IsError(const String& text) { return Has(text, "Error"); }
+bool IsNumberCharacter(const String& c) { return Has(numberCharacters, c); }
+
+void LookupNextOp(const String& text, Int32& position, String& op) {
+  Int32 best = Len(text) + 1;
+  const auto search = [&](const String& sign, Int32 from, Int32 lowest) {
+    const Int32 place = InStr(from, text, sign);
+    if (place < lowest || place >= best) return;
+    best = place;
+    op = sign;
+  };
+  search("^", position, 1);
+  if (op.empty()) {
+    for (const char* sign : {"*", "/", "\\", "%"}) search(sign, position, 1);
+  }
+  if (op.empty()) {
+    search("+", position, 1);
+    search("-", std::max(2, position), 2);
+  }
+  if (!op.empty()) position = best;
+}
+
+class PlainRewriting {
+ public:
+  explicit PlainRewriting(std::size_t budget) : budget_(budget) {}
+
+  PlainOutcome Evaluate(std::string_view equationText) {
+    const Array<String> lines = Split(ReplaceLineEndings(equationText, EndOfLine), EndOfLine);
+    AddVariable("pi", "3.14159265358979323846264338327950");
+    AddVariable("π", "3.14159265358979323846264338327950");
+    AddVariable("RND", "[random]");
+    AddVariable("mod", "%");
+    String running;
+    for (Int32 i = 0; i <= lines.Ubound(); ++i) {
+      outcome_.lastLine = i;
+      const String line = Trim(lines[i]);
+      if (Left(line, 1) == "'" || Left(line, 1) == "#" || Left(line, 2) == "//" || line.empty()) continue;
+      reduceLevel_ = 0;
+      running = Reduce(line);
+      if (IsError(running)) break;
+    }
+    outcome_.result = running;
+    return outcome_;
+  }
+
+ private:
+  struct Step {
+    bool isEnd;  // else the text is to be reduced next
+    String text;
+  };
+  static Step End(const String& text) { return {true, text}; }
+  static Step GoOn(const String& text) { return {false, text}; }
+  Step Fail(const String& error, const String& details) {
+    outcome_.details = details;
+    return End(error);
+  }
+
+  String Reduce(const String& expression) {
+    Step step = GoOn(expression);
+    while (!step.isEnd) step = ReduceOnce(step.text);
+    return step.text;
+  }
+
+  Step ReduceOnce(String text) {
+    Spend(text);
+    if (text.empty() || IsError(text)) return End(text);
+    if (CountFields(text, "(") != CountFields(text, ")")) return End("Error: Unmatched Parenthesis");
+    if (CountFields(text, "|") % 2 == 0) return End("Error: Unmatched Absolute Bar ");
+    if (++reduceLevel_ == 1) {
+      if (Has(text, "=")) return AssignmentStep(text);
+      text = SubstituteVariables(text);
+      if (IsError(text)) return End(text);
+    }
+    text = Trim(ReplaceWhileThere(text, "  ", " "));
+    text = ReplaceWhileThere(text, "- -", "--");
+    while (InStr(text, "--") == 1) text = Mid(text, 3);
+    if (Left(text, 2) == "- ") text = "-" + Mid(text, 3);
+    if (Has(text, "(")) return ParenthesesStep(text);
+    if (Has(text, "|")) return BarsStep(text);
+    Int32 position = 0;
+    String op;
+    LookupNextOp(text, position, op);
+    return op.empty() ? NoOperatorStep(text) : OperatorStep(text, position, op);
+  }
+
+  Step AssignmentStep(const String& text) {
+    const Int32 p = InStr(text, "=");
+    if (CountFields(text, "=") >= 3) return End("Error: Multiple Assignment Operators");
+    const String name = Trim(Left(text, p - 1));
+    if (Has(name, " ")) return Fail("Error: Variable Name Contains Space", name);
+    const String value = Reduce(SubstituteVariables(Mid(text, p + 1)));
+    if (!IsError(value) && !name.empty()) {
+      if (DoFunction("", "", name) != functionUnknown) return Fail("Error: Variable Name is a Function", name);
+      AddVariable(name, value);
+    }
+    return End(value);
+  }
+
+  Step ParenthesesStep(const String& text) {
+    Int32 open = InStr(text, "(");
+    Int32 close = InStr(open, text, ")");
+    for (Int32 next = InStr(open + 1, text, "("); next > 0 && next < close; next = InStr(open + 1, text, "(")) {
+      open = next;
+      close = InStr(open, text, ")");
+    }
+    String inner = Mid(text, open + 1, close - open - 1);
+    const bool hasComma = Has(inner, ",");
+    const String a = Reduce(hasComma ? NthField(inner, ",", 1) : inner);
+    const String b = hasComma ? Reduce(NthField(inner, ",", 2)) : "";
+    if (IsError(a)) return End(a);
+    if (IsError(b)) return End(b);
+    String candidate;
+    bool found = false;
+    for (Int32 i = 5; i >= 1 && !found; --i) {
+      candidate = Mid(text, open - i, i);
+      if (SameText(candidate, "dec")) return End(FractionToDecimal(inner));
+      const String r = DoFunction(a, b, candidate);
+      if (r == functionUnknown) continue;
+      found = true;
+      open -= i;
+      inner = r;
+    }
+    const String before = Trim(Left(text, open - 1));
+    const String after = Trim(Mid(text, close + 1));
+    if (!found) inner = Reduce(inner);
+    if (IsError(inner)) return End(inner);
+    if (SameText(candidate, "frac")) {
+      if (before.empty() && after.empty()) return End(inner);
+      return End("Error: Function \"Fraction()\" can not be combined with other statements.");
+    }
+    return GoOn(before + " " + inner + " " + after);
+  }
+
+  Step BarsStep(const String& text) {
+    const Int32 p = InStr(text, "|");
+    const Int32 q = InStr(p + 1, text, "|");
+    String inner = Reduce(Mid(text, p + 1, q - p - 1));
+    if (IsError(inner)) return Fail(inner, "");
+    if (Left(inner, 1) == "-") inner = Mid(inner, 2);
+    return GoOn(Left(text, p - 1) + " " + inner + " " + Mid(text, q + 1));
+  }
+
+  Step NoOperatorStep(const String& untrimmed) {
+    const Int32 n = Len(untrimmed);
+    const String text = Trim(untrimmed);
+    String bad;
+    for (Int32 i = 1; i <= n; ++i) {
+      const String c = Mid(text, i, 1);
+      if (!Has(digitsAndSigns, c)) {
+        bad += c;
+      } else if (!bad.empty()) {
+        break;
+      }
+    }
+    if (!bad.empty()) return Fail("Error: Variable Unknown", bad);
+    if (!Has(text, " ")) return End(text);
+    return GoOn(ReplaceAll(ReplaceWhileThere(text, "  ", " "), " ", "*"));
+  }
+
+  Step OperatorStep(const String& text, Int32 pos, const String& op) {
+    const Int32 n = Len(text);
+    Int32 start = 0;
+    Int32 end = 0;
+    String left;
+    String right;
+    bool seen = false;
+    for (Int32 i = pos - 1; i >= 1; --i) {
+      const String c = Mid(text, i, 1);
+      if (!IsNumberCharacter(c)) {
+        start = i + 1;
+        if (seen && c == "-") {
+          Int32 k = i - 1;
+          while (k >= 1 && Mid(text, k, 1) == " ") --k;
+          if (k < 1 || !IsNumberCharacter(Mid(text, k, 1))) start = i;
+        }
+        left = Mid(text, start, pos - start);
+        break;
+      }
+      if (i == 1) {
+        start = 1;
+        left = Left(text, pos - 1);
+      }
+      if (c != " ") seen = true;
+    }
+    seen = false;
+    for (Int32 i = pos + 1; i <= n && end == 0; ++i) {
+      const String c = Mid(text, i, 1);
+      if ((!seen && c == "-") || c == " ") continue;
+      if (!IsNumberCharacter(c)) {
+        end = i - 1;
+      } else if (i == n) {
+        end = n;
+      }
+      if (end > 0) right = Mid(text, pos + 1, end - pos);
+      seen = true;
+    }
+    if (pos == 1 || pos == n) return Fail(twoArgumentsRequired, op);
+    // No right operand ends, so the whole text would come back behind the value, minus signs and all, for ever.
+    if (end == 0 && op == "-") return Fail(twoArgumentsRequired, op);
+    const String value = DoOperation(left, right, op);
+    if (IsError(value)) return End(value);
+    return GoOn(Trim(Left(text, start - 1) + " " + value + " " + Mid(text, end + 1)));
+  }
+
+  String DoOperation(const String& leftOperand, const String& rightOperand, const String& op) {
+    const String left = CleanupNumber(leftOperand);
+    const String right = CleanupNumber(rightOperand);
+    const double a = CDbl(left);
+    const double b = CDbl(right);
+    if (right.empty() && op == "-") return SignedText(-a);
+    if (left.empty() || right.empty()) return Fail(twoArgumentsRequired, op).text;
+    if (op == "^") return SignedText(Pow(a, b));
+    if (op == "*") return SignedText(a * b);
+    if (op == "/") return SignedText(a / b);
+    if (op == "\\") return SignedText(Quotient(a, b));
+    if (op == "+") return SignedText(a + b);
+    if (op == "-") return SignedText(a - b);
+    return SignedText(Remainder(a, b));
+  }
+
+  String DoFunction(const String& argument1, const String& argument2, const String& name) {
+    // clang-format off
+    static const std::pair<const char*, double (*)(double, double)> ofTwo[] = {
+        {"atan2", ATan2}, {"max", Max}, {"mod", Remainder}, {"min", Min}, {"pow", Pow}};
+    static const std::pair<const char*, double (*)(double)> ofOne[] = {
+        {"abs", Abs}, {"acos", ACos}, {"asin", ASin}, {"atan", ATan}, {"ceil", Ceil}, {"cos", Cos},
+        {"deg", [](double x) { return x * 57.29577951308232; }},
+        {"rad", [](double x) { return x * 0.017453292519943295; }},
+        {"exp", Exp}, {"floor", Floor}, {"log", Log}, {"round", Round},
+        {"sign", [](double x) { return static_cast<double>(Sign(x)); }}, {"sin", Sin}, {"sqrt", Sqrt}, {"tan", Tan}};
+    // clang-format on
+    const double a = CDbl(argument1);
+    for (const auto& [known, function] : ofTwo) {
+      if (!SameText(name, known)) continue;
+      if (!argument1.empty() && !argument2.empty()) return UnsignedText(function(a, CDbl(argument2)));
+      return Fail("Error: Format as FunctionName( argument, argument)", name).text;
+    }
+    if (SameText(name, "frac")) return DecimalToFraction(a);
+    for (const auto& [known, function] : ofOne) {
+      if (!SameText(name, known)) continue;
+      if (!argument1.empty()) return UnsignedText(function(a));
+      return Fail("Error: Format as FunctionName(arguments)", name).text;
+    }
+    return Fail(functionUnknown, name).text;
+  }
+
+  void AddVariable(const String& name, const String& value) {
+    if (IndexOf(outcome_.varKey, name) < 0) {
+      outcome_.varKey.Append(name);
+      outcome_.varValue.Append("");
+    }
+    outcome_.varValue[IndexOf(outcome_.varKey, name)] = value;
+  }
+
+  String SubstituteVariables(String text) {
+    // The variables whose value the walk stands in, each with the number of characters behind that value.
+    std::vector<std::pair<Int32, Int32>> inside;
+    for (;;) {
+      Spend(text);
+      const Int32 n = Len(text);
+      String name;
+      Int32 start = 0;
+      Int32 index = -1;
+      Int32 i = 0;
+      while (index < 0 && ++i <= n) {
+        const String c = Mid(text, i, 1);
+        const bool isDelimiter = Has(delimiters, c);
+        if (!isDelimiter) {
+          if (name.empty()) start = i;
+          name += c;
+          if (i < n) continue;
+        }
+        index = IndexOf(outcome_.varKey, name);
+        if (index < 0) name.clear();
+      }
+      if (index < 0) return Trim(text);
+      const Int32 behind = n - (start + Len(name) - 1);
+      while (!inside.empty() && inside.back().second > behind) inside.pop_back();
+      for (const auto& entry : inside) {
+        if (entry.first == index) return twoArgumentsRequired;
+      }
+      inside.emplace_back(index, behind);
+      const String value = SameText(name, "RND") ? Str(Rnd()) : outcome_.varValue[index];
+      text = Join({Left(text, start - 1), value, Right(text, behind)}, " ");
+    }
+  }
+
+  void Spend(const String& text) {
+    if (budget_ < text.size()) throw OutOfBudget();
+    budget_ -= text.size();
+  }
+
+  std::size_t budget_;
+  Int32 reduceLevel_ = 0;
+  PlainOutcome outcome_;
+};
+
+}  // namespace
+
+std::optional<PlainOutcome> EvaluatePlainly(std::string_view text, std::size_t budget) {
+  try {
+    return PlainRewriting(budget).Evaluate(text);
+  } catch (const OutOfBudget&) {
+    return std::nullopt;
+  }
+}
+
+}  // namespace sumlet

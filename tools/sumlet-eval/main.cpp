@@ -1,0 +1,143 @@
+// sumlet-eval: evaluates equations on the command line and prints what the window's result area would show.
+//
+// Most texts are small, so most of the running time is the start of the process: this file keeps to the C library's
+// streams, which cost nothing before they are used, and reads each text in as few calls as it can.
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "engine/math_class.h"
+#include "engine/result_text.h"
+
+namespace sumlet {
+namespace {
+
+// Ordered by weight: the heaviest outcome of all texts is the exit status.
+enum class Outcome { value = 0, error = 1, failure = 2 };
+
+struct CommandLine {
+  std::vector<const char*> names;   // the texts to evaluate; "-" is standard input
+  std::optional<Outcome> finished;  // set when an option has said all there is to say
+};
+
+constexpr char help[] =
+    "Usage: sumlet-eval [FILE...]\n"
+    "Evaluates each FILE as one equation and prints its result, the value of the last line or the first error.\n"
+    "Without a FILE, or where FILE is -, reads standard input. The results of several files are headed by their "
+    "names.\n"
+    "\n"
+    "      --help     print this help and end\n"
+    "      --version  print the version and end\n"
+    "      --         take everything behind it as the name of a file\n"
+    "\n"
+    "Exit status: 0 when every text gave a value, 1 when any gave an error,\n"
+    "2 when a file could not be read, the output could not be written, or an option is wrong.\n"
+    "\n"
+    "Example: printf 'x=2\\nx*21\\n' | sumlet-eval\n";
+
+// Far more than anyone types, and small enough that an endless file such as /dev/zero ends in a message.
+constexpr std::size_t largestText = std::size_t{256} << 20;
+
+void Complain(const char* subject, const char* reason) {
+  std::fprintf(stderr, "sumlet-eval: %s: %s\n", subject, reason);
+}
+
+// Writes to standard output at once, so that results and messages keep their order in a terminal.
+[[nodiscard]] Outcome Print(std::string_view text) {
+  if (std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0)
+    return Outcome::value;
+  Complain("standard output", std::strerror(errno));
+  return Outcome::failure;
+}
+
+// The whole content of `file` in `text`, or the reason why it cannot be had.
+[[nodiscard]] const char* ReadAll(std::FILE* file, String& text) {
+  std::size_t length = 0;
+  text.resize(std::size_t{64} << 10);
+  for (;;) {
+    length += std::fread(text.data() + length, 1, text.size() - length, file);
+    if (std::ferror(file) != 0) return std::strerror(errno);
+    if (length < text.size()) break;
+    if (length >= largestText) return "The text is longer than 256 MiB";
+    text.resize(std::min(text.size() * 4, largestText));
+  }
+  text.resize(length);
+  return nullptr;
+}
+
+// `name` "-" is standard input. Gives nothing when the text cannot be read, which has then been told.
+[[nodiscard]] std::optional<String> ReadText(const char* name) {
+  const bool isStandardInput = std::string_view(name) == "-";
+  std::FILE* file = isStandardInput ? stdin : std::fopen(name, "rb");
+  String text;
+  const char* problem = nullptr;
+  if (file == nullptr) {
+    problem = std::strerror(errno);
+  } else {
+    std::setvbuf(file, nullptr, _IONBF, 0);  // the bytes go straight into the text
+    problem = ReadAll(file, text);
+    if (!isStandardInput) std::fclose(file);
+  }
+  if (problem != nullptr) {
+    Complain(isStandardInput ? "standard input" : name, problem);
+    return std::nullopt;
+  }
+  // A byte order mark tells the encoding and is no part of the equation.
+  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+  if (text.starts_with(byteOrderMark)) text.erase(0, byteOrderMark.size());
+  return text;
+}
+
+[[nodiscard]] Outcome EvaluateText(const char* name, bool isHeaded) {
+  std::optional<String> text = ReadText(name);
+  if (!text) return Outcome::failure;
+  MathClass math(std::move(*text));
+  const String result = math.Evaluate();
+  String line;
+  if (isHeaded) line.append(name).append(": ");
+  line.append(ShownResult(math, result)).append("\n");
+  return std::max(Print(line), math.ResultIsError(result) ? Outcome::error : Outcome::value);
+}
+
+[[nodiscard]] Outcome RunOption(std::string_view option) {
+  if (option == "--help") return Print(help);
+  if (option == "--version") return Print("sumlet-eval " SUMLET_VERSION "\n");
+  std::fprintf(stderr, "sumlet-eval: unknown option %.*s\nTry sumlet-eval --help.\n", static_cast<int>(option.size()),
+               option.data());
+  return Outcome::failure;
+}
+
+[[nodiscard]] CommandLine ParseCommandLine(int count, char** arguments) {
+  CommandLine line;
+  bool areOptionsOver = false;
+  for (int i = 1; i < count; ++i) {
+    const std::string_view argument = arguments[i];
+    if (areOptionsOver || !argument.starts_with('-') || argument == "-") {
+      line.names.push_back(arguments[i]);
+    } else if (argument == "--") {
+      areOptionsOver = true;
+    } else {
+      line.finished = RunOption(argument);
+      return line;
+    }
+  }
+  if (line.names.empty()) line.names.push_back("-");
+  return line;
+}
+
+[[nodiscard]] int Run(int count, char** arguments) {
+  const CommandLine line = ParseCommandLine(count, arguments);
+  if (line.finished) return static_cast<int>(*line.finished);
+  Outcome worst = Outcome::value;
+  for (const char* name : line.names) worst = std::max(worst, EvaluateText(name, line.names.size() > 1));
+  return static_cast<int>(worst);
+}
+
+}  // namespace
+}  // namespace sumlet
+
+int main(int count, char** arguments) { return sumlet::Run(count, arguments); }
