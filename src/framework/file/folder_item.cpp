@@ -1,0 +1,60 @@
+#include "framework/file/folder_item.h"
+
+#include <cstdlib>
+#include <system_error>
+
+#include "framework/file/file_content.h"
+
+namespace sumlet {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Nothing for a variable that is missing, empty or no absolute path, which the XDG Base Directory rules say to ignore.
+std::optional<fs::path> FolderVariable(const char* name) {
+  const char* value = name == nullptr ? nullptr : std::getenv(name);
+  if (value == nullptr || !fs::path(value).is_absolute()) return {};
+  return fs::path(value);
+}
+
+std::optional<FolderItem> UserFolder(const char* variable, const char* belowHome) {
+  if (const std::optional<fs::path> folder = FolderVariable(variable)) return FolderItem(*folder);
+  if (const std::optional<fs::path> home = FolderVariable("HOME")) return FolderItem(*home / belowHome);
+  return {};
+}
+
+}  // namespace
+
+FolderItem FolderItem::Child(std::string_view name) const { return FolderItem(path_ / name); }
+
+bool FolderItem::Exists() const {
+  std::error_code error;
+  return fs::exists(path_, error);
+}
+
+bool FolderItem::Directory() const {
+  std::error_code error;
+  return fs::is_directory(path_, error);
+}
+
+void FolderItem::CreateAsFolder() const {
+  std::error_code error;
+  fs::create_directories(path_, error);
+}
+
+std::optional<String> FolderItem::ReadBinaryFile() const { return ReadContent(path_); }
+
+bool FolderItem::WriteBinaryFile(std::string_view content) const { return ReplaceContent(path_, content); }
+
+#if defined(_WIN32)
+std::optional<FolderItem> SpecialFolder::UserLibrary() { return UserFolder("APPDATA", "AppData/Roaming"); }
+std::optional<FolderItem> SpecialFolder::Preferences() { return UserFolder("APPDATA", "AppData/Roaming"); }
+#elif defined(__APPLE__)
+std::optional<FolderItem> SpecialFolder::UserLibrary() { return UserFolder(nullptr, "Library"); }
+std::optional<FolderItem> SpecialFolder::Preferences() { return UserFolder(nullptr, "Library/Preferences"); }
+#else
+std::optional<FolderItem> SpecialFolder::UserLibrary() { return UserFolder("XDG_DATA_HOME", ".local/share"); }
+std::optional<FolderItem> SpecialFolder::Preferences() { return UserFolder("XDG_CONFIG_HOME", ".config"); }
+#endif
+
+}  // namespace sumlet

@@ -1,0 +1,47 @@
+// FolderItem: the path of a file or folder, which need not exist. SpecialFolder: the user's folders.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <utility>
+
+#include "framework/text/text.h"
+
+namespace sumlet {
+
+class FolderItem {
+ public:
+  explicit FolderItem(std::filesystem::path path) : path_(std::move(path)) {}
+
+  [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+  [[nodiscard]] FolderItem Child(std::string_view name) const;
+
+  [[nodiscard]] bool Exists() const;
+  // Whether it exists and is a folder.
+  [[nodiscard]] bool Directory() const;
+
+  // Makes the folder, and the folders above it. Whether that worked is told by Directory.
+  void CreateAsFolder() const;
+
+  // The content of the file, or nothing when it cannot be read: it does not exist, is a folder, is not the user's.
+  [[nodiscard]] std::optional<String> ReadBinaryFile() const;
+  // Replaces the content, or makes the file, for its owner alone. In place, and all the same whole: a process that is
+  // killed leaves the old content or the new. False when the file cannot be opened or made, or the disk is full; the
+  // old content is then unchanged.
+  bool WriteBinaryFile(std::string_view content) const;
+
+ private:
+  std::filesystem::path path_;
+};
+
+namespace SpecialFolder {
+
+// The folder for a program's own data ($XDG_DATA_HOME or ~/.local/share; ~/Library on macOS; %APPDATA% on Windows) and
+// the one for its older preferences ($XDG_CONFIG_HOME or ~/.config; ~/Library/Preferences; %APPDATA%). Nothing where
+// the user has no home.
+[[nodiscard]] std::optional<FolderItem> UserLibrary();
+[[nodiscard]] std::optional<FolderItem> Preferences();
+
+}  // namespace SpecialFolder
+
+}  // namespace sumlet

@@ -1,0 +1,97 @@
+#include "persistence/preferences.h"
+
+#include <utility>
+#include <vector>
+
+namespace sumlet::Preferences {
+
+Int32 RunCount = 0;
+bool TemplatesOpen = true;
+Int32 TextSize = defaultTextSize;
+bool RememberEquations = true;
+bool ShownReviewDialog = false;
+
+namespace {
+
+std::vector<Section>& Sections() {
+  static std::vector<Section> sections;
+  return sections;
+}
+
+// The folder `name` in `parent`, made if it is not there and `create` is set.
+std::optional<FolderItem> FolderIn(const FolderItem& parent, std::string_view name, bool create) {
+  const FolderItem folder = parent.Child(name);
+  if (create && !folder.Directory()) folder.CreateAsFolder();
+  if (!folder.Directory()) return {};
+  return folder;
+}
+
+void LoadSettings(KeyList& list) {
+  RunCount = VariantToInt32(LoadItem(list, "RunCount", Int32ToVariant(0)));
+  TemplatesOpen = VariantToBoolean(LoadItem(list, "TemplatesOpen", BooleanToVariant(true)));
+  TextSize = VariantToInt32(LoadItem(list, "TextSize", Int32ToVariant(defaultTextSize)));
+  RememberEquations = VariantToBoolean(LoadItem(list, "RememberEquations", BooleanToVariant(true)));
+  ShownReviewDialog = VariantToBoolean(LoadItem(list, "ShownReviewDialog", BooleanToVariant(false)));
+}
+
+// A first start: every setting takes its default, and so does every section.
+void LoadDefaults() {
+  KeyList empty;
+  empty.BinaryFormat = true;
+  LoadSettings(empty);
+  for (const Section& section : Sections()) section.LoadNothing();
+}
+
+}  // namespace
+
+void RegisterSection(Section section) { Sections().push_back(std::move(section)); }
+
+std::optional<FolderItem> GetPrefFile(bool create) {
+  const std::optional<FolderItem> library = SpecialFolder::UserLibrary();
+  if (!library) return {};
+  const std::optional<FolderItem> support = FolderIn(*library, "Application Support", create);
+  if (!support) return {};
+  const std::optional<FolderItem> folder = FolderIn(*support, "com.fernhill.sumlet", create);
+  if (!folder) return {};
+  return folder->Child("preferences");
+}
+
+// A value that was cut off counts as missing, although its key can be read.
+Variant LoadItem(KeyList& list, std::string_view key, const Variant& fallback) {
+  bool found = false;
+  String value = list.GetItem(key, found);
+  return found ? StringToVariant(std::move(value)) : fallback;
+}
+
+// The order matters: the sections look at the settings.
+void Load() {
+  const std::optional<FolderItem> file = GetPrefFile(false);
+  const std::optional<String> content = file ? file->ReadBinaryFile() : std::nullopt;
+  if (!content) {
+    LoadDefaults();
+    return;
+  }
+  KeyList list;
+  list.BinaryFormat = true;
+  if (!content->empty()) list.AddData(*content);
+  LoadSettings(list);
+  for (const Section& section : Sections()) {
+    section.Load(VariantToString(LoadItem(list, section.key, StringToVariant({}))));
+  }
+}
+
+// The number of this run is not raised here, so all saves of one run write the same.
+void Save() {
+  KeyList list;
+  list.BinaryFormat = true;
+  list.OptimizeBinaryLengthData = true;
+  list.AddItem("RunCount", DoubleToVariant(RunCount + 1.0));  // a damaged file may have the largest Int32
+  list.AddItem("TemplatesOpen", BooleanToVariant(TemplatesOpen));
+  list.AddItem("TextSize", Int32ToVariant(TextSize));
+  list.AddItem("RememberEquations", BooleanToVariant(RememberEquations));
+  list.AddItem("ShownReviewDialog", BooleanToVariant(ShownReviewDialog));
+  for (const Section& section : Sections()) list.AddItem(section.key, StringToVariant(section.Store()));
+  if (const std::optional<FolderItem> file = GetPrefFile(true)) file->WriteBinaryFile(list.GetData());
+}
+
+}  // namespace sumlet::Preferences

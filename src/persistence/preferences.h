@@ -1,0 +1,49 @@
+// Preferences: the settings, and the one file in which everything lies that outlives a run: the settings themselves and
+// the sections, the templates and the window session, that other modules register.
+//
+// The file is read once at start and written whole on each save. docs/settings-format.md draws it.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string_view>
+
+#include "framework/file/folder_item.h"
+#include "framework/text/text.h"
+#include "framework/text/variant.h"
+#include "persistence/key_list.h"
+
+namespace sumlet::Preferences {
+
+inline constexpr Int32 defaultTextSize = 13;  // points
+
+extern Int32 RunCount;          // how many runs have saved; the value read at start, unchanged during a run
+extern bool TemplatesOpen;      // the template chooser is open
+extern Int32 TextSize;          // of new equation windows, in points; as stored, also where that is out of 1 to 1000
+extern bool RememberEquations;  // the open equations come back at the next start
+extern bool ShownReviewDialog;  // the review prompt has been shown
+
+// A part of the file that another module owns. Sections are written, and read, in the order of their registration.
+struct Section {
+  String key;
+  std::function<String()> Store;                    // the value to be written
+  std::function<void(std::string_view data)> Load;  // takes the value read; empty when the file has none
+  std::function<void()> LoadNothing;                // takes the place of Load when there is no settings file
+};
+void RegisterSection(Section section);
+
+// The path of the settings file, which need not exist. Nothing when its folders are not there and, with `create`,
+// cannot be made either.
+[[nodiscard]] std::optional<FolderItem> GetPrefFile(bool create);
+
+// Reads the file into the settings and the sections. What is missing takes its default; damage is told by MsgBox, in
+// words of KeyList.
+void Load();
+
+// Writes the file anew. Where that is not possible it does nothing and says nothing.
+void Save();
+
+// The text of `key`, or `fallback` when the list does not have it whole.
+[[nodiscard]] Variant LoadItem(KeyList& list, std::string_view key, const Variant& fallback);
+
+}  // namespace sumlet::Preferences

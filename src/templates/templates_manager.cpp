@@ -1,0 +1,94 @@
+#include "templates/templates_manager.h"
+
+#include <utility>
+
+#include "framework/message.h"
+#include "framework/text/bytes.h"
+#include "framework/text/numbers.h"
+#include "persistence/key_list.h"
+#include "persistence/preferences.h"
+#include "persistence/repeated_alerts.h"
+
+namespace sumlet::TemplatesManager {
+
+Array<String> Key;
+Array<String> EquationText;
+
+namespace {
+
+void Append(std::string_view name, String equation) {
+  EquationText.Append(std::move(equation));
+  Key.Append(String(name));
+}
+
+void Clear() {
+  EquationText.Redim(-1);
+  Key.Redim(-1);
+}
+
+// Only before the first save ever, so that deleting them lasts.
+void AddDefaults() {
+  if (Preferences::RunCount != 0) return;
+  Append("Variables Example", ReplaceLineEndings("# You can use multiple variables\nx=2\ny=x+2\ny+2", EndOfLine));
+  Append("Function Example",
+         ReplaceLineEndings("# See Help menu for more functions \n\ny=max(ceil(30.9),30)", EndOfLine));
+}
+
+}  // namespace
+
+void Add(std::string_view name, std::string_view equation) {
+  const Int32 index = IndexOf(Key, name);
+  if (index >= 0) {
+    MessageDialog question;
+    question.Message = "A template with this name already exists. Would you like to replace it?";
+    question.ActionButton = "Replace";
+    question.CancelButton = true;
+    question.AlternateActionButton = "Save as New";
+    const DialogButton answer = question.ShowModal();
+    if (answer == DialogButton::Action) EquationText[index] = equation;
+    if (answer != DialogButton::Alternate) return;
+  }
+  Append(name, String(equation));
+}
+
+void Remove(Int32 index) {
+  EquationText.Remove(index);
+  Key.Remove(index);
+}
+
+String Store() {
+  KeyList outer;
+  outer.BinaryFormat = true;
+  outer.OptimizeBinaryLengthData = true;
+  for (Int32 i = 0; i <= EquationText.Ubound(); ++i) {
+    KeyList record;
+    record.BinaryFormat = true;
+    record.OptimizeBinaryLengthData = true;
+    record.AddItem("equation", StringToVariant(EncodeURLComponent(EquationText[i])));
+    record.AddItem("name", StringToVariant(Key[i]));
+    outer.AddItem(Str(i), StringToVariant(record.GetData()));
+  }
+  return outer.GetData();
+}
+
+void Load(std::string_view data) {
+  Clear();
+  KeyList outer;
+  outer.AddData(data);
+  const RepeatedAlerts once;
+  for (Int32 i = 0; i < outer.ItemCount(); ++i) {
+    KeyList record;
+    record.AddData(outer.GetItem(Str(i)));
+    const String equation = record.GetItem("equation");
+    const String name = record.GetItem("name");
+    if (!equation.empty() && !name.empty()) Append(name, DecodeURLComponent(equation));
+  }
+  AddDefaults();
+}
+
+void LoadNothing() {
+  Clear();
+  AddDefaults();
+}
+
+}  // namespace sumlet::TemplatesManager

@@ -1,0 +1,31 @@
+// TemplatesManager: the named texts that a new equation can start from.
+#pragma once
+
+#include <string_view>
+
+#include "framework/text/array.h"
+#include "framework/text/text.h"
+
+namespace sumlet::TemplatesManager {
+
+// Element i of Key names the text in element i of EquationText. The order is that of adding. Names need not be unique.
+extern Array<String> Key;
+extern Array<String> EquationText;
+
+// Adds a template. When one of this name exists, in whatever case, asks whether to replace the text of the first such,
+// to cancel, or to add a second one.
+void Add(std::string_view name, std::string_view equation);
+
+// By 0-based index; a Fault when there is none.
+void Remove(Int32 index);
+
+// All templates as a KeyList byte string.
+[[nodiscard]] String Store();
+
+// Replaces all templates by those of `data`; a record without name or text is passed over. Damage is told by MsgBox in
+// words of KeyList. Before the first save ever, two examples are added.
+void Load(std::string_view data);
+// The same without any stored templates.
+void LoadNothing();
+
+}  // namespace sumlet::TemplatesManager

@@ -1,0 +1,222 @@
+// The record format: bytes that are known, every way to cut and to damage them, and the look-ups.
+#include "persistence/key_list.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "framework/text/numbers.h"
+#include "stored_bytes.h"
+
+namespace sumlet {
+namespace {
+
+using namespace std::string_view_literals;
+
+// Reads `pieces` one after the other as a binary list.
+KeyList Read(std::initializer_list<std::string_view> pieces) {
+  KeyList list;
+  list.BinaryFormat = true;
+  for (const std::string_view piece : pieces) list.AddData(piece);
+  return list;
+}
+
+TEST(KeyList, KnownBytes) {
+  EXPECT_EQ(Bytes({{"name", "a"}, {"size", "13"}}), PageBytes("The items `name` = `a`"));
+  EXPECT_EQ(Bytes({}), PageBytes("A list without items"));
+  const std::pair<std::size_t, std::string_view> widths[] = {
+      {0, "\x01\x01k\x01v\x04long\x00"sv},
+      {255, "\x01\x01k\x01v\x04long\xFF"sv},
+      {256, "\x02\x01k\x00\x01v\x04long\x01\x00"sv},
+      {65535, "\x02\x01k\x00\x01v\x04long\xFF\xFF"sv},
+      {65536, "\x04\x01k\x00\x00\x00\x01v\x04long\x00\x01\x00\x00"sv},
+  };
+  for (const auto& [longest, head] : widths) {
+    const Items items = {{"k", "v"}, {"long", String(longest, '\xFE')}};
+    EXPECT_EQ(Bytes(items), String(head) + items[1].second) << longest;
+    EXPECT_EQ(ItemsOf(Read({Bytes(items)})), items) << longest;
+  }
+  EXPECT_EQ(Bytes({{String(255, 'k'), ""}}), "\x01\xFF" + String(256, 'k').replace(255, 1, 1, '\0'));
+}
+
+TEST(KeyList, OutputByFlags) {
+  KeyList list;
+  list.BinaryFormat = true;
+  list.AddItem("k", Int32ToVariant(-5));
+  EXPECT_EQ(list.GetData(), "\x04\x01k\0\0\0\x02-5"sv);
+  EXPECT_EQ(list.GetData(), "\x01k\0\0\0\x02-5"sv);  // the format byte is written once ...
+  list.OptimizeBinaryLengthData = true;
+  for (int again = 0; again < 2; ++again) EXPECT_EQ(list.GetData(), "\x01\x01k\x02-5"sv);  // ... or each time
+  list.BinaryFormat = false;
+  list.AddItem("Key", BooleanToVariant(true));
+  EXPECT_EQ(list.GetData(), "<k>-5</k><key>True</key>");
+  EXPECT_EQ(list.StrLong(1e21), "1000000000000000000000");
+  EXPECT_EQ(Val(list.StrLong(1.0 / 3)), 1.0 / 3);
+}
+
+// A cut may fall anywhere, and a piece may be one byte or none: the items are those of the whole. A damaged list that
+// leaves one byte over drops an item which it would have taken before that byte arrived; otherwise it is the same.
+TEST(KeyList, PiecesGiveTheSameItemsAsTheWhole) {
+  const Items items = {{"name", "a"}, {"", ""}, {"size", "13"}, {"in", Bytes({{"k", String(40, 'v')}})}, {"end", ""}};
+  std::mt19937 random(3);
+  const AlertLog alerts;
+  for (int round = 0; round < 800; ++round) {
+    String bytes = Bytes(items, round % 2 == 0);
+    const int flips = round / 2 % 4;
+    for (int flip = 0; flip < flips; ++flip) bytes[1 + random() % (bytes.size() - 1)] ^= 1 << random() % 8;
+    const Items whole = ItemsOf(Read({bytes}));
+    EXPECT_TRUE(flips > 0 || whole == items);
+    const auto expectWhole = [&](Items pieces, std::size_t cut) {
+      if (flips > 0 && pieces.size() == whole.size() + 1) pieces.pop_back();
+      ASSERT_EQ(pieces, whole) << "round " << round << " cut at " << cut;
+    };
+    KeyList dripped = Read({});
+    for (const char& byte : bytes) dripped.AddData({&byte, 1});
+    expectWhole(ItemsOf(dripped), 0);
+    for (std::size_t cut = 1; cut <= bytes.size(); ++cut) {
+      const std::string_view view = bytes;
+      expectWhole(ItemsOf(Read({view.substr(0, cut), "", view.substr(cut)})), cut);
+    }
+  }
+  EXPECT_TRUE(alerts.Texts().empty());
+}
+
+TEST(KeyList, DamagedListsEnd) {
+  // clang-format off
+  const struct {
+    std::string_view bytes;
+    Items items;
+    std::vector<String> alerts;
+  } rows[] = {
+      {"", {}, UnknownFormats({"0"})}, {"\x03\x01k\x01v", {}, UnknownFormats({"3"})}, {"\xFF", {}, UnknownFormats({"255"})},
+      {"\x01", {}, {}}, {"\x01\x05", {}, {}}, {"\x01\x01k\x09v", {}, {}}, {"\x01\xFFk", {}, {}}, {"\x02\x01k\x01v\x01k", {}, {}},
+      {"\x01\x01k\x01v\x05", {}, {}},  // behind an item, one byte alone makes it wait
+      {"\x01\x01k\x01v\x01k", {{"k", "v"}}, {}},
+      {"\x04\x01k\xFF\xFF\xFF\xFA"sv, {}, {}},                         // back to itself
+      {"\x04\x01k\0\0\0\0\x01l\xFF\xFF\xFF\xF4"sv, {{"k", ""}}, {}},   // back to the one in front
+      {"\x04\x01k\0\0\0\0\x01l\x80\0\0\0"sv, {{"k", ""}}, {}},         // far in front of the list
+      {"\x04\x01k\0\0\0\0\x01l\xFF\xFF"sv, {{"k", ""}}, {}},           // cut in a length
+      {"\x04\0\0\0\0\0\x01k\xFF\xFF\xFF\xF6"sv, {{"", ""}, {"k", ""}, {"", "k"}}, {}},  // back to a place where none begins
+  };
+  // clang-format on
+  for (const auto& row : rows) {
+    const AlertLog alerts;
+    EXPECT_EQ(ItemsOf(Read({row.bytes})), row.items) << testing::PrintToString(row.bytes);
+    EXPECT_EQ(alerts.Texts(), row.alerts) << testing::PrintToString(row.bytes);
+  }
+}
+
+// Records that lead to and fro between two halves of the list, each with half the list as its value.
+TEST(KeyList, ValuesThatOverlapDoNotFillMemory) {
+  const Int32 hops = 2000;
+  String bytes = "\x04";
+  for (const Int32 length : {5 * (hops - 1), -5 * hops}) {
+    String record(1, '\0');
+    for (const int shift : {24, 16, 8, 0}) record += static_cast<char>(length >> shift);
+    for (Int32 i = 0; i < hops; ++i) bytes += record;
+  }
+  std::size_t taken = 0;
+  for (const auto& [key, value] : ItemsOf(Read({bytes}))) taken += value.size();
+  EXPECT_GT(taken, bytes.size());
+  EXPECT_LE(taken, bytes.size() * 16);
+}
+
+TEST(KeyList, FormIsDetected) {
+  const String x(40, 'x');
+  // clang-format off
+  const std::pair<String, bool> isText[] = {
+      {"<a>1</a>", true}, {x.substr(12) + "<a></a>", true}, {x.substr(11) + "<a></a>", false},
+      {"<" + x.substr(9) + "></" + x.substr(10) + ">", true}, {"<" + x.substr(8) + "></x>", false},
+      {"<k>" + x + "</" + x.substr(10) + ">", true}, {"<k>" + x + "</" + x.substr(9) + ">", false},
+      {"<k></k", false}, {">a<", false}, {"\x01\x01k\x01v", false}, {"\x01\x01k\x05<x>ab", true},
+      // an opening tag alone, which ends with byte 32 or 33
+      {"<k>", true}, {"<" + x.substr(10) + ">", true}, {"<" + x.substr(9) + ">", false},
+  };
+  // clang-format on
+  for (const auto& [bytes, expected] : isText) {
+    const AlertLog alerts;
+    KeyList list;
+    list.AddData(bytes);
+    EXPECT_EQ(list.BinaryFormat, !expected) << bytes;
+    EXPECT_TRUE(!expected || list.ItemCount() == 0) << bytes;
+  }
+}
+
+TEST(KeyList, TextFormAnswersFromTheBuffer) {
+  KeyList list;
+  list.RemoveItemsAsFound = true;
+  list.AddData("<name>a<b>c</name><size>1");
+  Variant value = "old";
+  EXPECT_FALSE(list.GetItem("Name", value) || list.HasItem("Name"));
+  for (int again = 0; again < 2; ++again) EXPECT_EQ(list.GetItem("name"), "a<b>c");
+  EXPECT_TRUE(list.HasItem("size"));
+  EXPECT_FALSE(list.GetItem("size", value));
+  EXPECT_EQ(VariantToString(value), "");
+  list.AddData("3</size>");
+  EXPECT_EQ(list.GetItem("size"), "13");
+  list.ReduceBuffer();
+  EXPECT_FALSE(list.HasItem("size"));
+}
+
+TEST(KeyList, WaitingItems) {
+  KeyList list = Read({"\x01\x04Name\x01v\x04Size\x02"sv});
+  Variant value;
+  EXPECT_TRUE(list.HasItem("size"));
+  EXPECT_FALSE(list.GetItem("size", value));
+  list.ReduceBuffer();
+  EXPECT_TRUE(list.HasItem("SIZE"));
+  list.AddData("13");
+  EXPECT_EQ(ItemsOf(list), (Items{{"Name", "v"}, {"Size", "13"}}));
+  const AlertLog alerts;
+  EXPECT_FALSE(list.HasItem("") || Read({"\x09"}).HasItem(""));
+}
+
+// A list that forgets what it has taken goes on for ever.
+TEST(KeyList, LongStream) {
+  const String record = Bytes({{"k", "value"}}, false).substr(1);
+  const String piece = record.substr(3) + record.substr(0, 3);
+  KeyList list = Read({"\x04" + record.substr(0, 3)});
+  for (Int32 i = 1; i < 100; ++i) {
+    list.AddData(i % 2 == 0 ? piece : piece + piece);
+    list.ReduceBuffer();
+    ASSERT_EQ(list.ItemCount(), i + (i + 1) / 2);
+  }
+}
+
+// Long lists keep an index of their keys; they have to answer like a plain search from front to back.
+TEST(KeyList, LookUpsInShortAndLongLists) {
+  for (const Int32 count : {4, 16, 17, 100}) {
+    std::mt19937 random(static_cast<unsigned>(count));
+    Items plain;
+    KeyList list;
+    list.BinaryFormat = list.RemoveItemsAsFound = true;
+    for (Int32 step = 0; step < 40 * count; ++step) {
+      const String key = (random() % 2 == 0 ? "é" : "É") + Str(static_cast<Int32>(random() % count));
+      const auto isSame = [&key](const auto& item) { return SameText(item.first, key); };
+      const auto action = random() % 16;
+      if (action < 8 && list.ItemCount() < count) {
+        plain.emplace_back(key, Str(step));
+        list.AddItem(key, plain.back().second);
+      } else if (action < 14) {
+        const auto item = std::find_if(plain.begin(), plain.end(), isSame);
+        const bool isThere = item != plain.end();
+        ASSERT_EQ(list.HasItem(key), isThere);
+        ASSERT_EQ(list.GetItem(key), isThere ? item->second : "");
+        if (isThere) plain.erase(item);
+      } else if (action == 14) {
+        list.RemoveItem(key);
+        std::erase_if(plain, isSame);
+      } else {
+        ASSERT_EQ(ItemsOf(list), plain);
+      }
+      ASSERT_EQ(list.ItemCount(), static_cast<Int32>(plain.size()));
+    }
+    list.RemoveAllItems();
+    EXPECT_EQ(list.BinUbound(), -1);
+    EXPECT_THROW((void)list.GetItem(0), Fault);
+  }
+}
+
+}  // namespace
+}  // namespace sumlet
