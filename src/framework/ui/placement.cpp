@@ -19,4 +19,17 @@ QPoint StaggeredCorner(const QSize& size, const QRect& screen, std::optional<QPo
           Next(from.y(), size.height(), screen.y(), screen.y() + screen.height())};
 }
 
+QPoint CentredCorner(const QSize& size, const QRect& screen) {
+  return SheetCorner(size, screen, screen) + QPoint(0, std::max((screen.height() - size.height()) / 2, 0));
+}
+
+QPoint SheetCorner(const QSize& size, const QRect& parent, const QRect& screen) {
+  const int left = parent.x() + (parent.width() - size.width()) / 2;
+  const auto inside = [](int wanted, int length, int begin, int screenLength) {
+    return std::max(std::min(wanted, begin + screenLength - length), begin);
+  };
+  return {inside(left, size.width(), screen.x(), screen.width()),
+          inside(parent.y(), size.height(), screen.y(), screen.height())};
+}
+
 }  // namespace sumlet

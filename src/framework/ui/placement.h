@@ -10,6 +10,7 @@ namespace sumlet {
 
 enum class Placement {
   Default = 0,   // where the desktop puts it
+  Centred = 3,   // in the middle of the screen
   Staggered = 4  // offset from the staggered window before it
 };
 
@@ -21,5 +22,11 @@ inline constexpr int StaggerStep = 24;
 // `screen` and goes on from `previous`; where the window would leave the screen, that direction begins anew. Without a
 // previous corner on this screen it is the first. A window larger than the screen stands at its corner.
 [[nodiscard]] QPoint StaggeredCorner(const QSize& size, const QRect& screen, std::optional<QPoint> previous);
+
+// The top left corner of a centred window of `size`, and of a sheet that hangs below the title bar of a window whose
+// content takes `parent`, in pixels. Where it would leave the screen it is moved inside; what is larger than the screen
+// stands at its corner.
+[[nodiscard]] QPoint CentredCorner(const QSize& size, const QRect& screen);
+[[nodiscard]] QPoint SheetCorner(const QSize& size, const QRect& parent, const QRect& screen);
 
 }  // namespace sumlet

@@ -5,11 +5,14 @@
 // line is in it.
 #include "framework/ui/text_area.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QTextBlock>
+#include <QTextLayout>
 #include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
 #include "framework/ui/qt_text.h"
 
@@ -20,6 +23,8 @@ constexpr QColor borderColour(0xA8, 0xA8, 0xA8);
 constexpr QColor selectionColour(0x2A, 0x6F, 0xC9);
 constexpr QColor restingSelectionColour(0xD4, 0xD4, 0xD4);
 constexpr int longLine = 4096;  // characters
+constexpr int sideMargin = 4;   // pixels between the text and the area's edges
+constexpr int topMargin = 3;
 
 bool IsLong(const QTextBlock& block) { return block.length() > longLine; }
 
@@ -34,10 +39,15 @@ QString WithLineFeeds(QString raw) { return raw.replace(QChar::ParagraphSeparato
 
 }  // namespace
 
-TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent) {
+TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent), lineColors_(new LineColors(document())) {
   setFrameStyle(QFrame::Box | QFrame::Plain);
   setLineWidth(1);
   SetColours(false);
+  setBackgroundRole(QPalette::Base);        // of the margins; the text's own background is that anyway
+  setForegroundRole(QPalette::WindowText);  // of the border
+  setAutoFillBackground(true);
+  document()->setDocumentMargin(0);
+  SetMargins();
   setTabChangesFocus(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   connect(document(), &QTextDocument::contentsChange, this,
@@ -60,7 +70,30 @@ void TextArea::SetText(std::string_view text) {
 void TextArea::SetTextSize(Int32 points) {
   QFont textFont = font();
   textFont.setPointSize(std::clamp(points, 1, 1000));
+  if (textFont == font()) return;
   setFont(textFont);
+  SetMargins();
+}
+
+// The margin at the top gives way first, so that an area as high as a line and its borders still shows that line whole.
+// The document's own margin could not: it is the same on all sides and belongs to what is scrolled.
+void TextArea::SetMargins() {
+  const int spare = height() - 2 * frameWidth() - fontMetrics().height();
+  const int top = std::clamp(spare / 2, 0, topMargin);
+  if (std::exchange(topMargin_, top) != top) setViewportMargins(sideMargin, top, sideMargin, 0);
+}
+
+Int32 TextArea::LineNumAtCharPos(Int32 position) const {
+  const auto units = ToQString(Left(Text(), position)).size();  // of UTF-16, as Qt counts
+  Int32 lines = 0;
+  for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+    document()->documentLayout()->blockBoundingRect(block);  // lays the block out if it has not been yet
+    const QTextLayout& layout = *block.layout();
+    const int within = static_cast<int>(units) - block.position();
+    if (within < block.length()) return lines + layout.lineForTextPosition(within).lineNumber() + 1;
+    lines += layout.lineCount();
+  }
+  return lines;
 }
 
 void TextArea::SetReadOnly(bool readOnly) {
@@ -116,6 +149,11 @@ void TextArea::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QPlainTextEdit::keyPressEvent(event);
+}
+
+void TextArea::resizeEvent(QResizeEvent* event) {
+  QPlainTextEdit::resizeEvent(event);
+  SetMargins();
 }
 
 // Qt would change the text size of a read-only area when the wheel is turned with Ctrl; the size is the program's.

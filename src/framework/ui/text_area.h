@@ -7,8 +7,10 @@
 #include <QPlainTextEdit>
 #include <functional>
 #include <string_view>
+#include <vector>
 
 #include "framework/text/text.h"
+#include "framework/ui/line_colors.h"
 
 namespace sumlet {
 
@@ -30,6 +32,14 @@ class TextArea : public QPlainTextEdit {
   // Whether a vertical scroll bar shows when the text is higher than the area. There is never a horizontal one.
   void SetScrollbarVertical(bool shown);
 
+  // The display line, counted from 1, that holds the caret when it stands behind the first `position` characters. Lines
+  // that are wrapped count as many as they show.
+  [[nodiscard]] Int32 LineNumAtCharPos(Int32 position) const;
+
+  // Colours line i in colours[i]; an invalid colour, or none, is black. No change of the text, and what is typed into a
+  // coloured line takes its colour.
+  void SetLineColors(const std::vector<QColor>& colours) { lineColors_->Apply(colours); }
+
   // Runs after each change of the text, those by SetText included; not for a change of its looks.
   std::function<void(TextArea& sender)> TextChange;
 
@@ -38,12 +48,17 @@ class TextArea : public QPlainTextEdit {
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
  private:
+  void SetMargins();
   void SetColours(bool selectionOutlivesFocus);
   void WrapAnywhereIfLong(int position, int added);
   void WrapAtWordsIfShort();
+
+  LineColors* lineColors_;
+  int topMargin_ = -1;
 };
 
 }  // namespace sumlet

@@ -5,10 +5,13 @@
 #include <QCloseEvent>
 #include <QCursor>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -20,21 +23,47 @@ Array<Window*>& OpenWindows() {
   return windows;
 }
 
-void Forget(const Window* window) {
+std::function<void()>& ListChanged() {
+  static std::function<void()> changed;
+  return changed;
+}
+
+std::function<void(Window&)>& MenuAttacher() {
+  static std::function<void(Window&)> attach;
+  return attach;
+}
+
+void TakeOut(const Window* window) {
   Array<Window*>& windows = OpenWindows();
   for (Int32 i = windows.Ubound(); i >= 0; --i)
     if (windows[i] == window) windows.Remove(i);
 }
 
+void Forget(const Window* window) {
+  const Int32 before = WindowCount();
+  TakeOut(window);
+  if (WindowCount() != before && ListChanged()) ListChanged()();
+}
+
 void MoveToFront(Window* window) {
-  Forget(window);
+  const Int32 before = WindowCount();
+  TakeOut(window);
   OpenWindows().Insert(0, window);
+  if (WindowCount() != before && ListChanged()) ListChanged()();
+}
+
+// The screen on which the user works.
+const QScreen* CurrentScreen() {
+  const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
+  return screen ? screen : QGuiApplication::primaryScreen();
 }
 
 }  // namespace
 
 Int32 WindowCount() { return OpenWindows().Ubound() + 1; }
 Window& WindowAt(Int32 index) { return *OpenWindows()[index]; }
+void SetWindowListChanged(std::function<void()> changed) { ListChanged() = std::move(changed); }
+void SetMenuAttacher(std::function<void(Window& window)> attach) { MenuAttacher() = std::move(attach); }
 
 Window::Window() : layout_(new QVBoxLayout(this)), content_(new QWidget) {
   setAttribute(Qt::WA_DeleteOnClose);
@@ -47,14 +76,16 @@ Window::Window() : layout_(new QVBoxLayout(this)), content_(new QWidget) {
 
 Window::~Window() { Forget(this); }
 
-void Window::Create() {
+void Window::Create(bool visible) {
   Layout();
+  if (MenuAttacher()) MenuAttacher()(*this);
   if (placement_ == Placement::Staggered) Stagger();
+  if (placement_ == Placement::Centred) Centre();
   CreateControls();
   AddMenuHandlers();
   Event_Open();
   created_ = true;
-  show();
+  if (visible && frame_ != Frame::Sheet) show();
 }
 
 void Window::Show() {
@@ -65,9 +96,51 @@ void Window::Show() {
   activateWindow();
 }
 
+// The sheet becomes a child of its parent, so that the desktop keeps it above, and it goes when the parent goes.
+void Window::ShowWithin(Window& parent) {
+  setParent(&parent, Qt::Sheet | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+  setWindowModality(Qt::WindowModal);
+  const QRect parentContent(parent.content_->mapToGlobal(QPoint(0, 0)), parent.content_->size());
+  move(SheetCorner(size(), parentContent, parent.screen()->availableGeometry()));
+  Show();
+}
+
+Window* Window::Sheet() const {
+  for (QObject* child : children())
+    if (auto* sheet = dynamic_cast<Window*>(child); sheet && sheet->isVisible()) return sheet;
+  return nullptr;
+}
+
+void Window::SetDefaultButton(QPushButton& button) {
+  button.setDefault(true);
+  defaultButton_ = &button;
+}
+
 bool Window::Close(bool appQuitting) {
   const QScopedValueRollback quitting(appQuitting_, appQuitting);
   return close();
+}
+
+void Window::ToggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }
+
+QRect Window::WindowedBounds() const {
+  if (!isFullScreen()) return {Left(), Top(), Width(), Height()};
+  const QRect bounds = normalGeometry();
+  return {bounds.topLeft() - frameOffset_, QSize(bounds.width(), bounds.height() - MenuBarHeight(bounds.width()))};
+}
+
+void Window::SetMenuBar(QMenuBar* bar) {
+  const QSize content(Width(), Height());
+#if !defined(Q_OS_MACOS)
+  bar->setNativeMenuBar(false);  // in the window, whatever the desktop offers
+#endif
+  layout_->setMenuBar(bar);
+  ResizeContent(content.width(), content.height());
+}
+
+bool Window::HandleCommand(const std::string& name) {
+  const auto handler = handlers_.find(name);
+  return handler != handlers_.end() && handler->second();
 }
 
 void Window::SetSizeLimits(const QSize& smallest, const QSize& largest) {
@@ -83,6 +156,12 @@ void Window::AddControl(QWidget& control, const QRect& bounds, Locks locks) {
 Int32 Window::MenuBarHeight(Int32 width) const {
   const QWidget* bar = layout_->menuBar();
   return bar && !bar->isHidden() ? bar->heightForWidth(width) : 0;
+}
+
+// Desktops count positions in 16 bits; numbers far beyond them come from damaged files only.
+void Window::MoveTo(Int32 left, Int32 top) {
+  constexpr Int32 farthest = 32767;
+  move(std::clamp(left, -farthest, farthest), std::clamp(top, -farthest, farthest));
 }
 
 void Window::ResizeContent(Int32 width, Int32 height) {
@@ -102,8 +181,7 @@ void Window::FollowSize() {
 
 void Window::Stagger() {
   static std::optional<QPoint> previous;
-  const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
-  if (!screen) screen = QGuiApplication::primaryScreen();
+  const QScreen* screen = CurrentScreen();
   if (!screen) return;
   // The frame is not known before the window shows: a title bar is as high as the step.
   const QSize frame(width(), height() + StaggerStep);
@@ -111,8 +189,21 @@ void Window::Stagger() {
   move(*previous);
 }
 
+void Window::Centre() {
+  const QScreen* screen = CurrentScreen();
+  if (screen) move(CentredCorner({width(), height() + StaggerStep}, screen->availableGeometry()));
+}
+
 bool Window::event(QEvent* event) {
-  if (event->type() == QEvent::WindowActivate) MoveToFront(this);
+  if (event->type() == QEvent::WindowActivate) {
+    MoveToFront(this);
+    if (Window* sheet = Sheet())
+      sheet->Show();  // the window itself cannot be worked on
+    else
+      Event_Activate();
+  } else if (event->type() == QEvent::Enter) {
+    Event_MouseEnter();
+  }
   return QWidget::event(event);
 }
 
@@ -122,6 +213,7 @@ void Window::changeEvent(QEvent* event) {
   const Qt::WindowStates before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
   const auto gained = [&](Qt::WindowState state) { return !(before & state) && (windowState() & state); };
   const auto lost = [&](Qt::WindowState state) { return (before & state) && !(windowState() & state); };
+  if (gained(Qt::WindowFullScreen)) Event_FullScreen();
   if (gained(Qt::WindowMinimized))
     Event_Minimize();
   else if (lost(Qt::WindowMinimized) || lost(Qt::WindowMaximized))
@@ -137,10 +229,23 @@ void Window::closeEvent(QCloseEvent* event) {
   }
   Forget(this);
   event->accept();
+  if (Window* sheet = Sheet()) sheet->Close(appQuitting_);
+}
+
+// Comes here when the control that has the focus has no use for the key.
+void Window::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+                        (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  QPushButton* button = isReturn ? defaultButton_ : event->matches(QKeySequence::Cancel) ? cancelButton_ : nullptr;
+  if (!button)
+    QWidget::keyPressEvent(event);
+  else if (!event->isAutoRepeat())
+    button->click();
 }
 
 void Window::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
+  if (!isFullScreen()) frameOffset_ = geometry().topLeft() - pos();
   if (created_) Event_Moved();
 }
 

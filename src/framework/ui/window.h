@@ -7,15 +7,27 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
+#include <map>
+#include <string>
 #include <vector>
 
 #include "framework/text/text.h"
 #include "framework/ui/control_locks.h"
 #include "framework/ui/placement.h"
 
+class QMenuBar;
+class QPushButton;
 class QVBoxLayout;
 
 namespace sumlet {
+
+class MenuBar;
+
+enum class Frame {
+  Document = 0,  // a window of its own
+  Sheet = 8      // belongs to another window, which cannot be worked on while the sheet stands
+};
 
 class Window : public QWidget {
  public:
@@ -25,8 +37,8 @@ class Window : public QWidget {
   // themselves, setting has no effect.
   [[nodiscard]] Int32 Left() const { return x(); }
   [[nodiscard]] Int32 Top() const { return y(); }
-  void SetLeft(Int32 left) { move(left, y()); }
-  void SetTop(Int32 top) { move(x(), top); }
+  void SetLeft(Int32 left) { MoveTo(left, y()); }
+  void SetTop(Int32 top) { MoveTo(x(), top); }
 
   // The size of the content in pixels: without the frame, and below the menu bar where there is one. A size outside the
   // window's limits takes the nearest allowed one.
@@ -38,41 +50,83 @@ class Window : public QWidget {
   // Brings the window onto the screen, minimised or hidden before, in front of all others, and gives it the keyboard.
   void Show();
 
+  // Shows a sheet at the top of `parent` and returns at once; the sheet's own events tell the outcome. It closes when
+  // `parent` closes.
+  void ShowWithin(Window& parent);
+
+  // Whether the window draws the menu bar; its shortcuts work either way.
+  [[nodiscard]] bool MenuBarVisible() const { return menuBarVisible_ && frame_ != Frame::Sheet; }
+  // Puts the bar on top of the content, which keeps its size. The window takes it over.
+  void SetMenuBar(QMenuBar* bar);
+  // Whether the window can be minimised.
+  [[nodiscard]] bool MinimizeButton() const { return minimizeButton_; }
+
+  // The window's part of the enabling pass of the menus.
+  void EnableMenuItems(MenuBar& menuBar) { Event_EnableMenuItems(menuBar); }
+  // Runs the handler bound to a menu item's name; false when the window has none or it did not handle the command.
+  bool HandleCommand(const std::string& name);
+
+  // Full screen, by the window manager. The bounds are those of the frame's corner and the content's size, as they were
+  // before, or are while the window is not in full screen.
+  [[nodiscard]] bool IsFullScreen() const { return isFullScreen(); }
+  void ToggleFullScreen();
+  [[nodiscard]] QRect WindowedBounds() const;
+
   // Raises Event_CancelClose and closes the window unless that refuses. True when it was closed.
   bool Close(bool appQuitting = false);
 
  protected:
   Window();
 
-  // Layout, CreateControls, AddMenuHandlers and Event_Open, in this order; then the window shows.
-  void Create();
+  // Layout, CreateControls, AddMenuHandlers and Event_Open, in this order; then the window shows. A sheet waits for
+  // ShowWithin, and a window that is not `visible` for Show: placed before it first shows, it lands where it is put,
+  // frame and all, while the frame of a window that is just coming up is not known.
+  void Create(bool visible = true);
 
   // The limits of the content's size in pixels, smallest and largest.
   void SetSizeLimits(const QSize& smallest, const QSize& largest);
   void SetPlacement(Placement placement) { placement_ = placement; }
+  void SetFrame(Frame frame) { frame_ = frame; }
+
+  void SetMenuBarVisible(bool visible) { menuBarVisible_ = visible; }
+  void SetMinimizeButton(bool present) { minimizeButton_ = present; }
+  void BindMenuHandler(const std::string& name, std::function<bool()> handler) { handlers_[name] = std::move(handler); }
 
   // Places a new control. The parent of every control is Content(); the order of creation is the order of Tab.
   [[nodiscard]] QWidget* Content() const { return content_; }
   void AddControl(QWidget& control, const QRect& bounds, Locks locks);
+
+  // The buttons that Return and Escape press, whatever control has the focus. A button that itself has the focus takes
+  // Return. They live as long as the window.
+  void SetDefaultButton(QPushButton& button);
+  void SetCancelButton(QPushButton& button) { cancelButton_ = &button; }
 
   virtual void Layout() {}
   virtual void CreateControls() {}
   virtual void AddMenuHandlers() {}
 
   virtual void Event_Open() {}
+  virtual void Event_EnableMenuItems(MenuBar& /*menuBar*/) {}
   // Raised before the window closes, by whomever. True refuses.
   virtual bool Event_CancelClose(bool /*appQuitting*/) { return false; }
   // The content has a new size, and the controls have followed it.
   virtual void Event_Resized() {}
   virtual void Event_Moved() {}
+  // The window has got the keyboard.
+  virtual void Event_Activate() {}
+  // The pointer has come into the window.
+  virtual void Event_MouseEnter() {}
   virtual void Event_Minimize() {}
   // No longer minimised, or no longer maximised.
   virtual void Event_Restore() {}
   virtual void Event_Maximize() {}
+  // The window is going to full screen, by whomever.
+  virtual void Event_FullScreen() {}
 
   bool event(QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
@@ -83,15 +137,26 @@ class Window : public QWidget {
   };
 
   [[nodiscard]] Int32 MenuBarHeight(Int32 width) const;
+  void MoveTo(Int32 left, Int32 top);
   void ResizeContent(Int32 width, Int32 height);
   void FollowSize();
+  // The sheet that stands on this window; nullptr for none.
+  [[nodiscard]] Window* Sheet() const;
   void Stagger();
+  void Centre();
 
   QVBoxLayout* layout_;  // the menu bar, if any, goes on top of it by QLayout::setMenuBar
   QWidget* content_;
-  QSize contentSize_;  // the size that the controls are laid out for
+  QPoint frameOffset_;  // from the frame's corner to the window's own, while not in full screen
+  QSize contentSize_;   // the size that the controls are laid out for
   std::vector<LockedControl> lockedControls_;
+  QPushButton* defaultButton_ = nullptr;
+  QPushButton* cancelButton_ = nullptr;
+  std::map<std::string, std::function<bool()>> handlers_;
+  bool menuBarVisible_ = true;
+  bool minimizeButton_ = true;
   Placement placement_ = Placement::Default;
+  Frame frame_ = Frame::Document;
   bool created_ = false;
   bool appQuitting_ = false;
 };
@@ -101,5 +166,9 @@ class Window : public QWidget {
 [[nodiscard]] Int32 WindowCount();
 // An index out of range is a Fault.
 [[nodiscard]] Window& WindowAt(Int32 index);
+// `attach` runs for each new window, once its properties are set, and gives it the menus.
+void SetMenuAttacher(std::function<void(Window& window)> attach);
+// `changed` runs when a window has come into the list or gone from it; there it may be half built or half destroyed.
+void SetWindowListChanged(std::function<void()> changed);
 
 }  // namespace sumlet

@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
+#include "framework/ui/application.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  QApplication::setQuitOnLastWindowClosed(false);
+  const sumlet::Application application;
   return RUN_ALL_TESTS();
 }

@@ -1,0 +1,116 @@
+#include "framework/ui/dialogs.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+
+#include "framework/message.h"
+#include "framework/ui/qt_text.h"
+#include "framework/ui/window.h"
+
+namespace sumlet {
+namespace {
+
+constexpr qsizetype mostCharacters = 1000;
+constexpr qsizetype mostLines = 20;
+constexpr qsizetype longestWord = 40;  // characters; about a line of the narrowest alert
+
+QString Cut(const QString& text) {
+  qsizetype lines = 1;
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    const bool full = text[i] == u'\n' && ++lines > mostLines;
+    if (!full && i < mostCharacters) continue;
+    const bool insidePair = i > 0 && text[i - 1].isHighSurrogate();
+    return text.left(insidePair ? i - 1 : i).trimmed() + u'…';
+  }
+  return text;
+}
+
+// A zero-width space is where a line may break without showing anything.
+QString WithBreaks(const QString& text) {
+  QString broken;
+  qsizetype word = 0;
+  for (const QChar c : text) {
+    word = c.isSpace() ? 0 : word + 1;
+    if (word > longestWord && !c.isLowSurrogate() && !c.isMark()) {
+      broken += QChar(0x200B);
+      word = 1;
+    }
+    broken += c;
+  }
+  return broken;
+}
+
+// The window that the user looks at; an alert in front of it cannot be overlooked.
+QWidget* AlertParent() {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  return WindowCount() > 0 && WindowAt(0).isVisible() ? &WindowAt(0) : nullptr;
+}
+
+// Its owner is the window in front of which it stands, which may go while it stands.
+QPointer<QMessageBox> NewAlert(QMessageBox::Icon icon, std::string_view text) {
+  QPointer<QMessageBox> alert = new QMessageBox(AlertParent());
+  alert->setIcon(icon);
+  alert->setWindowTitle(QStringLiteral("Sumlet"));
+  alert->setTextFormat(Qt::PlainText);
+  alert->setText(AlertText(text));
+  return alert;
+}
+
+// The toolkit's text format is that of the message alone, and it would take a file name for markup.
+void SetExplanation(QMessageBox& alert, std::string_view text) {
+  if (text.empty()) return;
+  alert.setInformativeText(QStringLiteral(" "));
+  if (auto* label = alert.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+    label->setTextFormat(Qt::PlainText);
+  alert.setInformativeText(AlertText(text));
+}
+
+void ShowMessage(std::string_view text) {
+  const QPointer<QMessageBox> alert = NewAlert(QMessageBox::Warning, text);
+  alert->setStandardButtons(QMessageBox::Ok);
+  alert->exec();
+  delete alert;
+}
+
+DialogButton ShowQuestion(const MessageDialog& dialog) {
+  const QPointer<QMessageBox> alert = NewAlert(QMessageBox::Question, dialog.Message);
+  SetExplanation(*alert, dialog.Explanation);
+  QPushButton* action = alert->addButton(ToQString(dialog.ActionButton), QMessageBox::AcceptRole);
+  alert->setDefaultButton(action);
+  if (dialog.CancelButton) alert->setEscapeButton(alert->addButton(QMessageBox::Cancel));
+  const QAbstractButton* alternate =
+      dialog.AlternateActionButton.empty()
+          ? nullptr
+          : alert->addButton(ToQString(dialog.AlternateActionButton), QMessageBox::ActionRole);
+  alert->exec();
+  const QAbstractButton* pressed = alert ? alert->clickedButton() : nullptr;
+  DialogButton answer = DialogButton::Cancel;
+  if (pressed && pressed == action) answer = DialogButton::Action;
+  if (pressed && pressed == alternate) answer = DialogButton::Alternate;
+  delete alert;
+  return answer;
+}
+
+}  // namespace
+
+QString AlertText(std::string_view text) {
+  QString shown = ToQString(text);
+  shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  for (QChar& c : shown)
+    if (c == u'\r' || c == QChar::ParagraphSeparator || c == QChar::LineSeparator)
+      c = u'\n';
+    else if (c.category() == QChar::Other_Control && c != u'\n')
+      c = u' ';
+  return WithBreaks(Cut(shown));
+}
+
+void InstallDialogs() {
+  SetMessageHandler(ShowMessage);
+  SetDialogHandler(ShowQuestion);
+}
+
+}  // namespace sumlet

@@ -1,0 +1,16 @@
+// The Edit commands on the text control that has the focus.
+#pragma once
+
+#include <QWidget>
+
+namespace sumlet {
+
+enum class EditCommand { Undo, Cut, Copy, Paste, Clear, SelectAll };
+
+// Whether `control` is a text control that could do the command now. nullptr and other controls can do none.
+[[nodiscard]] bool CanEdit(QWidget* control, EditCommand command);
+
+// Does the command; nothing where CanEdit is false.
+void Edit(QWidget* control, EditCommand command);
+
+}  // namespace sumlet

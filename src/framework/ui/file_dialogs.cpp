@@ -1,0 +1,60 @@
+#include "framework/ui/file_dialogs.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <utility>
+
+#include "framework/ui/qt_text.h"
+#include "framework/ui/window.h"
+
+namespace sumlet {
+namespace {
+
+FileDialogHandlers& Handlers() {
+  static FileDialogHandlers handlers;
+  return handlers;
+}
+
+// Both dialogs begin in the folder of the last choice, the user's home at first.
+QString& LastFolder() {
+  static QString folder = QDir::homePath();
+  return folder;
+}
+
+FolderItem ItemOf(const QString& path) {
+  LastFolder() = QFileInfo(path).absolutePath();
+  return FolderItem(QFileInfo(path).filesystemFilePath());
+}
+
+// A name may come from a template and hold what no file name can.
+QString AsFileName(std::string_view name) {
+  QString fileName = ToQString(name);
+  for (QChar& c : fileName) {
+    if (c == u'/' || c == u'\\' || c.category() == QChar::Other_Control) c = u'-';
+  }
+  return fileName;
+}
+
+}  // namespace
+
+std::vector<FolderItem> OpenDialog::ShowModal() const {
+  if (Handlers().open) return Handlers().open(*this);
+  const QString filter = ToQString(Filter) + QStringLiteral(";;All files (*)");
+  std::vector<FolderItem> files;
+  for (const QString& path : QFileDialog::getOpenFileNames(nullptr, ToQString(PromptText), LastFolder(), filter)) {
+    files.push_back(ItemOf(path));
+  }
+  return files;
+}
+
+std::optional<FolderItem> SaveAsDialog::ShowModalWithin(Window& parent) const {
+  if (Handlers().saveAs) return Handlers().saveAs(*this, parent);
+  const QString place = QDir(LastFolder()).filePath(AsFileName(SuggestedFileName));
+  const QString path = QFileDialog::getSaveFileName(&parent, QString(), place);
+  if (path.isEmpty()) return {};
+  return ItemOf(path);
+}
+
+void SetFileDialogs(FileDialogHandlers handlers) { Handlers() = std::move(handlers); }
+
+}  // namespace sumlet

@@ -1,0 +1,15 @@
+// The sizes of controls are given in pixels and the desktop's font is the user's choice: a text that is too large for
+// its control is drawn smaller, never cut.
+#pragma once
+
+#include <QFont>
+#include <QSize>
+#include <QString>
+
+namespace sumlet {
+
+// `font`, made smaller until one line of `text` fits into `space`, in pixels. It is not made smaller than 6 points,
+// below which nothing can be read. The empty text takes a line's height all the same.
+[[nodiscard]] QFont FittingFont(QFont font, const QString& text, const QSize& space);
+
+}  // namespace sumlet

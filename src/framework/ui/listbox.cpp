@@ -1,0 +1,184 @@
+// A tree view without branches rather than a table view: its keys are those of a list, Home and End included. The rows
+// lie in a model of plain text, because an item object for each cell would cost ten times the memory and time.
+#include "framework/ui/listbox.h"
+
+#include <QAbstractTableModel>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QPainter>
+#include <utility>
+
+#include "framework/ui/qt_text.h"
+
+namespace sumlet {
+namespace {
+
+constexpr QColor borderColour(0xA8, 0xA8, 0xA8);
+constexpr QColor selectionColour(0x2A, 0x6F, 0xC9);
+constexpr int textMargin = 4;  // pixels, left and right of a text
+
+// What is told of a cell to a screen reader and to the search by typing: enough to know it by.
+constexpr Int32 spokenLength = 1000;  // characters
+
+}  // namespace
+
+class Listbox::Rows final : public QAbstractTableModel {
+ public:
+  using QAbstractTableModel::QAbstractTableModel;
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : Count(); }
+  [[nodiscard]] int columnCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : ColumnCount; }
+
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+    if (role == Qt::DisplayRole) return ToQString(sumlet::Left(Cell(index.row(), index.column()), spokenLength));
+    if (role == Qt::SizeHintRole && rowHeight >= 0) return QSize(1, rowHeight);
+    return {};
+  }
+
+  [[nodiscard]] static std::size_t Checked(Int32 column) {
+    if (column < 0 || column >= ColumnCount) throw Fault("a column that does not exist");
+    return static_cast<std::size_t>(column);
+  }
+
+  [[nodiscard]] Int32 Count() const { return rows_.Ubound() + 1; }
+  [[nodiscard]] const String& Cell(Int32 row, Int32 column) const { return rows_[row][Checked(column)]; }
+
+  void SetCell(Int32 row, Int32 column, String text) {
+    rows_[row][Checked(column)] = std::move(text);
+    emit dataChanged(index(row, column), index(row, column));
+  }
+
+  void Add(Row row) {
+    beginInsertRows({}, Count(), Count());
+    rows_.Append(std::move(row));
+    endInsertRows();
+  }
+
+  void Clear() {
+    beginResetModel();
+    rows_.Redim(-1);
+    endResetModel();
+  }
+
+  Int32 rowHeight = -1;
+
+ private:
+  Array<Row> rows_;
+};
+
+Listbox::Listbox(QWidget* parent) : QTreeView(parent), rows_(new Rows(this)) {
+  setModel(rows_);
+  setFrameStyle(QFrame::Box | QFrame::Plain);
+  setLineWidth(1);
+  SetColours();
+  setRootIsDecorated(false);
+  setItemsExpandable(false);
+  setIndentation(0);
+  setUniformRowHeights(true);
+  setSelectionMode(QAbstractItemView::SingleSelection);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setTextElideMode(Qt::ElideRight);
+  setHeaderHidden(true);
+  header()->setMinimumSectionSize(1);
+  header()->setSectionResizeMode(0, QHeaderView::Fixed);
+  header()->setSectionResizeMode(1, QHeaderView::Stretch);
+}
+
+void Listbox::SetFirstColumnWidth(Int32 width) { header()->resizeSection(0, width); }
+
+void Listbox::SetDefaultRowHeight(Int32 height) {
+  rows_->rowHeight = height;
+  scheduleDelayedItemsLayout();
+}
+
+void Listbox::SetColumnAlignment(Int32 column, ColumnAlignment alignment) {
+  alignments_[Rows::Checked(column)] = alignment;
+  viewport()->update();
+}
+
+Int32 Listbox::ListCount() const { return rows_->Count(); }
+
+void Listbox::SetListIndex(Int32 row) {
+  if (row < -1 || row >= ListCount()) throw Fault("a row that does not exist");
+  if (row == -1) clearSelection();
+  setCurrentIndex(rows_->index(row, 0));
+}
+
+void Listbox::AddRow(String first, String second) { rows_->Add({std::move(first), std::move(second)}); }
+
+void Listbox::DeleteAllRows() {
+  rows_->Clear();
+  TakeListIndex(-1);  // a model that is emptied takes the selection with it and tells nobody
+}
+
+const String& Listbox::Cell(Int32 row, Int32 column) const { return rows_->Cell(row, column); }
+
+void Listbox::SetCell(Int32 row, Int32 column, String text) { rows_->SetCell(row, column, std::move(text)); }
+
+// Every colour that the list draws with. What the desktop says about the others, as of the scroll bar, holds.
+void Listbox::SetColours() {
+  QPalette colours;
+  colours.setColor(QPalette::Base, Qt::white);
+  colours.setColor(QPalette::Text, Qt::black);
+  colours.setColor(QPalette::WindowText, borderColour);
+  colours.setColor(QPalette::Highlight, selectionColour);
+  colours.setColor(QPalette::HighlightedText, Qt::white);
+  setPalette(colours);
+}
+
+void Listbox::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const Int32 row = index.row();
+  const bool selected = row == ListIndex();
+  for (Int32 column = 0; column < ColumnCount; ++column) {
+    const QRect cell(columnViewportPosition(column), option.rect.y(), columnWidth(column), option.rect.height());
+    if (cell.isEmpty()) continue;
+    painter->save();
+    painter->setClipRect(cell, Qt::IntersectClip);
+    painter->translate(cell.topLeft());
+    painter->setPen(palette().color(selected ? QPalette::HighlightedText : QPalette::Text));
+    CellGraphics g{*painter, cell.width(), cell.height()};
+    const bool backgroundDrawn = CellBackgroundPaint && CellBackgroundPaint(g, row, column);
+    if (!backgroundDrawn && selected) painter->fillRect(0, 0, g.Width, g.Height, palette().highlight());
+    if (!CellTextPaint || !CellTextPaint(g, row, column)) DrawText(g, row, column);
+    painter->restore();
+  }
+}
+
+// One line, cut with dots where it is too long. No character that is seen is narrower than a pixel, so of a long text
+// only the beginning is measured.
+void Listbox::DrawText(CellGraphics& g, Int32 row, Int32 column) const {
+  const String& text = Cell(row, column);
+  if (text.empty()) return;
+  const QString line = ToQString(sumlet::Left(text, g.Width + 1)).simplified();
+  const QRect space(textMargin, 0, std::max(g.Width - 2 * textMargin, 0), g.Height);
+  const QString shown = g.painter.fontMetrics().elidedText(line, textElideMode(), space.width());
+  const Qt::Alignment side =
+      alignments_[Rows::Checked(column)] == ColumnAlignment::Right ? Qt::AlignRight : Qt::AlignLeft;
+  g.painter.drawText(space, side | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+void Listbox::mouseDoubleClickEvent(QMouseEvent* event) {
+  QTreeView::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton && indexAt(event->pos()).isValid() && DoubleClick) DoubleClick(*this);
+}
+
+void Listbox::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTreeView::selectionChanged(selected, deselected);
+  const QModelIndexList indexes = selectionModel()->selectedRows();
+  TakeListIndex(indexes.isEmpty() ? -1 : indexes.first().row());
+}
+
+void Listbox::TakeListIndex(Int32 row) {
+  if (std::exchange(listIndex_, row) != row && Change) Change(*this);
+}
+
+// Qt lets a click with Ctrl take the selection away.
+QItemSelectionModel::SelectionFlags Listbox::selectionCommand(const QModelIndex& index, const QEvent* event) const {
+  const QItemSelectionModel::SelectionFlags command = QTreeView::selectionCommand(index, event);
+  const bool takesAway = !index.isValid() || command.testFlag(QItemSelectionModel::Deselect);
+  return event && RequiresSelection && takesAway ? QItemSelectionModel::NoUpdate : command;
+}
+
+}  // namespace sumlet

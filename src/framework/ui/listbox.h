@@ -1,0 +1,85 @@
+// Listbox: a list of rows with two columns, of which one row at most is selected.
+//
+// Black on white whatever the desktop's colours, in the desktop's font, with a border of one pixel inside its bounds,
+// without headings, lines and a sign of the focus. A vertical scroll bar shows when it is needed. The second column
+// takes what the first leaves.
+//
+// Rows and columns are 0-based; a row or column that does not exist is a Fault and changes nothing. Texts are UTF-8 and
+// come out byte for byte as they went in. Any number of rows and any length of texts is fine: what a cell does not show
+// is not looked at when it is drawn.
+#pragma once
+
+#include <QTreeView>
+#include <array>
+#include <functional>
+
+#include "framework/text/text.h"
+
+namespace sumlet {
+
+// What a cell is drawn with. The origin is the cell's top left corner; outside the cell nothing can be drawn. Sizes in
+// pixels.
+struct CellGraphics {
+  QPainter& painter;
+  Int32 Width;
+  Int32 Height;
+};
+
+enum class ColumnAlignment { Left = 1, Right = 3 };
+
+class Listbox : public QTreeView {
+ public:
+  static constexpr Int32 ColumnCount = 2;
+
+  explicit Listbox(QWidget* parent);
+
+  // The user can select another row but cannot take the selection away. The program can.
+  bool RequiresSelection = false;
+
+  // In pixels.
+  void SetFirstColumnWidth(Int32 width);
+  // At start every column is aligned left. A text that does not fit is cut at its end either way.
+  void SetColumnAlignment(Int32 column, ColumnAlignment alignment);
+  // In pixels; -1, as at start, is the height of a line of text. Holds for all rows.
+  void SetDefaultRowHeight(Int32 height);
+
+  [[nodiscard]] Int32 ListCount() const;
+  // The selected row, -1 for none. The row selected by the program is scrolled into sight.
+  [[nodiscard]] Int32 ListIndex() const { return listIndex_; }
+  void SetListIndex(Int32 row);
+
+  void AddRow(String first, String second);
+  void DeleteAllRows();
+  [[nodiscard]] const String& Cell(Int32 row, Int32 column) const;
+  void SetCell(Int32 row, Int32 column, String text);
+
+  // ListIndex has become another, by the user or by the program.
+  std::function<void(Listbox& sender)> Change;
+  // A row was clicked twice with the left button; it is selected.
+  std::function<void(Listbox& sender)> DoubleClick;
+  // Draw the background and the text of one cell. False leaves the drawing to the list, the text in the colour that the
+  // painter's pen has then. Where there is no handler the list draws, a selected row white on blue.
+  std::function<bool(CellGraphics& g, Int32 row, Int32 column)> CellBackgroundPaint;
+  std::function<bool(CellGraphics& g, Int32 row, Int32 column)> CellTextPaint;
+
+ protected:
+  void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+  [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                                     const QEvent* event) const override;
+
+ private:
+  using Row = std::array<String, ColumnCount>;
+  class Rows;
+
+  void SetColours();
+  void DrawText(CellGraphics& g, Int32 row, Int32 column) const;
+  void TakeListIndex(Int32 row);
+
+  Rows* rows_;
+  std::array<ColumnAlignment, ColumnCount> alignments_ = {ColumnAlignment::Left, ColumnAlignment::Left};
+  Int32 listIndex_ = -1;
+};
+
+}  // namespace sumlet

@@ -1,0 +1,84 @@
+// The toolkit lets menus and their actions be shared by many bars. A disabled action swallows its shortcut, so the
+// enabling pass cannot wait for a menu to show: it also runs when a key goes down, before shortcuts are looked up.
+#include "framework/ui/menu_bar.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenuBar>
+
+#include "framework/fault.h"
+
+namespace sumlet {
+namespace {
+
+template <typename Value>
+Value& Named(const std::map<std::string, Value*>& values, const std::string& name) {
+  const auto found = values.find(name);
+  if (found == values.end()) throw Fault("a menu item that is not there");
+  return *found->second;
+}
+
+}  // namespace
+
+MenuBar::MenuBar() { qApp->installEventFilter(this); }
+
+MenuBar::~MenuBar() = default;
+
+QMenu& MenuBar::AddMenu(const char* name, const char* text) {
+  QMenu& menu = *menus_.emplace_back(std::make_unique<QMenu>(QString::fromUtf8(text)));
+  menusByName_[name] = &menu;
+  QObject::connect(&menu, &QMenu::aboutToShow, this, [this] { Update(); });
+  return menu;
+}
+
+QAction& MenuBar::AddItem(QMenu& menu, const MenuItemDeclaration& declaration) {
+  const std::string name = declaration.name;
+  QAction* item = std::string_view(declaration.text) == "-" ? menu.addSeparator()
+                                                            : menu.addAction(QString::fromUtf8(declaration.text));
+  itemsByName_[name] = item;
+  item->setObjectName(QString::fromStdString(name));
+  item->setMenuRole(QAction::NoRole);
+  if (*declaration.shortcut != '\0') {
+    item->setShortcut(QKeySequence(QString::fromUtf8(declaration.shortcut)));
+    item->setShortcutContext(Qt::ApplicationShortcut);
+  }
+  if (!declaration.autoEnable) {
+    item->setEnabled(false);
+    enabledOnDemand_.push_back(item);
+  }
+  QObject::connect(item, &QAction::triggered, this, [this, name] { Choose(name); });
+  return *item;
+}
+
+QMenu& MenuBar::Menu(const std::string& name) const { return Named(menusByName_, name); }
+
+QAction& MenuBar::Item(const std::string& name) const { return Named(itemsByName_, name); }
+
+void MenuBar::AttachTo(Window& window) {
+  if (window.MenuBarVisible()) {
+    auto* bar = new QMenuBar;
+    for (const auto& menu : menus_) bar->addMenu(menu.get());
+    window.SetMenuBar(bar);
+    return;
+  }
+  for (const auto& menu : menus_) window.addActions(menu->actions());
+}
+
+void MenuBar::Update() {
+  for (QAction* item : enabledOnDemand_) item->setEnabled(false);
+  if (WindowCount() > 0) WindowAt(0).EnableMenuItems(*this);
+  if (EnableMenuItems) EnableMenuItems();
+}
+
+bool MenuBar::Choose(const std::string& name) {
+  if (WindowCount() > 0 && WindowAt(0).HandleCommand(name)) return true;
+  const auto handler = handlers_.find(name);
+  return handler != handlers_.end() && handler->second();
+}
+
+bool MenuBar::eventFilter(QObject* receiver, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && receiver->isWindowType()) Update();
+  return false;
+}
+
+}  // namespace sumlet

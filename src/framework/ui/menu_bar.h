@@ -1,0 +1,69 @@
+// MenuBar: the one tree of menus and commands of the program, drawn in as many windows as want it.
+//
+// An item has a name. When it is chosen, the handler bound to that name is asked: first that of the front window, then
+// the application's. An item without a handler in reach does nothing.
+//
+// Ahead of each showing of a menu and of each shortcut an enabling pass runs: items that are not enabled by themselves
+// are disabled, then the front window and the application enable what they can do. The Edit items follow the control
+// that has the focus.
+#pragma once
+
+#include <QAction>
+#include <QMenu>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "framework/ui/window.h"
+
+namespace sumlet {
+
+struct MenuItemDeclaration {
+  const char* name;
+  const char* text;           // "-" is a separator; "&" marks the mnemonic
+  const char* shortcut = "";  // as in "Ctrl+Shift+N"; Ctrl is Cmd on macOS
+  bool autoEnable = true;     // False: stays disabled unless the enabling pass enables it
+};
+
+class MenuBar final : public QObject {
+ public:
+  MenuBar();
+  ~MenuBar() override;
+
+  QMenu& AddMenu(const char* name, const char* text);
+  // Appends an item to a menu. Choosing it asks the handlers of its name.
+  QAction& AddItem(QMenu& menu, const MenuItemDeclaration& declaration);
+
+  // A menu or an item by its name; a Fault when there is none.
+  [[nodiscard]] QMenu& Menu(const std::string& name) const;
+  [[nodiscard]] QAction& Item(const std::string& name) const;
+  [[nodiscard]] bool HasItem(const std::string& name) const { return itemsByName_.contains(name); }
+  void Enable(const std::string& name) { Item(name).setEnabled(true); }
+
+  // The application's handlers and its part of the enabling pass.
+  void BindHandler(const std::string& name, std::function<bool()> handler) { handlers_[name] = std::move(handler); }
+  std::function<void()> EnableMenuItems;
+
+  // Gives a window the commands: drawn as a bar on top of its content, or as shortcuts only.
+  void AttachTo(Window& window);
+
+  // The enabling pass.
+  void Update();
+
+  // Asks the handlers of `name`. True when one of them has handled it.
+  bool Choose(const std::string& name);
+
+  // Runs before each shortcut is looked up; installed on the application.
+  bool eventFilter(QObject* receiver, QEvent* event) override;
+
+ private:
+  std::vector<std::unique_ptr<QMenu>> menus_;
+  std::map<std::string, QMenu*> menusByName_;
+  std::map<std::string, QAction*> itemsByName_;
+  std::vector<QAction*> enabledOnDemand_;
+  std::map<std::string, std::function<bool()>> handlers_;
+};
+
+}  // namespace sumlet

@@ -1,0 +1,22 @@
+// PushButton: a button whose caption is drawn smaller where it does not fit. It takes the focus by Tab, not by a click:
+// a click leaves the selection, or the caret, of the control being worked on where it is.
+#pragma once
+
+#include <QPushButton>
+
+#include "framework/text/text.h"
+
+namespace sumlet {
+
+class PushButton : public QPushButton {
+ public:
+  PushButton(const QString& caption, QWidget* parent);
+
+  // The size of the caption in points, where it fits. At start it is that of the desktop's font.
+  void SetTextSize(Int32 points);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace sumlet
