@@ -1,0 +1,82 @@
+#include "templates/win_save.h"
+
+#include <limits>
+
+#include "framework/message.h"
+#include "framework/ui/fitting_font.h"
+#include "framework/ui/qt_text.h"
+
+namespace sumlet {
+namespace {
+constexpr QSize fixedSize(361, 109);
+}
+
+winSave::winSave() { Create(); }
+
+void winSave::Layout() {
+  setWindowTitle(tr("Untitled"));
+  SetFrame(Frame::Sheet);
+  SetSizeLimits(fixedSize, fixedSize);
+  SetWidth(fixedSize.width());
+  SetHeight(fixedSize.height());
+}
+
+void winSave::CreateControls() {
+  lblPrompt_ = new QLabel(Content());
+  lblPrompt_->setTextFormat(Qt::PlainText);
+  AddControl(*lblPrompt_, {20, 10, 321, 20}, Lock::Left | Lock::Top);
+
+  textName_ = new QLineEdit(Content());
+  textName_->setMaxLength(std::numeric_limits<int>::max());
+  AddControl(*textName_, {20, 42, 321, 22}, Lock::Left | Lock::Top);
+  constexpr int frame = 2;  // of the field, above and below the text, in pixels
+  textName_->setFont(FittingFont(textName_->font(), {}, textName_->size() - QSize(0, 2 * frame)));
+
+  btnCancel_ = new PushButton(tr("Cancel"), Content());
+  connect(btnCancel_, &QPushButton::clicked, this, [this] { btnCancel_Action(); });
+  AddControl(*btnCancel_, {169, 76, 80, 20}, Lock::Right | Lock::Top);
+  SetCancelButton(*btnCancel_);
+
+  btnSave_ = new PushButton(tr("Save"), Content());
+  connect(btnSave_, &QPushButton::clicked, this, [this] { btnSave_Action(); });
+  AddControl(*btnSave_, {261, 76, 80, 20}, Lock::Right | Lock::Top);
+  SetDefaultButton(*btnSave_);
+
+  SetPrompt("Please provide a name:");
+  textName_->setFocus();
+}
+
+void winSave::SetPrompt(std::string_view prompt) {
+  const QString text = ToQString(prompt);
+  lblPrompt_->setText(text);
+  lblPrompt_->setFont(FittingFont(font(), text, lblPrompt_->size()));
+  textName_->setAccessibleName(text);
+}
+
+// The handler runs with the sheet still on the window, since it may ask a question of its own. When the program is
+// ended meanwhile, this sheet may be gone.
+void winSave::btnSave_Action() {
+  const String name = Trim(FromQString(textName_->text()));
+  textName_->setText(ToQString(name));
+  if (name.empty()) {
+    MsgBox("Text can not be empty.");
+    return;
+  }
+  const QPointer<winSave> alive = this;
+  saved_ = true;
+  if (ref) {
+    ref->Text = name;
+    ref->DoEventSaved();
+  }
+  if (alive) Close();
+}
+
+void winSave::btnCancel_Action() { Close(); }
+
+// Whatever closes the sheet without saving cancels.
+bool winSave::Event_CancelClose(bool /*appQuitting*/) {
+  if (!saved_ && ref) ref->DoEventCancel();
+  return false;
+}
+
+}  // namespace sumlet

@@ -1,0 +1,46 @@
+// winSave: the sheet on which a NameProviderDialog asks for a name.
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <string_view>
+
+#include "framework/ui/push_button.h"
+#include "framework/ui/window.h"
+#include "templates/name_provider_dialog.h"
+
+namespace sumlet {
+
+class winSave final : public Window {
+ public:
+  // Makes the sheet; Window::ShowWithin shows it. It owns itself.
+  winSave();
+
+  // Whom the outcome is told, not owned; nullptr for nobody.
+  NameProviderDialog* ref = nullptr;
+
+  // Sets what stands above the field, and what a screen reader calls the field.
+  void SetPrompt(std::string_view prompt);
+
+  [[nodiscard]] QLabel& lblPrompt() const { return *lblPrompt_; }
+  [[nodiscard]] QLineEdit& textName() const { return *textName_; }
+  [[nodiscard]] PushButton& btnCancel() const { return *btnCancel_; }
+  [[nodiscard]] PushButton& btnSave() const { return *btnSave_; }
+
+ protected:
+  void Layout() override;
+  void CreateControls() override;
+  bool Event_CancelClose(bool appQuitting) override;
+
+ private:
+  void btnSave_Action();
+  void btnCancel_Action();
+
+  QLabel* lblPrompt_ = nullptr;
+  QLineEdit* textName_ = nullptr;
+  PushButton* btnCancel_ = nullptr;
+  PushButton* btnSave_ = nullptr;
+  bool saved_ = false;
+};
+
+}  // namespace sumlet

@@ -1,0 +1,175 @@
+#include "templates/win_templates.h"
+
+#include <QGuiApplication>
+#include <algorithm>
+
+#include "framework/ui/qt_text.h"
+#include "persistence/preferences.h"
+#include "templates/templates_manager.h"
+
+namespace sumlet {
+namespace {
+constexpr Int32 smallTextSize = 11;  // points
+constexpr Int32 rowHeight = 60;      // pixels
+}  // namespace
+
+std::function<void(const winTemplates::Template* chosen)> winTemplates::OpenEquation;
+
+// A window that has closed is out of the list of open windows, even if it lives on for a moment.
+winTemplates& winTemplates::Instance() {
+  for (Int32 i = 0; i < WindowCount(); ++i)
+    if (auto* open = dynamic_cast<winTemplates*>(&WindowAt(i))) return *open;
+  return *new winTemplates;
+}
+
+winTemplates::winTemplates() { Create(); }
+
+void winTemplates::Layout() {
+  setWindowTitle(tr("Template Chooser"));
+  SetSizeLimits({540, 200}, {32000, 32000});
+  SetWidth(600);
+  SetHeight(400);
+  SetPlacement(Placement::Centred);
+}
+
+void winTemplates::CreateControls() {
+  constexpr Locks nearRight = Lock::Right | Lock::Bottom;
+  constexpr Locks nearLeft = Lock::Left | Lock::Bottom;
+  btnOK_ = CreateButton(tr("Choose"), {500, 371, 80, 20}, nearRight, &winTemplates::OpenSelection);
+  SetDefaultButton(*btnOK_);
+  btnCancel_ = CreateButton(tr("Cancel"), {408, 371, 80, 20}, nearRight, &winTemplates::btnCancel_Action);
+  SetCancelButton(*btnCancel_);
+  CreateList();
+  tmrFocus_.SetPeriod(10);
+  tmrFocus_.Action = [this](Timer&) { tmrFocus_Action(); };
+  tmrFocus_.SetMode(TimerMode::Single);
+  btnEdit_ = CreateButton(tr("Edit..."), {9, 373, 50, 18}, nearLeft, &winTemplates::btnEdit_Action);
+  btnRename_ = CreateButton(tr("Rename"), {68, 373, 61, 18}, nearLeft, &winTemplates::btnRename_Action);
+  btnDelete_ = CreateButton(tr("Delete"), {137, 373, 55, 18}, nearLeft, &winTemplates::btnDelete_Action);
+  for (PushButton* button : {btnEdit_, btnRename_, btnDelete_}) button->SetTextSize(smallTextSize);
+  SettupEditMode();
+  RenameDialog_.Saved = [this](const NameProviderDialog& sender) { RenameDialog_Saved(sender); };
+}
+
+PushButton* winTemplates::CreateButton(const QString& caption, const QRect& bounds, Locks locks,
+                                       void (winTemplates::*action)()) {
+  auto* button = new PushButton(caption, Content());
+  connect(button, &QPushButton::clicked, this, [this, action] { (this->*action)(); });
+  AddControl(*button, bounds, locks);
+  return button;
+}
+
+void winTemplates::CreateList() {
+  list_ = new Listbox(Content());
+  list_->setAccessibleName(tr("Templates"));
+  list_->RequiresSelection = true;
+  list_->SetFirstColumnWidth(200);
+  list_->SetDefaultRowHeight(rowHeight);
+  list_->Change = [this](Listbox&) { list_Change(); };
+  list_->DoubleClick = [this](Listbox&) { OpenSelection(); };
+  list_->CellBackgroundPaint = [this](CellGraphics& g, Int32 row, Int32 column) {
+    return list_CellBackgroundPaint(g, row, column);
+  };
+  list_->CellTextPaint = [this](CellGraphics& g, Int32 row, Int32 column) {
+    return list_CellTextPaint(g, row, column);
+  };
+  AddControl(*list_, {-1, -1, 602, 365}, Lock::Left | Lock::Top | Lock::Right | Lock::Bottom);
+}
+
+void winTemplates::Event_Open() {
+  Preferences::TemplatesOpen = true;
+  LoadList();
+  list_->setFocus();
+  SetupControls();
+}
+
+void winTemplates::SetupControls() {
+  QRect bounds = list_->geometry();
+  const int top = bounds.top();
+  bounds.moveTop(-1);
+  bounds.setHeight(bounds.height() + top);
+  list_->setGeometry(bounds);
+}
+
+// At the moment of activation the desktop may still be handing the focus around.
+void winTemplates::Event_Activate() { tmrFocus_.SetMode(TimerMode::Single); }
+
+// A button that loses the focus while it is held down forgets the click, so the focus waits for that.
+void winTemplates::tmrFocus_Action() {
+  if (QGuiApplication::mouseButtons() == Qt::NoButton)
+    list_->setFocus();
+  else
+    tmrFocus_.SetMode(TimerMode::Single);
+}
+
+// A chooser that is open when the program ends is open again at the next start.
+bool winTemplates::Event_CancelClose(bool appQuitting) {
+  if (!appQuitting) Preferences::TemplatesOpen = false;
+  return false;
+}
+
+// What was renamed or deleted here is on disk when the pointer comes back.
+void winTemplates::Event_MouseEnter() { Preferences::Save(); }
+
+void winTemplates::LoadList() {
+  list_->DeleteAllRows();
+  list_->AddRow("New Equation...", "");
+  list_->SetListIndex(0);
+  for (Int32 i = 0; i <= TemplatesManager::Key.Ubound(); ++i)
+    list_->AddRow(TemplatesManager::Key[i], ReplaceLineEndings(TemplatesManager::EquationText[i], EndOfLine));
+}
+
+// Hidden first and closed last: the new window is in front before this one goes.
+void winTemplates::OpenSelection() {
+  hide();
+  const Int32 row = list_->ListIndex();
+  if (row >= 1) {
+    const Template chosen{list_->Cell(row, 0), ReplaceLineEndings(list_->Cell(row, 1), EndOfLine)};
+    if (OpenEquation) OpenEquation(&chosen);
+  } else if (OpenEquation) {
+    OpenEquation(nullptr);
+  }
+  Close();
+}
+
+void winTemplates::btnCancel_Action() { Close(); }
+
+void winTemplates::btnEdit_Action() {
+  bEditMode = !bEditMode;
+  SettupEditMode();
+}
+
+// The buttons act on the row that was selected when the user began to edit, so another selection ends the editing.
+void winTemplates::list_Change() {
+  bEditMode = false;
+  SettupEditMode();
+}
+
+void winTemplates::SettupEditMode() {
+  btnEdit_->setText(bEditMode ? tr("Done") : tr("Edit..."));
+  if (!bEditMode) btnEdit_->setEnabled(list_->ListIndex() >= 1);
+  btnRename_->setVisible(bEditMode);
+  btnDelete_->setVisible(bEditMode);
+}
+
+void winTemplates::btnRename_Action() {
+  RenameDialog_.Text = list_->Cell(list_->ListIndex(), 0);
+  RenameDialog_.Prompt = "Provide a new name for this Template:";
+  RenameDialog_.ShowWithin(*this);
+}
+
+void winTemplates::RenameDialog_Saved(const NameProviderDialog& sender) {
+  TemplatesManager::Key[list_->ListIndex() - 1] = sender.Text;
+  list_->SetCell(list_->ListIndex(), 0, sender.Text);
+}
+
+void winTemplates::btnDelete_Action() {
+  const Int32 row = list_->ListIndex();
+  TemplatesManager::Remove(row - 1);
+  LoadList();
+  list_->SetListIndex(std::min(list_->ListCount() - 1, row));
+}
+
+void winTemplates::StoreRecord(KeyList& record) const { record.AddItem("template", BooleanToVariant(true)); }
+
+}  // namespace sumlet

@@ -1,0 +1,89 @@
+// winTemplates: the template chooser, in which a new equation begins, from nothing or from a template. Templates are
+// renamed and deleted here too.
+//
+// There is one at most. Choosing a row closes it.
+#pragma once
+
+#include <QImage>
+#include <functional>
+
+#include "framework/ui/base_window.h"
+#include "framework/ui/listbox.h"
+#include "framework/ui/push_button.h"
+#include "framework/ui/timer.h"
+#include "persistence/my_window_manager.h"
+#include "templates/name_provider_dialog.h"
+
+namespace sumlet {
+
+class winTemplates final : public BaseWindow, public MyWindowManager::StoredWindow {
+ public:
+  // The open chooser, or a new one when none is open. It owns itself.
+  static winTemplates& Instance();
+
+  struct Template {
+    String Name;
+    String Text;  // UTF-8, lines ended by EndOfLine
+  };
+  // Opens the equation that was chosen; nullptr stands for an empty one. Called while the chooser is hidden but not yet
+  // closed. May be empty.
+  static std::function<void(const Template* chosen)> OpenEquation;
+
+  // The buttons for renaming and deleting are showing.
+  bool bEditMode = false;
+
+  [[nodiscard]] Listbox& list() const { return *list_; }
+  [[nodiscard]] PushButton& btnOK() const { return *btnOK_; }
+  [[nodiscard]] PushButton& btnCancel() const { return *btnCancel_; }
+  [[nodiscard]] PushButton& btnEdit() const { return *btnEdit_; }
+  [[nodiscard]] PushButton& btnRename() const { return *btnRename_; }
+  [[nodiscard]] PushButton& btnDelete() const { return *btnDelete_; }
+
+  // Fills the list anew from TemplatesManager and selects its first row, "New Equation...".
+  void LoadList();
+  // Shows and hides the buttons according to bEditMode and the selection.
+  void SettupEditMode();
+  // Opens the selected row and closes the chooser.
+  void OpenSelection();
+  // Puts the list into its place, one pixel outside the window at the left, top and right.
+  void SetupControls();
+
+  void StoreRecord(KeyList& record) const override;
+
+ protected:
+  void Layout() override;
+  void CreateControls() override;
+  void Event_Open() override;
+  void Event_Activate() override;
+  bool Event_CancelClose(bool appQuitting) override;
+  void Event_MouseEnter() override;
+
+  // The shade of the selected row: one pixel wide, as high as the first cell that was selected. Null until then.
+  QImage pOverlay;
+
+ private:
+  winTemplates();
+
+  PushButton* CreateButton(const QString& caption, const QRect& bounds, Locks locks, void (winTemplates::*action)());
+  void CreateList();
+  void list_Change();
+  bool list_CellBackgroundPaint(CellGraphics& g, Int32 row, Int32 column);
+  bool list_CellTextPaint(CellGraphics& g, Int32 row, Int32 column);
+  void tmrFocus_Action();
+  void btnCancel_Action();
+  void btnEdit_Action();
+  void btnRename_Action();
+  void btnDelete_Action();
+  void RenameDialog_Saved(const NameProviderDialog& sender);
+
+  PushButton* btnOK_ = nullptr;
+  PushButton* btnCancel_ = nullptr;
+  Listbox* list_ = nullptr;
+  Timer tmrFocus_;
+  PushButton* btnEdit_ = nullptr;
+  PushButton* btnRename_ = nullptr;
+  PushButton* btnDelete_ = nullptr;
+  NameProviderDialog RenameDialog_;
+};
+
+}  // namespace sumlet
