@@ -1,6 +1,7 @@
 // From typing to the result: a text change arms a timer, the timer calculates. The equation is always evaluated whole.
 #include "engine/result_text.h"
 #include "equationwindow/win_sumlet.h"
+#include "persistence/preferences.h"
 
 namespace sumlet {
 
@@ -9,7 +10,7 @@ void winSumlet::textInput_TextChange(TextArea& /*sender*/) {
   if (Loading) return;
   tmrCalculate_.SetPeriod(250);
   tmrCalculate_.SetMode(TimerMode::Single);
-  if (ScheduleSave) ScheduleSave();
+  if (Preferences::RememberEquations && ScheduleSave) ScheduleSave();
 }
 
 void winSumlet::tmrCalculate_Action(Timer& /*sender*/) { Calculate(); }

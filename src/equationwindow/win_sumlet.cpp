@@ -1,17 +1,16 @@
 #include "equationwindow/win_sumlet.h"
 
+#include "persistence/preferences.h"
+
 namespace sumlet {
-namespace {
-constexpr Int32 defaultTextSize = 13;  // points
-}
 
 std::function<void()> winSumlet::ScheduleSave;
 
-winSumlet::winSumlet() { Create(); }
+winSumlet::winSumlet(bool visible) { Create(visible); }
 
 void winSumlet::Layout() {
   setWindowTitle(QStringLiteral("Sumlet"));
-  SetSizeLimits({64, 64}, {32000, 32000});
+  SetSizeLimits({smallestSize, smallestSize}, {32000, 32000});
   SetWidth(365);
   SetHeight(234);
   SetPlacement(Placement::Staggered);
@@ -33,26 +32,16 @@ void winSumlet::_CreateControls0() {
 
   tmrCalculate_.SetPeriod(250);
   tmrCalculate_.Action = [this](Timer& sender) { tmrCalculate_Action(sender); };
+  tmrDelayToggleFullscreen_.Action = [this](Timer& sender) { tmrDelayToggleFullscreen_Action(sender); };
+
+  TemplateSaver_.Saved = [this](const NameProviderDialog& sender) { TemplateSaver_Saved(sender); };
 }
 
 void winSumlet::Event_Open() {
   math = std::make_unique<MathClass>();
-  ApplyTextSize(defaultTextSize);
+  ApplyTextSize(Preferences::TextSize);
 }
 
 void winSumlet::Event_Resized() { ArrangeControls(); }
-
-void winSumlet::ApplyTextSize(Int32 size) {
-  TextSize = size;
-  textInput_->SetTextSize(size);
-  textOutput_->SetTextSize(size);
-  ArrangeControls();
-}
-
-// To come: comment lines grey, the failed line red.
-void winSumlet::SyntaxColoring() {}
-
-// To come: the result area as high as its text. Until then both areas follow the window by their locks.
-void winSumlet::ArrangeControls() {}
 
 }  // namespace sumlet

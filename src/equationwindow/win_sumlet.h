@@ -11,13 +11,15 @@
 #include "framework/ui/base_window.h"
 #include "framework/ui/text_area.h"
 #include "framework/ui/timer.h"
+#include "persistence/my_window_manager.h"
+#include "templates/name_provider_dialog.h"
 
 namespace sumlet {
 
-class winSumlet final : public BaseWindow {
+class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow {
  public:
-  // Opens an empty equation window. It owns itself.
-  winSumlet();
+  // Opens an empty equation window. It owns itself. One that is not `visible` waits for Show.
+  explicit winSumlet(bool visible = true);
 
   // The name that the equation came from; empty for a new one.
   String FromTemplate;
@@ -29,12 +31,29 @@ class winSumlet final : public BaseWindow {
   bool Loading = false;
   std::unique_ptr<MathClass> math;
 
-  // Called after each text change that is not Loading; the application saves some time later. May be empty.
+  // Called after each text change that is not Loading while the equations are to be remembered; the application saves
+  // some time later. May be empty.
   static std::function<void()> ScheduleSave;
 
   [[nodiscard]] TextArea& textInput() const { return *textInput_; }
   [[nodiscard]] TextArea& textOutput() const { return *textOutput_; }
   [[nodiscard]] Timer& tmrCalculate() { return tmrCalculate_; }
+  [[nodiscard]] NameProviderDialog& TemplateSaver() { return TemplateSaver_; }
+
+  // The bounds of the window before it last went to full screen, in pixels; all 0 until then.
+  Int32 NonFullscreenLeft = 0;
+  Int32 NonFullscreenTop = 0;
+  Int32 NonFullscreenWidth = 0;
+  Int32 NonFullscreenHeight = 0;
+
+  // The first line of the equation that is not blank, trimmed; empty when there is none.
+  [[nodiscard]] String GetFirstLine() const;
+
+  // Asks for a place and writes the text there. Always True: handled. What goes wrong is told in an alert.
+  bool _FileExport_Action();
+
+  // Asks for a name on a sheet and adds the equation to the templates when one is given. Always True: handled.
+  bool _FileSaveAsTemplate_Action();
 
   // Evaluates the whole equation and shows its result.
   void Calculate();
@@ -42,22 +61,38 @@ class winSumlet final : public BaseWindow {
   // Gives both areas the text size, in points, and lays them out anew.
   void ApplyTextSize(Int32 size);
 
+  // Writes the text, the place and the looks of the window into a record of the session, and opens a window from one.
+  void StoreRecord(KeyList& record) const override;
+  static void RestoreFrom(const MyWindowManager::Record& record);
+
  protected:
   void Layout() override;
   void CreateControls() override;
+  void AddMenuHandlers() override;
+  void Event_EnableMenuItems(MenuBar& menuBar) override;
+  bool Event_CancelClose(bool appQuitting) override;
+  void Event_FullScreen() override;
   void Event_Open() override;
   void Event_Resized() override;
 
  private:
+  static constexpr Int32 smallestSize = 64;  // of the content, either way, in pixels
+
   void _CreateControls0();
   void textInput_TextChange(TextArea& sender);
   void tmrCalculate_Action(Timer& sender);
+  void TemplateSaver_Saved(const NameProviderDialog& sender);
   void SyntaxColoring();
   void ArrangeControls();
+  void StoreWindowedBounds();
+  void delayToggleFullscreen();
+  void tmrDelayToggleFullscreen_Action(Timer& sender);
 
   TextArea* textInput_ = nullptr;
   TextArea* textOutput_ = nullptr;
   Timer tmrCalculate_;
+  NameProviderDialog TemplateSaver_;
+  Timer tmrDelayToggleFullscreen_;
 };
 
 }  // namespace sumlet

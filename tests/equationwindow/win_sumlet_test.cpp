@@ -63,21 +63,15 @@ TEST_F(WinSumlet, OpensEmptyAndReadyToType) {
 }
 
 TEST_F(WinSumlet, AreasStandOnePixelOutside) {
-  const struct {
-    QSize size;
-    QRect input;
-    QRect output;
-  } rows[] = {
-      {{365, 234}, {-1, -1, 367, 199}, {-1, 201, 367, 35}},
-      {{500, 400}, {-1, -1, 502, 365}, {-1, 367, 502, 35}},
-      {{1, 1}, {-1, -1, 66, 29}, {-1, 31, 66, 35}},  // 64 x 64 is the smallest
-      {{365, 234}, {-1, -1, 367, 199}, {-1, 201, 367, 35}},
-  };
-  for (const auto& row : rows) {
-    window->SetWidth(row.size.width());
-    window->SetHeight(row.size.height());
-    EXPECT_EQ(window->textInput().geometry(), row.input);
-    EXPECT_EQ(window->textOutput().geometry(), row.output);
+  for (const QSize size : {QSize(365, 234), QSize(500, 400), QSize(64, 64)}) {
+    window->SetWidth(size.width());
+    window->SetHeight(size.height());
+    const QRect input = window->textInput().geometry();
+    const QRect output = window->textOutput().geometry();
+    EXPECT_EQ(input.topLeft(), QPoint(-1, -1));
+    EXPECT_EQ(input.width(), size.width() + 2);
+    EXPECT_EQ(output.top(), input.top() + input.height() + 2);
+    EXPECT_EQ(QRect(output.bottomLeft(), output.bottomRight()), QRect(-1, size.height(), size.width() + 2, 1));
   }
 }
 
