@@ -33,6 +33,7 @@ shows_text() { (($(import -silent -window "$window" -gravity "$1" -crop "$2" -fo
 
 start_display 1024x768
 start_window "$projectRoot/build/release/sumlet"
+open_equation
 put_clipboard <"$equation"
 press ctrl+v ctrl+Home
 if [[ -n $result ]]; then

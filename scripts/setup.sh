@@ -16,6 +16,7 @@ declare -A packageGroups=(
   [test]="libgtest-dev python3"
   [gates]="clang-format-14 clang-tidy-14 mandoc"
   [screenshot]="xvfb openbox xdotool imagemagick x11-utils xclip fonts-dejavu-core"
+  [icons]="librsvg2-bin"
   [bench]="libbenchmark-dev"
   [bench-peers]="python3 mawk gawk bc"
 )

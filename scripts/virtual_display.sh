@@ -4,6 +4,7 @@
 #
 #   start_display WIDTHxHEIGHT      sets DISPLAY
 #   start_window PROGRAM            starts the window program and sets `window` once its window has the keyboard
+#   open_equation                   after a first start: leaves the chooser for an empty equation, and sets `window`
 #   type_keys TEXT, press KEY...    works the keyboard
 #   put_clipboard, get_clipboard    from standard input, to standard output
 #   wait_for SECONDS COMMAND...     repeats the command until it succeeds; fails when the time is over
@@ -62,11 +63,16 @@ start_display() {
 window_manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
 
 # The program gets a home of its own.
+programEnvironment=(--default-signal=HUP -u XDG_CONFIG_HOME -u XDG_DATA_HOME -u XDG_CACHE_HOME HOME="$virtualFolder/home"
+  XDG_RUNTIME_DIR="$virtualFolder/run" QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
+  LSAN_OPTIONS="suppressions=$virtualFolder/leaks:print_suppressions=0")
+# Under the sanitizers: what the desktop's own libraries keep until the end is no leak of the program's.
+printf 'leak:%s\n' libdbus-1 libfontconfig >"$virtualFolder/leaks"
+
 start_window() {
   mkdir -p "$virtualFolder/home" "$virtualFolder/run"
   chmod 700 "$virtualFolder/run"
-  in_background window env -u XDG_CONFIG_HOME -u XDG_DATA_HOME -u XDG_CACHE_HOME HOME="$virtualFolder/home" \
-    XDG_RUNTIME_DIR="$virtualFolder/run" QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8 "$1"
+  in_background window env "${programEnvironment[@]}" "$1"
   program=$!
   wait_for 30 window_is_active_or_gone || give_up "the window does not come up"
   kill -0 "$program" 2>/dev/null || give_up "$1 has ended"
@@ -76,6 +82,12 @@ window_is_active_or_gone() {
   kill -0 "$program" || return 0
   window=$(xdotool getactivewindow) && xdotool search --onlyvisible --pid "$program" --class '^Sumlet$' | grep -qx "$window"
 }
+
+open_equation() {
+  press Return
+  wait_for 30 equation_is_active || give_up "no equation opens"
+}
+equation_is_active() { window_is_active_or_gone && xdotool getwindowname "$window" | grep -qx Sumlet; }
 
 type_keys() { xdotool type --delay 20 -- "$1"; }
 press() { xdotool key --delay 20 -- "$@"; }

@@ -1,13 +1,79 @@
 // The window program: wires the parts together and runs them.
-#include <QApplication>
+#include <vector>
 
 #include "equationwindow/win_sumlet.h"
+#include "framework/ui/application.h"
+#include "framework/ui/browser.h"
+#include "framework/ui/dialogs.h"
+#include "persistence/my_window_manager.h"
+#include "persistence/preferences.h"
+#include "shell/app.h"
+#include "shell/application_icon.h"
+#include "shell/menus.h"
+#include "shell/quit_signals.h"
+#include "shell/single_instance.h"
+#include "shell/start_requests.h"
+#include "shell/status_tray.h"
+#include "templates/templates_manager.h"
+#include "templates/win_templates.h"
 
-int main(int /*argc*/, char** argv) {
-  int count = 1;  // the program has no options, and the toolkit's own are not offered either
-  QApplication application(count, argv);
-  QApplication::setApplicationName(QStringLiteral("sumlet"));
-  QApplication::setApplicationVersion(QStringLiteral(SUMLET_VERSION));
-  new sumlet::winSumlet;
-  return QApplication::exec();
+namespace sumlet {
+namespace {
+
+// How long a start waits for the running program. That one may be loading a large session, but if it hangs, the user
+// still gets a window.
+constexpr std::chrono::seconds handOverPatience(10);
+
+std::vector<const MyWindowManager::StoredWindow*> StoredWindows() {
+  std::vector<const MyWindowManager::StoredWindow*> windows;
+  windows.reserve(static_cast<std::size_t>(WindowCount()));
+  for (Int32 i = 0; i < WindowCount(); ++i)
+    windows.push_back(dynamic_cast<const MyWindowManager::StoredWindow*>(&WindowAt(i)));
+  return windows;
+}
+
+// The order of the sections is that of the settings file.
+void ConnectSettings() {
+  Preferences::RegisterSection(
+      {"TemplateList", TemplatesManager::Store, TemplatesManager::Load, TemplatesManager::LoadNothing});
+  Preferences::RegisterSection({"WindowList", MyWindowManager::Store, MyWindowManager::Load, [] {}});
+  MyWindowManager::SetWindowList(StoredWindows);
+  MyWindowManager::RegisterRestorer(
+      {"template", [](const MyWindowManager::Record&) { winTemplates::Instance().Show(); }});
+  MyWindowManager::RegisterRestorer({"equation", winSumlet::RestoreFrom});
+}
+
+int Run(Descriptor requests) {
+  Application application;
+  Application::setApplicationName(QStringLiteral("sumlet"));
+  Application::setApplicationVersion(QStringLiteral(SUMLET_VERSION));
+  Application::setWindowIcon(ApplicationIcon());
+  InstallDialogs();
+  InstallBrowser();
+  ConnectSettings();
+
+  App app;
+  app.BindMenuHandlers();
+  SetMenuAttacher([](Window& window) { MenuBar1().AttachTo(window); });
+  StatusTray tray(app);
+  SetWindowListChanged([&tray] { tray.Follow(); });
+  winSumlet::ScheduleSave = [&app] { app.ScheduleSave(); };
+  winTemplates::OpenEquation = App::OpenEquation;
+  application.QuitRequested = [&app] { app.Quit(); };
+  application.SessionEnding = [&app] { app.Event_CancelClose(); };
+  const QuitSignals quitSignals([&app] { app.Quit(); });
+  const StartRequests startRequests(std::move(requests), [&app] { app.Event_Reopen(); });
+
+  QMetaObject::invokeMethod(
+      &application, [&app] { app.Event_Open(); }, Qt::QueuedConnection);
+  return Application::exec();
+}
+
+}  // namespace
+}  // namespace sumlet
+
+int main() {
+  using namespace sumlet;
+  Claim claim = ClaimInstance(SingleInstanceName(), qgetenv("XDG_ACTIVATION_TOKEN").toStdString(), handOverPatience);
+  return claim.start == Start::HandedOver ? 0 : Run(std::move(claim.requests));
 }

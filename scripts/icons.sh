@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# Renders the application icon, data/icons/sumlet.svg, to the sizes that desktops ask for: data/icons/sumlet-SIZE.png.
+# The pictures are kept in the repository, so that a build needs no renderer; start this after a change of the drawing.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
+
+ensure_packages icons
+cd "$projectRoot/data/icons"
+for size in 16 24 32 48 64 128 256; do
+  rsvg-convert --width "$size" --height "$size" --output "sumlet-$size.png" sumlet.svg
+done

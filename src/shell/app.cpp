@@ -1,0 +1,107 @@
+#include "shell/app.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QScopeGuard>
+#include <vector>
+
+#include "equationwindow/win_sumlet.h"
+#include "framework/show_url.h"
+#include "framework/ui/window.h"
+#include "persistence/preferences.h"
+#include "shell/web_addresses.h"
+
+namespace sumlet {
+namespace {
+
+constexpr Int32 saveDelay = 300000;  // milliseconds
+constexpr Int32 reviewDelay = 100;
+
+void CloseAllWindows() {
+  std::vector<QPointer<Window>> windows;
+  windows.reserve(static_cast<std::size_t>(WindowCount()));
+  for (Int32 i = 0; i < WindowCount(); ++i) windows.emplace_back(&WindowAt(i));
+  for (const QPointer<Window>& window : windows)
+    if (window) window->Close(true);
+}
+
+}  // namespace
+
+SaveTimer::SaveTimer() {
+  Action = [this](Timer&) { Event_Action(); };
+}
+
+void SaveTimer::Event_Action() { Preferences::Save(); }
+
+// Loading shows an alert for each damaged part, and the user may quit, or start the program again, in front of it.
+void App::Event_Open() {
+  {
+    const auto loaded = qScopeGuard([this] { loaded_ = true; });
+    Preferences::Load();
+  }
+  if (WindowCount() == 0 && !quitting_) winTemplates::Instance().Show();
+  AppendMenuItems();
+  tmrReview = std::make_unique<ReviewTimer>(ShareOnFacebook);
+  tmrReview->SetPeriod(reviewDelay);
+  tmrReview->SetMode(TimerMode::Single);
+}
+
+void App::Event_Reopen() {
+  if (quitting_) return;
+  if (WindowCount() > 0)
+    WindowAt(0).Show();
+  else if (loaded_)
+    winTemplates::Instance().Show();
+  if (QWidget* alert = QApplication::activeModalWidget()) {
+    alert->raise();
+    alert->activateWindow();
+  }
+}
+
+bool App::Event_CancelClose() {
+  if (loaded_) Preferences::Save();
+  return false;
+}
+
+bool App::_FileNew_Action() {
+  winTemplates::Instance().Show();
+  return true;
+}
+
+bool App::_FileNewWindow_Action() {
+  new winSumlet;
+  return true;
+}
+
+// The text is none of the user's typing: it is calculated at once and schedules no save.
+void App::OpenEquation(const winTemplates::Template* chosen) {
+  auto* window = new winSumlet;
+  if (!chosen) return;
+  window->Loading = true;
+  window->FromTemplate = chosen->Name;
+  window->textInput().SetText(chosen->Text);
+  window->Loading = false;
+  window->Calculate();
+}
+
+void App::ScheduleSave() {
+  if (!Preferences::RememberEquations) return;
+  if (!tmrSave) tmrSave = std::make_unique<SaveTimer>();
+  tmrSave->SetPeriod(saveDelay);
+  tmrSave->SetMode(TimerMode::Single);
+}
+
+void App::ShareOnFacebook() { ShowURL(WebAddresses::Share()); }
+
+void App::LaunchReview() { ShowURL(WebAddresses::Store()); }
+
+// Ending the event loop ends those of alerts too, which then go without an answer.
+void App::Quit() {
+  if (quitting_) return;
+  if (Event_CancelClose()) return;
+  quitting_ = true;
+  CloseAllWindows();
+  QCoreApplication::exit(0);
+}
+
+}  // namespace sumlet

@@ -1,0 +1,76 @@
+// App: the life of the application, from the first window to quitting. There is one, and it holds no document.
+#pragma once
+
+#include <memory>
+
+#include "framework/ui/timer.h"
+#include "shell/review.h"
+#include "templates/win_templates.h"
+
+namespace sumlet {
+
+// Saves when it fires.
+class SaveTimer final : public Timer {
+ public:
+  SaveTimer();
+  void Event_Action();
+};
+
+class App {
+ public:
+  // Nothing until the first ScheduleSave, then the same for the rest of the run.
+  std::unique_ptr<SaveTimer> tmrSave;
+  // Made when the start is over.
+  std::unique_ptr<ReviewTimer> tmrReview;
+
+  // Binds the commands that the application answers to their menu items.
+  void BindMenuHandlers();
+
+  // Appends the web items to the Help menu and the full-screen command to the File menu.
+  static void AppendMenuItems();
+
+  // Once, when the event loop runs: brings back the settings and windows of last time, or else shows the chooser.
+  void Event_Open();
+
+  // The program was started again while it runs. Shows the chooser when no window is open, hidden ones counted;
+  // otherwise the front window comes forward, and an alert that stands in front of it.
+  void Event_Reopen();
+
+  // Saves, while all windows stand. False: quitting is never refused. What has not been loaded yet is not saved over.
+  bool Event_CancelClose();
+
+  // The application's part of the enabling pass.
+  static void Event_EnableMenuItems();
+
+  // The commands. Always True: handled.
+  bool _FileNew_Action();        // "New from Template Chooser..."
+  bool _FileNewWindow_Action();  // "New"
+  static bool _FileCLose_Action();
+  static bool _HelpSumletHelp_Action();
+  static bool _FileImport_Action();
+  static bool _ApplePreferences_Action();
+  static bool _WindowBringAlltoFront_Action();  // the order of the windows stays
+  static bool _WindowMinimize_Action();
+  static bool _AppleAbout_Action();
+
+  // Opens the equation that was chosen in the chooser; an empty one for nullptr.
+  static void OpenEquation(const winTemplates::Template* chosen);
+
+  // Saves five minutes after the last call. Does nothing while the equations are not to be remembered.
+  void ScheduleSave();
+
+  // The share page, and the page of the store, in the user's browser.
+  static void ShareOnFacebook();
+  static void LaunchReview();
+
+  // Saves, then closes all windows and ends the event loop with status 0. Asks nothing, and an alert or sheet that
+  // stands does not hold it up.
+  void Quit();
+  [[nodiscard]] bool Quitting() const { return quitting_; }
+
+ private:
+  bool loaded_ = false;
+  bool quitting_ = false;
+};
+
+}  // namespace sumlet

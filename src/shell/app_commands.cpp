@@ -1,0 +1,125 @@
+// The commands that the application answers, and its part of enabling them.
+#include <QKeySequence>
+#include <vector>
+
+#include "equationwindow/win_sumlet.h"
+#include "framework/show_url.h"
+#include "framework/text/bytes.h"
+#include "framework/ui/qt_text.h"
+#include "shell/app.h"
+#include "shell/menus.h"
+#include "shell/text_import.h"
+#include "shell/web_addresses.h"
+#include "shell/win_about.h"
+#include "shell/win_help.h"
+#include "shell/win_preferences.h"
+#include "shell/window_menu.h"
+
+namespace sumlet {
+namespace {
+
+void AppendWebItem(MenuBar& menuBar, const char* name, const char* text, String address) {
+  menuBar.AddItem(menuBar.Menu("HelpMenu"), {name, text});
+  menuBar.BindHandler(name, [address = std::move(address)] {
+    ShowURL(address);
+    return true;
+  });
+}
+
+// The item comes with the end of the start, and a key may go down before.
+void EnableFullScreen(MenuBar& menuBar) {
+  if (!menuBar.HasItem("FullScreen")) return;
+  const auto* equation = WindowCount() > 0 ? dynamic_cast<const winSumlet*>(&WindowAt(0)) : nullptr;
+  const bool isFull = equation != nullptr && equation->IsFullScreen();
+  QAction& item = menuBar.Item("FullScreen");
+  item.setEnabled(equation != nullptr);
+  item.setText(isFull ? QStringLiteral("Exit Full Screen") : QStringLiteral("Enter Full Screen"));
+}
+
+}  // namespace
+
+void App::BindMenuHandlers() {
+  MenuBar& menuBar = MenuBar1();
+  menuBar.BindHandler("FileNew", [this] { return _FileNew_Action(); });
+  menuBar.BindHandler("FileCLose", [] { return _FileCLose_Action(); });
+  menuBar.BindHandler("HelpSumletHelp", [] { return _HelpSumletHelp_Action(); });
+  menuBar.BindHandler("FileNewWindow", [this] { return _FileNewWindow_Action(); });
+  menuBar.BindHandler("FileImport", [] { return _FileImport_Action(); });
+  menuBar.BindHandler("ApplePreferences", [] { return _ApplePreferences_Action(); });
+  menuBar.BindHandler("WindowBringAlltoFront", [] { return _WindowBringAlltoFront_Action(); });
+  menuBar.BindHandler("WindowMinimize", [] { return _WindowMinimize_Action(); });
+  menuBar.BindHandler("AppleAbout", [] { return _AppleAbout_Action(); });
+  menuBar.BindHandler("FileQuit", [this] {
+    Quit();
+    return true;
+  });
+  menuBar.EnableMenuItems = [] { Event_EnableMenuItems(); };
+}
+
+void App::AppendMenuItems() {
+  MenuBar& menuBar = MenuBar1();
+  menuBar.AddItem(menuBar.Menu("HelpMenu"), {"UntitledSeparator6", "-"});
+  AppendWebItem(menuBar, "Website", "Website...", WebAddresses::Website());
+  AppendWebItem(menuBar, "Feedback", "Feedback...", WebAddresses::Feedback());
+  AppendWebItem(menuBar, "Share", "Share on Facebook...", WebAddresses::Share());
+
+  QAction& fullScreen = menuBar.AddItem(menuBar.Menu("FileMenu"), {"FullScreen", "Enter Full Screen", "F11", false});
+  fullScreen.setShortcuts({QKeySequence(Qt::Key_F11), QKeySequence(QStringLiteral("Meta+Ctrl+F"))});
+  menuBar.BindHandler("FullScreen", [] {
+    if (WindowCount() > 0) WindowAt(0).ToggleFullScreen();
+    return true;
+  });
+}
+
+void App::Event_EnableMenuItems() {
+  MenuBar& menuBar = MenuBar1();
+  if (WindowCount() > 0) {
+    menuBar.Enable("FileCLose");
+    if (WindowAt(0).MinimizeButton()) menuBar.Enable("WindowMinimize");
+    menuBar.Enable("WindowBringAlltoFront");
+  }
+  EnableFullScreen(menuBar);
+  MyWindowManager::BuildWindowMenu(menuBar.Menu("WindowMenu"));
+}
+
+bool App::_FileCLose_Action() {
+  WindowAt(0).Close();
+  return true;
+}
+
+bool App::_HelpSumletHelp_Action() {
+  winHelp::Instance().Show();
+  return true;
+}
+
+bool App::_FileImport_Action() {
+  ImportTextFiles();
+  return true;
+}
+
+bool App::_ApplePreferences_Action() {
+  winPreferences::Instance().Show();
+  return true;
+}
+
+// From the back to the front, so that the order stays as it was.
+bool App::_WindowBringAlltoFront_Action() {
+  std::vector<QPointer<Window>> windows;
+  for (Int32 i = WindowCount() - 1; i >= 0; --i) windows.emplace_back(&WindowAt(i));
+  for (const QPointer<Window>& window : windows) {
+    if (window) window->Show();
+  }
+  return true;
+}
+
+bool App::_WindowMinimize_Action() {
+  WindowAt(0).showMinimized();
+  return true;
+}
+
+bool App::_AppleAbout_Action() {
+  winAbout::Instance().Show();
+  return true;
+}
+
+}  // namespace sumlet

@@ -1,0 +1,110 @@
+#include "shell/menus.h"
+
+#include <QApplication>
+#include <QMenuBar>
+#include <QPointer>
+
+#include "framework/ui/edit_items.h"
+
+namespace sumlet {
+namespace {
+
+constexpr MenuItemDeclaration fileItems[] = {
+    {"FileNewWindow", "New", "Ctrl+N"},
+    {"FileNew", "New from Template Chooser...", "Ctrl+Shift+N"},
+    {"FileSaveAsTemplate", "Save As Template...", "", false},
+    {"UntitledSeparator1", "-"},
+    {"FileExport", "Export to Text...", "Ctrl+Shift+S"},
+    {"FileImport", "Import from Text...", "Ctrl+O"},
+    {"UntitledSeparator2", "-"},
+    {"FileCLose", "Close Window", "Ctrl+W", false},
+    {"UntitledSeparator", "-"},
+    {"FileQuit", "&Quit", "Ctrl+Q"},
+};
+
+constexpr MenuItemDeclaration editItems[] = {
+    {"EditUndo", "&Undo", "Ctrl+Z"},
+    {"UntitledMenu1", "-"},
+    {"EditCut", "Cu&t", "Ctrl+X"},
+    {"EditCopy", "&Copy", "Ctrl+C"},
+    {"EditPaste", "&Paste", "Ctrl+V"},
+    {"EditClear", "&Delete"},
+    {"UntitledMenu0", "-"},
+    {"EditSelectAll", "Select &All", "Ctrl+A"},
+};
+
+constexpr MenuItemDeclaration windowItems[] = {
+    {"WindowMinimize", "Minimize", "Ctrl+M", false},
+    {"WindowBringAlltoFront", "Bring All to Front", "", false},
+    {"UntitledSeparator4", "-"},
+};
+
+constexpr MenuItemDeclaration helpItems[] = {
+    {"HelpSumletHelp", "Sumlet Help"},
+    {"AppleAbout", "About Sumlet"},
+    {"UntitledSeparator5", "-"},
+    {"ApplePreferences", "Preferences", "Ctrl+,"},
+};
+
+constexpr std::pair<const char*, EditCommand> editCommands[] = {
+    {"EditUndo", EditCommand::Undo},   {"EditCut", EditCommand::Cut},     {"EditCopy", EditCommand::Copy},
+    {"EditPaste", EditCommand::Paste}, {"EditClear", EditCommand::Clear}, {"EditSelectAll", EditCommand::SelectAll},
+};
+
+template <std::size_t count>
+void Append(MenuBar& menuBar, const char* name, const char* text, const MenuItemDeclaration (&items)[count]) {
+  QMenu& menu = menuBar.AddMenu(name, text);
+  for (const MenuItemDeclaration& item : items) menuBar.AddItem(menu, item);
+}
+
+// The control that Edit commands are about: the one with the focus, or the one that had it before the menu bar took it
+// for the keyboard.
+QPointer<QWidget> editTarget;
+
+void FollowFocus() {
+  QObject::connect(qApp, &QApplication::focusChanged, qApp, [](QWidget*, QWidget* now) {
+    if (now != nullptr && qobject_cast<QMenuBar*>(now) == nullptr) editTarget = now;
+  });
+}
+
+void BindEditItems(MenuBar& menuBar) {
+  FollowFocus();
+  for (const auto& [name, command] : editCommands) {
+    menuBar.BindHandler(name, [command = command] {
+      Edit(editTarget, command);
+      return true;
+    });
+  }
+  QObject::connect(&menuBar.Menu("EditMenu"), &QMenu::aboutToShow, &menuBar, [&menuBar] {
+    for (const auto& [name, command] : editCommands) menuBar.Item(name).setEnabled(CanEdit(editTarget, command));
+  });
+  // Outside the menu they are always enabled: a text control answers their shortcuts itself.
+  QObject::connect(&menuBar.Menu("EditMenu"), &QMenu::aboutToHide, &menuBar, [&menuBar] {
+    for (const auto& [name, command] : editCommands) menuBar.Enable(name);
+  });
+}
+
+// Where the platform has a menu of the application itself, these items belong there.
+void SetMenuRoles(const MenuBar& menuBar) {
+  menuBar.Item("FileQuit").setMenuRole(QAction::QuitRole);
+  menuBar.Item("AppleAbout").setMenuRole(QAction::AboutRole);
+  menuBar.Item("ApplePreferences").setMenuRole(QAction::PreferencesRole);
+}
+
+}  // namespace
+
+MenuBar& MenuBar1() {
+  static QPointer<MenuBar> menuBar;
+  if (menuBar) return *menuBar;
+  menuBar = new MenuBar;
+  menuBar->setParent(qApp);
+  Append(*menuBar, "FileMenu", "&File", fileItems);
+  Append(*menuBar, "EditMenu", "&Edit", editItems);
+  Append(*menuBar, "WindowMenu", "Window", windowItems);
+  Append(*menuBar, "HelpMenu", "Help", helpItems);
+  BindEditItems(*menuBar);
+  SetMenuRoles(*menuBar);
+  return *menuBar;
+}
+
+}  // namespace sumlet

@@ -1,0 +1,121 @@
+#include "shell/start_requests.h"
+
+#if defined(__linux__)
+
+#include <sys/socket.h>
+
+#include <QSocketNotifier>
+#include <QTimer>
+#include <array>
+#include <cerrno>
+#include <chrono>
+
+#include "shell/single_instance.h"
+
+namespace sumlet {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::size_t mostPeers = 16;
+constexpr std::size_t longestRequest = startRequest.size() + 1 + longestToken + 1;
+constexpr auto peerPatience = 5s;  // a start sends its request at once
+constexpr auto rest = 1s;          // after accepting has failed, as without descriptors: it would fail again at once
+
+// The token of a request line without its line feed; empty when it has none. False when it is no request.
+bool ParseRequest(std::string_view line, std::string_view& token) {
+  if (line.substr(0, startRequest.size()) != startRequest) return false;
+  token = line.substr(startRequest.size());
+  if (token.empty()) return true;
+  if (token.front() != ' ') return false;
+  token.remove_prefix(1);
+  return IsToken(token);
+}
+
+}  // namespace
+
+class StartRequests::Peer final : public QObject {
+ public:
+  Peer(Descriptor socket, QObject* parent)
+      : QObject(parent), socket_(std::move(socket)), readable_(socket_.Number(), QSocketNotifier::Read) {
+    timer_.setSingleShot(true);
+    timer_.start(peerPatience);
+  }
+  void Stop() {
+    readable_.setEnabled(false);
+    timer_.stop();
+    socket_.Close();
+  }
+  [[nodiscard]] const Descriptor& Socket() const { return socket_; }
+  [[nodiscard]] QSocketNotifier& Readable() { return readable_; }
+  [[nodiscard]] QTimer& Timeout() { return timer_; }
+  String received;
+
+ private:
+  Descriptor socket_;
+  QSocketNotifier readable_;
+  QTimer timer_;
+};
+
+StartRequests::StartRequests(Descriptor requests, std::function<void()> reopen)
+    : requests_(std::move(requests)), reopen_(std::move(reopen)) {
+  if (!requests_.IsOpen()) return;
+  notifier_ = new QSocketNotifier(requests_.Number(), QSocketNotifier::Read, &owner_);
+  QObject::connect(notifier_, &QSocketNotifier::activated, &owner_, [this] { Accept(); });
+}
+
+StartRequests::~StartRequests() = default;
+
+void StartRequests::Accept() {
+  Descriptor socket(accept4(requests_.Number(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
+  if (!socket.IsOpen()) {
+    if (errno == EAGAIN || errno == EINTR || errno == ECONNABORTED) return;
+    notifier_->setEnabled(false);
+    QTimer::singleShot(rest, &owner_, [this] { notifier_->setEnabled(true); });
+    return;
+  }
+  if (!IsOwnPeer(socket)) return;
+  if (peers_.size() == mostPeers) Drop(*peers_.front());
+  auto* peer = new Peer(std::move(socket), &owner_);
+  peers_.push_back(peer);
+  QObject::connect(&peer->Readable(), &QSocketNotifier::activated, peer, [this, peer] { Read(*peer); });
+  QObject::connect(&peer->Timeout(), &QTimer::timeout, peer, [this, peer] { Drop(*peer); });
+}
+
+void StartRequests::Read(Peer& peer) {
+  std::array<char, longestRequest + 1> bytes = {};
+  const ssize_t count = recv(peer.Socket().Number(), bytes.data(), bytes.size() - peer.received.size(), 0);
+  if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
+  if (count > 0) peer.received.append(bytes.data(), static_cast<std::size_t>(count));
+  const std::size_t end = peer.received.find('\n');
+  if (end == String::npos && count > 0 && peer.received.size() <= longestRequest) return;
+
+  std::string_view token;
+  const bool request = end != String::npos && ParseRequest(std::string_view(peer.received).substr(0, end), token);
+  if (request) {
+    // The toolkit takes it from here when a window is brought to the front.
+    if (!token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray(token.data(), static_cast<qsizetype>(token.size())));
+    [[maybe_unused]] const ssize_t sent =
+        send(peer.Socket().Number(), startAnswer.data(), startAnswer.size(), MSG_NOSIGNAL);
+  }
+  Drop(peer);
+  if (request) reopen_();
+}
+
+// It may be one of its own notifiers that calls.
+void StartRequests::Drop(Peer& peer) {
+  peers_.remove(&peer);
+  peer.Stop();
+  peer.deleteLater();
+}
+
+}  // namespace sumlet
+
+#else
+
+namespace sumlet {
+StartRequests::StartRequests(Descriptor requests, std::function<void()> /*reopen*/) : requests_(std::move(requests)) {}
+StartRequests::~StartRequests() = default;
+}  // namespace sumlet
+
+#endif

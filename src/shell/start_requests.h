@@ -1,0 +1,38 @@
+// StartRequests: the running program's side of being started again.
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <list>
+
+#include "framework/file/descriptor.h"
+
+class QSocketNotifier;
+
+namespace sumlet {
+
+class StartRequests {
+ public:
+  // Answers the requests that arrive at `requests`, the socket of a Claim, on the event loop: acknowledges each, then
+  // calls `reopen`. Whoever else talks to the socket, talks nonsense, too much or not at all, is cut off. Without a
+  // socket it does nothing.
+  StartRequests(Descriptor requests, std::function<void()> reopen);
+  StartRequests(const StartRequests&) = delete;
+  StartRequests& operator=(const StartRequests&) = delete;
+  ~StartRequests();
+
+ private:
+  class Peer;
+
+  void Accept();
+  void Read(Peer& peer);
+  void Drop(Peer& peer);
+
+  Descriptor requests_;
+  std::function<void()> reopen_;
+  QObject owner_;  // of the notifiers and peers
+  QSocketNotifier* notifier_ = nullptr;
+  std::list<Peer*> peers_;  // the oldest in front
+};
+
+}  // namespace sumlet

@@ -1,0 +1,81 @@
+#include "shell/win_about.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "framework/ui/fitting_font.h"
+#include "framework/ui/open_window.h"
+#include "shell/application_icon.h"
+
+namespace sumlet {
+namespace {
+
+constexpr QSize fixedSize(284, 158);
+
+// Paints from the picture that fits the screen's scale, also once the window has moved to another screen.
+class IconCanvas final : public QWidget {
+ public:
+  using QWidget::QWidget;
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    if (icon_.isNull()) icon_ = ApplicationIcon();
+    QPainter painter(this);
+    icon_.paint(&painter, rect());
+  }
+
+ private:
+  QIcon icon_;
+};
+
+}  // namespace
+
+winAbout& winAbout::Instance() {
+  winAbout* open = OpenWindow<winAbout>();
+  return open ? *open : *new winAbout;
+}
+
+winAbout::winAbout() { Create(); }
+
+void winAbout::Layout() {
+  setAccessibleName(tr("About Sumlet"));  // the window has no title
+  setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                 Qt::WindowCloseButtonHint);
+  SetMenuBarVisible(false);
+  SetMinimizeButton(false);
+  SetSizeLimits(fixedSize, fixedSize);
+  SetWidth(fixedSize.width());
+  SetHeight(fixedSize.height());
+  SetPlacement(Placement::Centred);
+}
+
+void winAbout::CreateControls() {
+  cIcon_ = new IconCanvas(Content());
+  AddControl(*cIcon_, {110, 14, 64, 64}, {});
+  stApp_ = CreateLabel(tr("Sumlet"), {20, 84, 244, 20}, QFont::Bold);
+  stVersion_ = CreateLabel(tr("Version ") + QCoreApplication::applicationVersion(), {21, 107, 244, 20}, QFont::Normal);
+  stCopyright_ = CreateLabel(tr("© 2026 The Sumlet developers"), {20, 132, 244, 20}, QFont::Normal);
+}
+
+// The desktop's font may be a large one; what does not fit is set smaller.
+QLabel* winAbout::CreateLabel(const QString& text, const QRect& bounds, QFont::Weight weight) {
+  auto* label = new QLabel(text, Content());
+  label->setTextFormat(Qt::PlainText);
+  label->setAlignment(Qt::AlignCenter);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  QFont font = label->font();
+  font.setWeight(weight);
+  label->setFont(FittingFont(font, text, bounds.size()));
+  AddControl(*label, bounds, {});
+  return label;
+}
+
+void winAbout::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Cancel))
+    Close();
+  else
+    Window::keyPressEvent(event);
+}
+
+}  // namespace sumlet

@@ -1,0 +1,35 @@
+// winAbout: the program's icon, name, version and copyright line.
+#pragma once
+
+#include <QLabel>
+
+#include "framework/ui/window.h"
+
+namespace sumlet {
+
+class winAbout final : public Window {
+ public:
+  // The open window, or a new one when none is open. It owns itself.
+  static winAbout& Instance();
+
+  [[nodiscard]] QLabel& stApp() const { return *stApp_; }
+  [[nodiscard]] QLabel& stVersion() const { return *stVersion_; }
+  [[nodiscard]] QLabel& stCopyright() const { return *stCopyright_; }
+
+ protected:
+  void Layout() override;
+  void CreateControls() override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  winAbout();
+
+  QLabel* CreateLabel(const QString& text, const QRect& bounds, QFont::Weight weight);
+
+  QWidget* cIcon_ = nullptr;
+  QLabel* stApp_ = nullptr;
+  QLabel* stVersion_ = nullptr;
+  QLabel* stCopyright_ = nullptr;
+};
+
+}  // namespace sumlet

@@ -1,0 +1,31 @@
+// winHelp: a reference card of the line language, a list of two columns.
+#pragma once
+
+#include "framework/ui/base_window.h"
+#include "framework/ui/listbox.h"
+
+namespace sumlet {
+
+class winHelp final : public BaseWindow {
+ public:
+  // The open window, or a new one when none is open. It owns itself.
+  static winHelp& Instance();
+
+  [[nodiscard]] Listbox& list() const { return *list_; }
+
+ protected:
+  void Layout() override;
+  void CreateControls() override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  winHelp();
+
+  void list_Open();
+  static bool list_CellBackgroundPaint(CellGraphics& g, Int32 row, Int32 column);
+  static bool list_CellTextPaint(CellGraphics& g, Int32 row, Int32 column);
+
+  Listbox* list_ = nullptr;
+};
+
+}  // namespace sumlet

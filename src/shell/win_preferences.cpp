@@ -1,0 +1,101 @@
+#include "shell/win_preferences.h"
+
+#include <QKeyEvent>
+
+#include "equationwindow/win_sumlet.h"
+#include "framework/text/numbers.h"
+#include "framework/ui/fitting_font.h"
+#include "framework/ui/open_window.h"
+#include "framework/ui/qt_text.h"
+#include "persistence/preferences.h"
+
+namespace sumlet {
+namespace {
+constexpr QSize fixedSize(319, 86);
+constexpr const char* offeredSizes[] = {"11", "13", "16", "20", "24", "36", "48", "64", "72", "96"};  // points
+}  // namespace
+
+winPreferences& winPreferences::Instance() {
+  winPreferences* open = OpenWindow<winPreferences>();
+  return open ? *open : *new winPreferences;
+}
+
+winPreferences::winPreferences() { Create(); }
+
+void winPreferences::Layout() {
+  setWindowTitle(tr("Preferences"));
+  setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                 Qt::WindowCloseButtonHint);
+  SetMenuBarVisible(false);
+  SetMinimizeButton(false);
+  SetSizeLimits(fixedSize, fixedSize);
+  SetWidth(fixedSize.width());
+  SetHeight(fixedSize.height());
+  SetPlacement(Placement::Centred);
+}
+
+void winPreferences::CreateControls() {
+  chkRestoreEquations_ = new QCheckBox(tr("Restore Open Equations on Startup"), Content());
+  connect(chkRestoreEquations_, &QCheckBox::toggled, this, [this] { chkRestoreEquations_Action(); });
+  const QString caption = chkRestoreEquations_->text();
+  const int box =
+      chkRestoreEquations_->sizeHint().width() - chkRestoreEquations_->fontMetrics().horizontalAdvance(caption);
+  AddFitting(*chkRestoreEquations_, caption, {36, 48, 246, 20}, {box, 0});
+
+  Label1_ = new QLabel(tr("Text Size"), Content());
+  Label1_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  AddFitting(*Label1_, Label1_->text(), {69, 17, 62, 20}, {0, 0});
+
+  popSize_ = new QComboBox(Content());
+  Label1_->setBuddy(popSize_);  // its name for a screen reader
+  connect(popSize_, &QComboBox::currentIndexChanged, this, [this] { popSize_Change(); });
+  AddFitting(*popSize_, QStringLiteral("96"), {137, 17, 112, 20}, {40, 2});
+}
+
+// The desktop's font may be a large one; what does not fit beside the `taken` pixels of a box or frame is set smaller.
+void winPreferences::AddFitting(QWidget& control, const QString& text, const QRect& bounds, const QSize& taken) {
+  control.setFont(FittingFont(control.font(), text, bounds.size() - taken));
+  AddControl(control, bounds, Lock::Left | Lock::Top);
+}
+
+void winPreferences::Event_Open() {
+  Loading = true;
+  chkRestoreEquations_->setChecked(Preferences::RememberEquations);
+  FillSizes();
+  Loading = false;
+}
+
+// A size that is not offered, as an older settings file may have, stands above the others, parted from them by a line.
+void winPreferences::FillSizes() {
+  int current = -1;
+  for (const char* size : offeredSizes) {
+    popSize_->addItem(QLatin1String(size));
+    if (Val(size) == Preferences::TextSize) current = popSize_->count() - 1;
+  }
+  if (current == -1) {
+    popSize_->insertSeparator(0);
+    popSize_->insertItem(0, ToQString(Str(Preferences::TextSize)));
+    current = 0;
+  }
+  popSize_->setCurrentIndex(current);
+}
+
+void winPreferences::popSize_Change() {
+  if (Loading) return;
+  Preferences::TextSize = ToInt32(Val(FromQString(popSize_->currentText())));
+  for (Int32 i = WindowCount() - 1; i >= 0; --i)
+    if (auto* equation = dynamic_cast<winSumlet*>(&WindowAt(i))) equation->ApplyTextSize(Preferences::TextSize);
+}
+
+void winPreferences::chkRestoreEquations_Action() {
+  if (!Loading) Preferences::RememberEquations = chkRestoreEquations_->isChecked();
+}
+
+void winPreferences::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Cancel))
+    Close();
+  else
+    BaseWindow::keyPressEvent(event);
+}
+
+}  // namespace sumlet

@@ -1,0 +1,39 @@
+// winPreferences: the two settings that the user has. A change holds at once and goes to disk with the next save.
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+
+#include "framework/ui/base_window.h"
+
+namespace sumlet {
+
+class winPreferences final : public BaseWindow {
+ public:
+  // The open window, or a new one when none is open. It owns itself.
+  static winPreferences& Instance();
+
+  [[nodiscard]] QCheckBox& chkRestoreEquations() const { return *chkRestoreEquations_; }
+  [[nodiscard]] QComboBox& popSize() const { return *popSize_; }
+
+ protected:
+  void Layout() override;
+  void CreateControls() override;
+  void Event_Open() override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  winPreferences();
+
+  void AddFitting(QWidget& control, const QString& text, const QRect& bounds, const QSize& taken);
+  void FillSizes();
+  void chkRestoreEquations_Action();
+  void popSize_Change();
+
+  QCheckBox* chkRestoreEquations_ = nullptr;
+  QLabel* Label1_ = nullptr;
+  QComboBox* popSize_ = nullptr;
+};
+
+}  // namespace sumlet

@@ -1,0 +1,98 @@
+#include "shell/single_instance.h"
+
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <QCoreApplication>
+#include <cstring>
+#include <future>
+#include <vector>
+
+#include "shell/start_requests.h"
+
+namespace sumlet {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto patience = 60s;  // never waited for
+
+class SingleInstance : public testing::Test {
+ protected:
+  // A start in another thread, while this one runs the event loop.
+  Start StartAgain(const String& token = {}) {
+    auto second = std::async(std::launch::async, [&] { return ClaimInstance(name, token, patience).start; });
+    while (second.wait_for(0s) != std::future_status::ready) QCoreApplication::processEvents();
+    return second.get();
+  }
+  // A connection of somebody who then sends `bytes`.
+  [[nodiscard]] Descriptor Connect(std::string_view bytes) const {
+    Descriptor peer(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    const String path = name + "-0";
+    std::memcpy(address.sun_path + 1, path.data(), path.size());
+    const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + path.size());
+    EXPECT_EQ(connect(peer.Number(), reinterpret_cast<const sockaddr*>(&address), length), 0);
+    (void)send(peer.Number(), bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+    return peer;
+  }
+
+  const String name = "sumlet-test-" + std::to_string(getpid());
+  int reopened = 0;
+};
+
+TEST_F(SingleInstance, OneIsFirstAndAnswersTheOthers) {
+  Claim first = ClaimInstance(name, {}, patience);
+  ASSERT_EQ(first.start, Start::First);
+  {
+    const StartRequests requests(std::move(first.requests), [this] { ++reopened; });
+    EXPECT_EQ(StartAgain(), Start::HandedOver);
+    EXPECT_EQ(reopened, 1);
+    EXPECT_EQ(StartAgain("kwin-17"), Start::HandedOver);
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "kwin-17");
+    EXPECT_EQ(StartAgain("two words"), Start::HandedOver);
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "kwin-17") << "the start counts, the token does not";
+    EXPECT_EQ(ClaimInstance(name + "-other", {}, patience).start, Start::First);
+    EXPECT_EQ(reopened, 3);
+  }
+  EXPECT_EQ(ClaimInstance(name, {}, patience).start, Start::First) << "the name is free again";
+}
+
+TEST_F(SingleInstance, OneThatDoesNotAnswerKeepsNobodyFromStarting) {
+  const Claim hanging = ClaimInstance(name, {}, patience);
+  EXPECT_EQ(ClaimInstance(name, {}, 30ms).start, Start::Alone);
+}
+
+TEST_F(SingleInstance, BearsEveryPeer) {
+  Claim first = ClaimInstance(name, {}, patience);
+  const StartRequests requests(std::move(first.requests), [this] { ++reopened; });
+  std::vector<Descriptor> peers;
+  for (const String& bytes : {String(), String("\n"), String("star"), String("start"), String("started\n"),
+                              String("start \n"), String("start a b\n"), String("start \x01\n"), String(300, '\0'),
+                              "start " + String(257, 'x') + "\n", String(1 << 20, 'x'), "\n" + String(1 << 20, '\n')})
+    peers.push_back(Connect(bytes));
+  for (int i = 0; i < 40; ++i) peers.push_back(Connect("start"));  // and then nothing more
+  EXPECT_EQ(StartAgain(), Start::HandedOver);
+  for (Descriptor& peer : peers) peer.Close();
+  EXPECT_EQ(StartAgain(), Start::HandedOver);
+  EXPECT_EQ(reopened, 2);
+}
+
+TEST(SingleInstanceName, IsThatOfTheSettingsFolder) {
+  const QByteArray before = qgetenv("XDG_DATA_HOME");
+  const auto nameIn = [](const char* folder) {
+    qputenv("XDG_DATA_HOME", folder);
+    return SingleInstanceName();
+  };
+  const String name = nameIn("/tmp/none/data");
+  for (const char* same : {"/tmp/none/data/", "/tmp/none/../none//data", "/tmp/./none/data"})
+    EXPECT_EQ(nameIn(same), name);
+  EXPECT_NE(nameIn("/tmp/none/data2"), name);
+  EXPECT_LT(nameIn(std::string(4000, '/').append("x").c_str()).size(), 100);
+  qputenv("XDG_DATA_HOME", before);
+}
+
+}  // namespace
+}  // namespace sumlet

@@ -1,0 +1,19 @@
+// Saves settings without end, for a test that kills it: each time one section of one letter, of another letter and
+// length than the time before. It tells by a line that it begins.
+#include <cstddef>
+#include <iostream>
+
+#include "persistence/preferences.h"
+
+int main() {
+  using namespace sumlet;
+  std::size_t saves = 0;
+  Preferences::RegisterSection({"TemplateList",
+                                [&saves] {
+                                  constexpr std::size_t lengths[] = {3'000'000, 10, 300'000, 70'000};
+                                  return String(lengths[saves % 4], static_cast<char>('a' + saves % 26));
+                                },
+                                [](std::string_view) {}, [] {}});
+  std::cout << "saving" << std::endl;
+  for (;; ++saves) Preferences::Save();
+}

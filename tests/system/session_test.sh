@@ -1,0 +1,105 @@
+#!/usr/bin/env bash
+# Works in two windows of the finished program, quits it, starts it again and finds everything as it was; then starts it
+# once more beside itself: session_test.sh PROGRAM. Status 77 where a tool that this needs is missing.
+set -euo pipefail
+
+for tool in Xvfb openbox xdotool xclip xprop python3; do
+  if ! command -v "$tool" >/dev/null; then
+    echo "skipped: there is no $tool"
+    exit 77
+  fi
+done
+folder=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+source "$folder/../../scripts/virtual_display.sh"
+
+settings="$virtualFolder/home/.local/share/Application Support/com.fernhill.sumlet/preferences"
+settings_file() { python3 -B "$folder/settings_file.py" "$@"; }
+
+# expect_windows LINE...: the windows of the settings file, front to back
+expect_windows() {
+  local stored
+  stored=$(settings_file show "$settings") || give_up "the settings file cannot be read"
+  [[ $stored == "$(printf '%s\n' "$@")" ]] || give_up "expected the windows '$*', but stored is '$stored'"
+}
+
+# quit SIGNAL: the program ends with status 0
+quit() {
+  local status=0
+  kill -s "$1" "$program"
+  wait "$program" || status=$?
+  ((status == 0)) || give_up "the program ended with status $status on $1"
+}
+
+start_again() { env "${programEnvironment[@]}" "$1" || give_up "the second start ended with status $?"; }
+
+# The window whose text the keys would go to has TEXT for its text.
+window_reads() {
+  press ctrl+a ctrl+c
+  [[ $(get_clipboard && echo .) == "$1." ]]
+}
+expect_text() { wait_for 15 window_reads "$1" || give_up "expected '$1', but the window reads '$(get_clipboard)'"; }
+
+is_active() { [[ $(xdotool getactivewindow) == "$1" ]]; }
+expect_active() { wait_for 15 is_active "$1" || give_up "expected window $1, but the active one is $(xdotool getactivewindow)"; }
+windows() { xdotool search --onlyvisible --pid "$program" --class '^Sumlet$'; }
+# The visible window that is not $window.
+other_window() { windows | grep -vx "$window"; }
+one_window() { (($(windows | wc -l) == 1)); }
+no_window() { ! windows; }
+has_moved() { xdotool getwindowgeometry "$back" | grep -q 'Position: 50[0-9],3[5-9]'; }
+chooser_is_active() { xdotool getactivewindow getwindowname | grep -qx 'Template Chooser'; }
+
+start_display 1024x768
+settings_file write "$settings" '100 80 365 234 front' '420 300 300 200 back'
+
+# Restored, the front window in front. Text typed into both, one of them moved, and the order changed.
+start_window "$1"
+expect_text front
+front=$window
+back=$(other_window)
+press ctrl+a
+type_keys '6*7'
+xdotool windowactivate "$back"
+expect_active "$back"
+expect_text back
+press ctrl+a
+type_keys 'x=5'
+press Return
+type_keys 'x/2'
+xdotool windowmove "$back" 500 350
+wait_for 15 has_moved || give_up "the window does not move"
+quit TERM
+expect_windows '500 350 300 200 x=5' 'x/2' '100 80 365 234 6*7'
+
+# Once more without touching anything: nothing drifts. A second start brings the front window to the front.
+start_window "$1"
+expect_text $'x=5\nx/2'
+front=$window
+back=$(other_window)
+xdotool windowminimize "$back"
+wait_for 15 one_window || give_up "the window does not minimise"
+xdotool windowminimize "$front"
+wait_for 15 no_window || give_up "the windows do not minimise"
+start_again "$1"
+expect_active "$front"
+quit INT
+expect_windows '500 350 300 200 x=5' 'x/2' '100 80 365 234 6*7'
+
+# Without a window the program stays, and a second start shows the chooser.
+start_window "$1"
+expect_text 'x=5'$'\n''x/2'
+press alt+F4
+wait_for 15 one_window || give_up "the window does not close"
+press alt+F4
+wait_for 15 no_window || give_up "the last window does not close"
+kill -0 "$program" || give_up "the program has ended with its last window"
+start_again "$1"
+wait_for 15 chooser_is_active || give_up "the chooser does not come up"
+quit HUP
+expect_windows chooser
+
+# A damaged file: the alert that stands does not hold up quitting, and nothing is saved over what could not be read.
+printf 'X' >"$settings"
+start_window "$1"
+quit TERM
+[[ $(<"$settings") == X ]] || give_up "what could not be loaded has been saved over"

@@ -1,0 +1,64 @@
+"""The settings file as the tests see it, from docs/settings-format.md and not from the program.
+
+    settings_file.py show FILE             prints the windows, front to back: left top width height text
+    settings_file.py write FILE WINDOW...  writes a file with these windows, each "left top width height text"
+"""
+
+import pathlib
+import sys
+import urllib.parse
+
+
+def items(data):
+    """The (key, value) pairs of one list; a list that is cut off or goes on behind its end is a ValueError."""
+    if not data or data[0] not in (1, 2, 4):
+        raise ValueError(f"no list: {data[:1]!r} of {len(data)} bytes")
+    pairs, position = [], 1
+
+    def take(count):
+        nonlocal position
+        position += count
+        if position > len(data):
+            raise ValueError(f"cut off at {len(data)} of {position} bytes")
+        return data[position - count:position]
+
+    while position < len(data):
+        key = take(take(1)[0])
+        pairs.append((key.decode(), take(int.from_bytes(take(data[0]), "big"))))
+    return pairs
+
+
+def packed(pairs):
+    width = next(w for w in (1, 2, 4) if max((len(value) for _, value in pairs), default=0) < 256**w)
+    return bytes([width]) + b"".join(bytes([len(key)]) + key.encode() + len(value).to_bytes(width, "big") + value
+                                     for key, value in pairs)
+
+
+PLACE = ("left", "top", "width", "height")
+
+
+def show(path):
+    for _, record in items(dict(items(path.read_bytes()))["WindowList"]):
+        fields = {key: value.decode() for key, value in items(record)}
+        if "template" in fields:
+            print("chooser")
+        elif fields:
+            print(*(fields[key] for key in PLACE), urllib.parse.unquote(fields["equation"]))
+
+
+def write(path, windows):
+    records = []
+    for window in windows:
+        *place, text = window.split(" ", 4)
+        records.append(packed([*zip(PLACE, (value.encode() for value in place)),
+                               ("equation", urllib.parse.quote(text).encode())]))
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_bytes(packed([("RunCount", b"1"), ("TemplateList", packed([])),
+                             ("WindowList", packed([(str(i), record) for i, record in enumerate(records)]))]))
+
+
+if __name__ == "__main__":
+    if sys.argv[1] == "show":
+        show(pathlib.Path(sys.argv[2]))
+    else:
+        write(pathlib.Path(sys.argv[2]), sys.argv[3:])
