@@ -42,8 +42,13 @@ expect_text() { wait_for 15 window_reads "$1" || give_up "expected '$1', but the
 is_active() { [[ $(xdotool getactivewindow) == "$1" ]]; }
 expect_active() { wait_for 15 is_active "$1" || give_up "expected window $1, but the active one is $(xdotool getactivewindow)"; }
 windows() { xdotool search --onlyvisible --pid "$program" --class '^Sumlet$'; }
-# The visible window that is not $window.
-other_window() { windows | grep -vx "$window"; }
+# Sets front and back, once the windows are all there: the active window and the other one.
+name_windows() {
+  wait_for 15 two_windows || give_up "there are not two windows"
+  front=$(xdotool getactivewindow)
+  back=$(windows | grep -vx "$front")
+}
+two_windows() { (($(windows | wc -l) == 2)); }
 one_window() { (($(windows | wc -l) == 1)); }
 no_window() { ! windows; }
 has_moved() { xdotool getwindowgeometry "$back" | grep -q 'Position: 50[0-9],3[5-9]'; }
@@ -55,8 +60,7 @@ settings_file write "$settings" '100 80 365 234 front' '420 300 300 200 back'
 # Restored, the front window in front. Text typed into both, one of them moved, and the order changed.
 start_window "$1"
 expect_text front
-front=$window
-back=$(other_window)
+name_windows
 press ctrl+a
 type_keys '6*7'
 xdotool windowactivate "$back"
@@ -74,8 +78,7 @@ expect_windows '500 350 300 200 x=5' 'x/2' '100 80 365 234 6*7'
 # Once more without touching anything: nothing drifts. A second start brings the front window to the front.
 start_window "$1"
 expect_text $'x=5\nx/2'
-front=$window
-back=$(other_window)
+name_windows
 xdotool windowminimize "$back"
 wait_for 15 one_window || give_up "the window does not minimise"
 xdotool windowminimize "$front"

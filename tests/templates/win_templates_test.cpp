@@ -218,7 +218,7 @@ TEST_F(WinTemplates, DrawsBandsRulesAndTheFadingShade) {
 }
 
 TEST_F(WinTemplates, PreviewIsCentredAndCut) {
-  const String longLine = "words words words words words words words words words words words words";
+  const String longLine = "words and words and words and words and words and words and words and words and words";
   const struct {
     const char* name;
     String text;
@@ -227,7 +227,7 @@ TEST_F(WinTemplates, PreviewIsCentredAndCut) {
   } rows[] = {
       {"one line", "HHH", 25, 35, 6},
       {"two lines", "HHH\nHHH", 16, 44, 7},
-      {"wrapped", longLine, 8, 52, 8},
+      {"wrapped", longLine, 16, 44, 7},
       {"cut", "HHH\nHHH\nHHH\nHHH\nHHH\nHHH", 4, 59, 4},
       {"a megabyte", String(1'000'000, 'H'), 4, 59, 4},
       {"blank", " \n\n", -1, -1, 0},
