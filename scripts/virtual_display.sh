@@ -51,8 +51,9 @@ start_display() {
   unset WAYLAND_DISPLAY XAUTHORITY DBUS_SESSION_BUS_ADDRESS
   local number=$virtualFolder/display
   : >"$number"
-  # The server picks a free number itself and tells it once it can be reached.
-  in_background Xvfb sh -c 'exec Xvfb -displayfd 3 -screen 0 "$1"x24 -nolisten tcp 3>"$2"' sh "$1" "$number"
+  # The server picks a free number itself and tells it once it can be reached. It would begin anew, and turn clients away
+  # meanwhile, each time its last client goes.
+  in_background Xvfb sh -c 'exec Xvfb -displayfd 3 -screen 0 "$1"x24 -nolisten tcp -noreset 3>"$2"' sh "$1" "$number"
   wait_for 20 test -s "$number" || give_up "the virtual display does not start"
   DISPLAY=:$(<"$number")
   export DISPLAY
