@@ -37,7 +37,7 @@ open_equation
 put_clipboard <"$equation"
 press ctrl+v ctrl+Home
 if [[ -n $result ]]; then
-  wait_for 30 shows_text southwest 300x28+0+2 || give_up "no result appears"
+  wait_for 30 shows_text southwest 300x14+2+6 || give_up "no result appears"
 else
   wait_for 3 shows_text northwest 300x150+2+2 || true # blank lines show nothing
 fi
