@@ -67,16 +67,22 @@ void FollowFocus() {
   });
 }
 
+// Nothing while another window is in front, which may have no control of its own that takes the focus.
+QWidget* Target() {
+  const bool isInFront = editTarget && WindowCount() > 0 && editTarget->window() == &WindowAt(0);
+  return isInFront ? editTarget.data() : nullptr;
+}
+
 void BindEditItems(MenuBar& menuBar) {
   FollowFocus();
   for (const auto& [name, command] : editCommands) {
     menuBar.BindHandler(name, [command = command] {
-      Edit(editTarget, command);
+      Edit(Target(), command);
       return true;
     });
   }
   QObject::connect(&menuBar.Menu("EditMenu"), &QMenu::aboutToShow, &menuBar, [&menuBar] {
-    for (const auto& [name, command] : editCommands) menuBar.Item(name).setEnabled(CanEdit(editTarget, command));
+    for (const auto& [name, command] : editCommands) menuBar.Item(name).setEnabled(CanEdit(Target(), command));
   });
   // Outside the menu they are always enabled: a text control answers their shortcuts itself.
   QObject::connect(&menuBar.Menu("EditMenu"), &QMenu::aboutToHide, &menuBar, [&menuBar] {

@@ -53,6 +53,7 @@ void AppendNew(QMenu& menu) {
     if (IsListed(window)) continue;
     QAction* item = menu.addAction(window.windowTitle());
     item->setCheckable(true);
+    item->setMenuRole(QAction::NoRole);
     const QPointer<Window> winRef = &window;
     QObject::connect(item, &QAction::triggered, item, [winRef] {
       if (winRef) winRef->Show();

@@ -15,6 +15,7 @@
 #include "framework/ui/manual_clock.h"
 #include "shell/app.h"
 #include "shell/text_import.h"
+#include "shell/win_about.h"
 #include "shell/win_help.h"
 #include "shell/win_preferences.h"
 
@@ -124,7 +125,15 @@ TEST_F(Menus, EditItemsActOnTheTextWithTheFocus) {
   MenuBar1().Choose("EditUndo");
   MenuBar1().Choose("EditUndo");
   EXPECT_EQ(window.textInput().Text(), "7x=2");
+  // neither the result's area nor an equation behind another window
+  window.textInput().selectAll();
+  winAbout::Instance().Show();
+  QCoreApplication::processEvents();
+  MenuBar1().Choose("EditCut");
+  EXPECT_EQ(window.textInput().Text(), "7x=2");
+  window.Show();
   window.textOutput().setFocus();
+  QCoreApplication::processEvents();
   MenuBar1().Choose("EditClear");
   EXPECT_EQ(window.textInput().Text(), "7x=2");
 }

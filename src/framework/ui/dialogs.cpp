@@ -67,6 +67,8 @@ void SetExplanation(QMessageBox& alert, std::string_view text) {
   if (auto* label = alert.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
     label->setTextFormat(Qt::PlainText);
   alert.setInformativeText(AlertText(text));
+  const QString whole = ToQString(text);
+  if (Cut(whole) != whole) alert.setDetailedText(whole);  // behind a button
 }
 
 void ShowMessage(std::string_view text) {
@@ -77,7 +79,9 @@ void ShowMessage(std::string_view text) {
 }
 
 DialogButton ShowQuestion(const MessageDialog& dialog) {
-  const QPointer<QMessageBox> alert = NewAlert(QMessageBox::Question, dialog.Message);
+  const bool isQuestion = dialog.CancelButton || !dialog.AlternateActionButton.empty();
+  const QPointer<QMessageBox> alert =
+      NewAlert(isQuestion ? QMessageBox::Question : QMessageBox::Warning, dialog.Message);
   SetExplanation(*alert, dialog.Explanation);
   QPushButton* action = alert->addButton(ToQString(dialog.ActionButton), QMessageBox::AcceptRole);
   alert->setDefaultButton(action);

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QPointer>
 #include <utility>
 
 #include "framework/ui/qt_text.h"
@@ -49,8 +50,14 @@ std::vector<FolderItem> OpenDialog::ShowModal() const {
 
 std::optional<FolderItem> SaveAsDialog::ShowModalWithin(Window& parent) const {
   if (Handlers().saveAs) return Handlers().saveAs(*this, parent);
-  const QString place = QDir(LastFolder()).filePath(AsFileName(SuggestedFileName));
-  const QString path = QFileDialog::getSaveFileName(&parent, QString(), place);
+  // The parent, and with it the dialog, may go while the dialog stands.
+  const QPointer<QFileDialog> dialog = new QFileDialog(&parent, QString(), LastFolder());
+  dialog->setAcceptMode(QFileDialog::AcceptSave);
+  dialog->setFileMode(QFileDialog::AnyFile);
+  dialog->selectFile(AsFileName(SuggestedFileName));
+  const bool chosen = dialog->exec() == QDialog::Accepted && dialog;
+  const QString path = chosen ? dialog->selectedFiles().value(0) : QString();
+  delete dialog;
   if (path.isEmpty()) return {};
   return ItemOf(path);
 }

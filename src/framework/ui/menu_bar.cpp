@@ -18,6 +18,12 @@ Value& Named(const std::map<std::string, Value*>& values, const std::string& nam
   return *found->second;
 }
 
+// A plain character is no shortcut of any item, and typing must not wait for an enabling pass.
+bool IsTyping(const QKeyEvent& key) {
+  const Qt::KeyboardModifiers plain = Qt::ShiftModifier | Qt::KeypadModifier | Qt::GroupSwitchModifier;
+  return !key.text().isEmpty() && key.text().front().isPrint() && !(key.modifiers() & ~plain);
+}
+
 }  // namespace
 
 MenuBar::MenuBar() { qApp->installEventFilter(this); }
@@ -77,7 +83,8 @@ bool MenuBar::Choose(const std::string& name) {
 }
 
 bool MenuBar::eventFilter(QObject* receiver, QEvent* event) {
-  if (event->type() == QEvent::ShortcutOverride && receiver->isWindowType()) Update();
+  if (event->type() != QEvent::ShortcutOverride || !receiver->isWindowType()) return false;
+  if (!IsTyping(static_cast<const QKeyEvent&>(*event))) Update();
   return false;
 }
 
