@@ -7,6 +7,7 @@
 #   open_equation                   after a first start: leaves the chooser for an empty equation, and sets `window`
 #   type_keys TEXT, press KEY...    works the keyboard
 #   put_clipboard, get_clipboard    from standard input, to standard output
+#   skip_without TOOL...            ends with status 77, "skipped" to the test runner, where a tool is missing
 #   wait_for SECONDS COMMAND...     repeats the command until it succeeds; fails when the time is over
 
 virtualFolder=$(mktemp -d)
@@ -23,6 +24,15 @@ end_virtual_display() {
 trap end_virtual_display EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM
+
+skip_without() {
+  local tool
+  for tool in "$@"; do
+    if command -v "$tool" >/dev/null; then continue; fi
+    echo "skipped: there is no $tool"
+    exit 77
+  done
+}
 
 wait_for() {
   local end=$((SECONDS + $1 + 1))

@@ -1,7 +1,6 @@
 #include "shell/win_about.h"
 
 #include <QCoreApplication>
-#include <QKeyEvent>
 #include <QPainter>
 
 #include "framework/ui/fitting_font.h"
@@ -40,14 +39,8 @@ winAbout::winAbout() { Create(); }
 
 void winAbout::Layout() {
   setAccessibleName(tr("About Sumlet"));  // the window has no title
-  setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                 Qt::WindowCloseButtonHint);
-  SetMenuBarVisible(false);
-  SetMinimizeButton(false);
-  SetSizeLimits(fixedSize, fixedSize);
-  SetWidth(fixedSize.width());
-  SetHeight(fixedSize.height());
-  SetPlacement(Placement::Centred);
+  SetFixed(fixedSize);
+  SetEscapeCloses();
 }
 
 void winAbout::CreateControls() {
@@ -69,13 +62,6 @@ QLabel* winAbout::CreateLabel(const QString& text, const QRect& bounds, QFont::W
   label->setFont(FittingFont(font, text, bounds.size()));
   AddControl(*label, bounds, {});
   return label;
-}
-
-void winAbout::keyPressEvent(QKeyEvent* event) {
-  if (event->matches(QKeySequence::Cancel))
-    Close();
-  else
-    Window::keyPressEvent(event);
 }
 
 }  // namespace sumlet

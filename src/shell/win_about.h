@@ -19,7 +19,6 @@ class winAbout final : public Window {
  protected:
   void Layout() override;
   void CreateControls() override;
-  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   winAbout();

@@ -93,6 +93,7 @@ void winHelp::Layout() {
   SetWidth(538);
   SetHeight(580);
   SetPlacement(Placement::Centred);
+  SetEscapeCloses();
 }
 
 void winHelp::CreateControls() {
@@ -125,13 +126,6 @@ bool winHelp::list_CellBackgroundPaint(CellGraphics& g, Int32 /*row*/, Int32 col
 bool winHelp::list_CellTextPaint(CellGraphics& g, Int32 /*row*/, Int32 /*column*/) {
   g.painter.setPen(Qt::black);
   return false;
-}
-
-void winHelp::keyPressEvent(QKeyEvent* event) {
-  if (event->matches(QKeySequence::Cancel))
-    Close();
-  else
-    BaseWindow::keyPressEvent(event);
 }
 
 }  // namespace sumlet

@@ -16,7 +16,6 @@ class winHelp final : public BaseWindow {
  protected:
   void Layout() override;
   void CreateControls() override;
-  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   winHelp();

@@ -1,7 +1,5 @@
 #include "shell/win_preferences.h"
 
-#include <QKeyEvent>
-
 #include "equationwindow/win_sumlet.h"
 #include "framework/text/numbers.h"
 #include "framework/ui/fitting_font.h"
@@ -24,14 +22,8 @@ winPreferences::winPreferences() { Create(); }
 
 void winPreferences::Layout() {
   setWindowTitle(tr("Preferences"));
-  setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                 Qt::WindowCloseButtonHint);
-  SetMenuBarVisible(false);
-  SetMinimizeButton(false);
-  SetSizeLimits(fixedSize, fixedSize);
-  SetWidth(fixedSize.width());
-  SetHeight(fixedSize.height());
-  SetPlacement(Placement::Centred);
+  SetFixed(fixedSize);
+  SetEscapeCloses();
 }
 
 void winPreferences::CreateControls() {
@@ -89,13 +81,6 @@ void winPreferences::popSize_Change() {
 
 void winPreferences::chkRestoreEquations_Action() {
   if (!Loading) Preferences::RememberEquations = chkRestoreEquations_->isChecked();
-}
-
-void winPreferences::keyPressEvent(QKeyEvent* event) {
-  if (event->matches(QKeySequence::Cancel))
-    Close();
-  else
-    BaseWindow::keyPressEvent(event);
 }
 
 }  // namespace sumlet

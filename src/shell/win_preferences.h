@@ -21,7 +21,6 @@ class winPreferences final : public BaseWindow {
   void Layout() override;
   void CreateControls() override;
   void Event_Open() override;
-  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   winPreferences();

@@ -202,6 +202,15 @@ TEST_F(Settings, ForbiddenPlaces) {
   fs::permissions(file_.parent_path(), fs::perms::owner_all);
 }
 
+TEST_F(Settings, ALinkIsFollowed) {
+  const String content = Saved();
+  const fs::path elsewhere = file_.parent_path() / "elsewhere";
+  fs::remove(file_);
+  fs::create_symlink(elsewhere, file_);  // leads nowhere yet
+  EXPECT_EQ(Saved(), content);
+  EXPECT_TRUE(fs::is_symlink(file_) && fs::is_regular_file(elsewhere));
+}
+
 TEST_F(Settings, NoRoom) {
   const String content = Saved();
   rlimit before = {};

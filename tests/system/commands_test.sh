@@ -3,13 +3,8 @@
 # a restart too: commands_test.sh PROGRAM. Status 77 where a tool that this needs is missing.
 set -euo pipefail
 
-for tool in Xvfb openbox xdotool xclip xprop; do
-  if ! command -v "$tool" >/dev/null; then
-    echo "skipped: there is no $tool"
-    exit 77
-  fi
-done
 source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/virtual_display.sh"
+skip_without Xvfb openbox xdotool xclip xprop
 
 text_reads() {
   press ctrl+a ctrl+c

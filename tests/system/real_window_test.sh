@@ -3,13 +3,8 @@
 # this needs is missing.
 set -euo pipefail
 
-for tool in Xvfb openbox xdotool xclip xprop; do
-  if ! command -v "$tool" >/dev/null; then
-    echo "skipped: there is no $tool"
-    exit 77
-  fi
-done
 source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/virtual_display.sh"
+skip_without Xvfb openbox xdotool xclip xprop
 
 # area_reads TEXT: whether the area that has the focus holds TEXT. Copying nothing leaves the clipboard as it was.
 area_reads() {

@@ -3,14 +3,9 @@
 # once more beside itself: session_test.sh PROGRAM. Status 77 where a tool that this needs is missing.
 set -euo pipefail
 
-for tool in Xvfb openbox xdotool xclip xprop python3; do
-  if ! command -v "$tool" >/dev/null; then
-    echo "skipped: there is no $tool"
-    exit 77
-  fi
-done
 folder=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 source "$folder/../../scripts/virtual_display.sh"
+skip_without Xvfb openbox xdotool xclip xprop python3
 
 settings="$virtualFolder/home/.local/share/Application Support/com.fernhill.sumlet/preferences"
 settings_file() { python3 -B "$folder/settings_file.py" "$@"; }

@@ -117,7 +117,9 @@ Target OpenTarget(const std::filesystem::path& path) {
   if (target.file.IsOpen() || errno != ENOENT) return target;
   target.isNew = true;
 #if defined(__linux__)
-  target.file = Descriptor(open(path.parent_path().c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR));
+  std::error_code error;
+  if (!std::filesystem::is_symlink(path, error))  // a link that leads nowhere yet gets its file by the ordinary way
+    target.file = Descriptor(open(path.parent_path().c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR));
   if (target.file.IsOpen()) {
     target.nameless = "/proc/self/fd/" + std::to_string(target.file.Number());
     return target;

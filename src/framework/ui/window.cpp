@@ -129,6 +129,16 @@ QRect Window::WindowedBounds() const {
   return {bounds.topLeft() - frameOffset_, QSize(bounds.width(), bounds.height() - MenuBarHeight(bounds.width()))};
 }
 
+void Window::SetFixed(const QSize& size) {
+  setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                 Qt::WindowCloseButtonHint);
+  SetMenuBarVisible(false);
+  SetMinimizeButton(false);
+  SetSizeLimits(size, size);
+  ResizeContent(size.width(), size.height());
+  SetPlacement(Placement::Centred);
+}
+
 void Window::SetMenuBar(QMenuBar* bar) {
   const QSize content(Width(), Height());
 #if !defined(Q_OS_MACOS)
@@ -237,7 +247,9 @@ void Window::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
                         (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
   QPushButton* button = isReturn ? defaultButton_ : event->matches(QKeySequence::Cancel) ? cancelButton_ : nullptr;
-  if (!button)
+  if (!button && escapeCloses_ && event->matches(QKeySequence::Cancel))
+    Close();
+  else if (!button)
     QWidget::keyPressEvent(event);
   else if (!event->isAutoRepeat())
     button->click();

@@ -88,6 +88,10 @@ class Window : public QWidget {
   void SetPlacement(Placement placement) { placement_ = placement; }
   void SetFrame(Frame frame) { frame_ = frame; }
 
+  // A small window of one size, in pixels of content: without a drawn menu bar, not minimised, not maximised, centred.
+  void SetFixed(const QSize& size);
+  // Escape closes the window, as long as no control makes use of the key.
+  void SetEscapeCloses() { escapeCloses_ = true; }
   void SetMenuBarVisible(bool visible) { menuBarVisible_ = visible; }
   void SetMinimizeButton(bool present) { minimizeButton_ = present; }
   void BindMenuHandler(const std::string& name, std::function<bool()> handler) { handlers_[name] = std::move(handler); }
@@ -155,6 +159,7 @@ class Window : public QWidget {
   std::map<std::string, std::function<bool()>> handlers_;
   bool menuBarVisible_ = true;
   bool minimizeButton_ = true;
+  bool escapeCloses_ = false;
   Placement placement_ = Placement::Default;
   Frame frame_ = Frame::Document;
   bool created_ = false;
