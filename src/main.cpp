@@ -6,7 +6,6 @@
 #include "framework/ui/browser.h"
 #include "framework/ui/dialogs.h"
 #include "persistence/my_window_manager.h"
-#include "persistence/preferences.h"
 #include "shell/app.h"
 #include "shell/application_icon.h"
 #include "shell/menus.h"
@@ -34,9 +33,8 @@ std::vector<const MyWindowManager::StoredWindow*> StoredWindows() {
 
 // The order of the sections is that of the settings file.
 void ConnectSettings() {
-  Preferences::RegisterSection(
-      {"TemplateList", TemplatesManager::Store, TemplatesManager::Load, TemplatesManager::LoadNothing});
-  Preferences::RegisterSection({"WindowList", MyWindowManager::Store, MyWindowManager::Load, [] {}});
+  TemplatesManager::RegisterSection();
+  MyWindowManager::RegisterSection();
   MyWindowManager::SetWindowList(StoredWindows);
   MyWindowManager::RegisterRestorer(
       {"template", [](const MyWindowManager::Record&) { winTemplates::Instance().Show(); }});

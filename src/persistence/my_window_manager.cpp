@@ -6,6 +6,7 @@
 #include "framework/text/numbers.h"
 #include "persistence/preferences.h"
 #include "persistence/repeated_alerts.h"
+#include "plist/plist_dict.h"
 
 namespace sumlet::MyWindowManager {
 namespace {
@@ -39,6 +40,26 @@ class KeyListRecord final : public Record {
   KeyList& list_;
 };
 
+// Values of a property list have a type of their own; the fallback tells which is wanted.
+class PropertyListRecord final : public Record {
+ public:
+  explicit PropertyListRecord(plistDict& node) : node_(node) {}
+  [[nodiscard]] bool HasItem(std::string_view key) const override { return node_.Exists(key); }
+  [[nodiscard]] Variant LoadItem(std::string_view key, const Variant& fallback) const override {
+    switch (VarType(fallback)) {
+      case VariantType::Integer:
+        return Int32ToVariant(node_.GetInteger(key, VariantToInt32(fallback)));
+      case VariantType::Boolean:
+        return BooleanToVariant(node_.GetBoolean(key, VariantToBoolean(fallback)));
+      default:
+        return StringToVariant(node_.GetString(key, VariantToString(fallback)));
+    }
+  }
+
+ private:
+  plistDict& node_;
+};
+
 void RestoreWindow(const Record& record) {
   const auto& restorers = Restorers();
   const auto holdsKey = [&record](const Restorer& restorer) { return record.HasItem(restorer.key); };
@@ -51,6 +72,11 @@ void RestoreWindow(const Record& record) {
 void SetWindowList(WindowList list) { Windows() = std::move(list); }
 
 void RegisterRestorer(Restorer restorer) { Restorers().push_back(std::move(restorer)); }
+
+void RegisterSection() {
+  Preferences::RegisterSection(
+      {"WindowList", Store, [](std::string_view data) { Load(data); }, [](plistDict& dict) { Load(dict); }});
+}
 
 String Store() {
   if (!Preferences::RememberEquations) return {};
@@ -75,6 +101,11 @@ void Load(std::string_view data) {
     record.AddData(outer.GetItem(Str(i)));
     RestoreWindow(KeyListRecord(record));
   }
+}
+
+void Load(plistDict& dict) {
+  if (!Preferences::RememberEquations) return;
+  for (Int32 i = dict.count() - 1; i >= 0; --i) RestoreWindow(PropertyListRecord(dict.child(Str(i))));
 }
 
 }  // namespace sumlet::MyWindowManager

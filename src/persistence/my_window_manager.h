@@ -12,6 +12,10 @@
 #include "framework/text/variant.h"
 #include "persistence/key_list.h"
 
+namespace sumlet {
+class plistDict;
+}  // namespace sumlet
+
 namespace sumlet::MyWindowManager {
 
 // A window that has something to store. A window of any other class leaves an empty record, which keeps its place.
@@ -46,8 +50,14 @@ void RegisterRestorer(Restorer restorer);
 // The records of all windows as a KeyList byte string; empty while RememberEquations is off.
 [[nodiscard]] String Store();
 
+// Makes the session a section of the settings file.
+void RegisterSection();
+
 // Opens the windows of `data`, the front one last, so that they stand in their old order. Does nothing while
 // RememberEquations is off. Records of unknown windows are passed over.
 void Load(std::string_view data);
+// The same from the dictionary of an older settings file, whose keys are "0", "1" and so on. Adds those that are
+// missing.
+void Load(plistDict& dict);
 
 }  // namespace sumlet::MyWindowManager

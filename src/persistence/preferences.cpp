@@ -1,7 +1,11 @@
 #include "persistence/preferences.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
+
+#include "framework/fault.h"
+#include "plist/plist.h"
 
 namespace sumlet::Preferences {
 
@@ -10,6 +14,7 @@ bool TemplatesOpen = true;
 Int32 TextSize = defaultTextSize;
 bool RememberEquations = true;
 bool ShownReviewDialog = false;
+std::unique_ptr<plist> pref;
 
 namespace {
 
@@ -34,17 +39,59 @@ void LoadSettings(KeyList& list) {
   ShownReviewDialog = VariantToBoolean(LoadItem(list, "ShownReviewDialog", BooleanToVariant(false)));
 }
 
-// A first start: every setting takes its default, and so does every section.
-void LoadDefaults() {
-  KeyList empty;
-  empty.BinaryFormat = true;
-  LoadSettings(empty);
-  for (const Section& section : Sections()) section.LoadNothing();
+void LoadOlderSettings(plistDict& root) {
+  RunCount = root.GetInteger("RunCount", 0);
+  TemplatesOpen = root.GetBoolean("TemplatesOpen", true);
+  TextSize = root.GetInteger("TextSize", defaultTextSize);
+  RememberEquations = root.GetBoolean("RememberEquations", true);
+  ShownReviewDialog = root.GetBoolean("ShownReviewDialog", false);
+}
+
+// The dictionary of a section; nullptr when the file has something else in its place.
+plistDict* OlderSection(plistDict& root, std::string_view key) {
+  try {
+    return &root.child(key);
+  } catch (const Fault&) {
+    return nullptr;
+  }
+}
+
+// False when something inside was not what it should be. What was read before that stays.
+bool LoadOlderSection(const Section& section, plistDict& dict) {
+  try {
+    section.LoadOlder(dict);
+    return true;
+  } catch (const Fault&) {
+    return false;
+  }
+}
+
+// A file without the settings, as on a first start without any file, gives the defaults. Reading ends at the first
+// thing that is out of place, and the sections behind it take their defaults, too.
+void PLIST_Load() {
+  const std::optional<FolderItem> folder = SpecialFolder::Preferences();
+  pref = std::make_unique<plist>(folder ? folder->Child("com.fernhill.sumlet.plist") : FolderItem({}));
+  LoadOlderSettings(pref->root());
+  bool intact = true;
+  for (const Section& section : Sections()) {
+    plistDict nothing;
+    plistDict* dict = intact ? OlderSection(pref->root(), section.key) : nullptr;
+    intact = LoadOlderSection(section, dict != nullptr ? *dict : nothing) && dict != nullptr;
+  }
 }
 
 }  // namespace
 
-void RegisterSection(Section section) { Sections().push_back(std::move(section)); }
+void RegisterSection(Section section) {
+  std::vector<Section>& sections = Sections();
+  const auto place = std::find_if(sections.begin(), sections.end(),
+                                  [&section](const Section& other) { return other.key == section.key; });
+  if (place != sections.end()) {
+    *place = std::move(section);
+  } else {
+    sections.push_back(std::move(section));
+  }
+}
 
 std::optional<FolderItem> GetPrefFile(bool create) {
   const std::optional<FolderItem> library = SpecialFolder::UserLibrary();
@@ -68,7 +115,7 @@ void Load() {
   const std::optional<FolderItem> file = GetPrefFile(false);
   const std::optional<String> content = file ? file->ReadBinaryFile() : std::nullopt;
   if (!content) {
-    LoadDefaults();
+    PLIST_Load();
     return;
   }
   KeyList list;

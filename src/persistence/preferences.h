@@ -5,6 +5,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string_view>
 
@@ -12,6 +13,11 @@
 #include "framework/text/text.h"
 #include "framework/text/variant.h"
 #include "persistence/key_list.h"
+
+namespace sumlet {
+class plist;
+class plistDict;
+}  // namespace sumlet
 
 namespace sumlet::Preferences {
 
@@ -23,12 +29,13 @@ extern Int32 TextSize;          // of new equation windows, in points; as stored
 extern bool RememberEquations;  // the open equations come back at the next start
 extern bool ShownReviewDialog;  // the review prompt has been shown
 
-// A part of the file that another module owns. Sections are written, and read, in the order of their registration.
+// A part of the file that another module owns. Sections are written, and read, in the order of their registration;
+// one registered under a key that is there takes that one's place.
 struct Section {
   String key;
   std::function<String()> Store;                    // the value to be written
   std::function<void(std::string_view data)> Load;  // takes the value read; empty when the file has none
-  std::function<void()> LoadNothing;                // takes the place of Load when there is no settings file
+  std::function<void(plistDict& dict)> LoadOlder;   // takes the place of Load when there is no settings file
 };
 void RegisterSection(Section section);
 
@@ -36,8 +43,12 @@ void RegisterSection(Section section);
 // cannot be made either.
 [[nodiscard]] std::optional<FolderItem> GetPrefFile(bool create);
 
+// The older settings file, a property list, when Load has read it. Kept to the end of the program and read by nothing.
+extern std::unique_ptr<plist> pref;
+
 // Reads the file into the settings and the sections. What is missing takes its default; damage is told by MsgBox, in
-// words of KeyList.
+// words of KeyList. Where there is no file, or it cannot be opened, reads the older one, which is never written; where
+// that is missing, too, everything takes its default. Damage there is not told.
 void Load();
 
 // Writes the file anew. Where that is not possible it does nothing and says nothing.

@@ -8,6 +8,7 @@
 #include "persistence/key_list.h"
 #include "persistence/preferences.h"
 #include "persistence/repeated_alerts.h"
+#include "plist/plist_dict.h"
 
 namespace sumlet::TemplatesManager {
 
@@ -56,6 +57,11 @@ void Remove(Int32 index) {
   Key.Remove(index);
 }
 
+void RegisterSection() {
+  Preferences::RegisterSection(
+      {"TemplateList", Store, [](std::string_view data) { Load(data); }, [](plistDict& dict) { Load(dict); }});
+}
+
 String Store() {
   KeyList outer;
   outer.BinaryFormat = true;
@@ -86,8 +92,14 @@ void Load(std::string_view data) {
   AddDefaults();
 }
 
-void LoadNothing() {
+void Load(plistDict& dict) {
   Clear();
+  const Int32 count = dict.count();
+  for (Int32 i = 0; i < count; ++i) {
+    plistDict& record = dict.child(Str(i));
+    if (record.Exists("equation") && record.Exists("name"))
+      Append(record.GetString("name"), DecodeURLComponent(record.GetString("equation")));
+  }
   AddDefaults();
 }
 

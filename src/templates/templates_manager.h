@@ -6,6 +6,10 @@
 #include "framework/text/array.h"
 #include "framework/text/text.h"
 
+namespace sumlet {
+class plistDict;
+}  // namespace sumlet
+
 namespace sumlet::TemplatesManager {
 
 // Element i of Key names the text in element i of EquationText. The order is that of adding. Names need not be unique.
@@ -19,13 +23,17 @@ void Add(std::string_view name, std::string_view equation);
 // By 0-based index; a Fault when there is none.
 void Remove(Int32 index);
 
+// Makes the templates a section of the settings file.
+void RegisterSection();
+
 // All templates as a KeyList byte string.
 [[nodiscard]] String Store();
 
 // Replaces all templates by those of `data`; a record without name or text is passed over. Damage is told by MsgBox in
 // words of KeyList. Before the first save ever, two examples are added.
 void Load(std::string_view data);
-// The same without any stored templates.
-void LoadNothing();
+// The same from the dictionary of an older settings file, whose keys are "0", "1" and so on. Adds those that are
+// missing.
+void Load(plistDict& dict);
 
 }  // namespace sumlet::TemplatesManager

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <random>
 
 #include "framework/text/utf8.h"
 
@@ -72,6 +73,32 @@ TEST(Text, PiecesByCharacters) {
   EXPECT_EQ(Mid("abcd", -3, 5), "");
   EXPECT_EQ(Mid("abcd", lowest, highest), "");
   EXPECT_EQ(Mid("a😀é€", 2, 2), "😀é");
+}
+
+// A long text is searched for in another way, which has to find the same: texts of few letters, so that beginnings
+// recur.
+TEST(Text, InStrOfLongTexts) {
+  std::mt19937 random(7);
+  const String letters[] = {"a", "A", "b", "é", "\xFF"};
+  const auto text = [&](std::size_t length, std::size_t kinds) {
+    String result;
+    while (length-- > 0) result += letters[random() % kinds];
+    return result;
+  };
+  for (int round = 0; round < 200; ++round) {
+    const String unit = text(1 + random() % 6, 5);
+    String find;
+    while (find.size() <= 64) find += unit;
+    find += text(random() % 2, 5);
+    String source = text(random() % 3, 5);
+    while (source.size() < 300) source += unit;
+    source += find + unit;
+    const Int32 start = static_cast<Int32>(random() % 5);
+    Int32 expected = std::max(start, 1);
+    while (!SameText(Mid(source, expected, Len(find)), find)) ++expected;
+    EXPECT_EQ(InStr(start, source, find), expected) << source << " " << find;
+    EXPECT_EQ(InStr(source, find + "no"), 0);
+  }
 }
 
 TEST(Text, InStr) {

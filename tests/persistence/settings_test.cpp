@@ -23,15 +23,14 @@ namespace fs = std::filesystem;
 class Settings : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    namespace Templates = TemplatesManager;
-    namespace Windows = MyWindowManager;
-    Preferences::RegisterSection({"TemplateList", Templates::Store, Templates::Load, Templates::LoadNothing});
-    Preferences::RegisterSection({"WindowList", Windows::Store, Windows::Load, [] {}});
+    TemplatesManager::RegisterSection();
+    MyWindowManager::RegisterSection();
   }
 
   Settings() {
     MyWindowManager::SetWindowList([] { return std::vector<const MyWindowManager::StoredWindow*>(); });
     setenv("XDG_DATA_HOME", folder_.c_str(), 1);
+    setenv("XDG_CONFIG_HOME", folder_.c_str(), 1);
     fs::create_directories(file_.parent_path());
     SetAll(7, {"old"});
   }

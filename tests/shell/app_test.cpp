@@ -40,12 +40,13 @@ class ApplicationLife : public testing::Test {
     const auto load = [] {
       if (current && current->WhenLoading) current->WhenLoading();
     };
-    Preferences::RegisterSection(
-        {"Probe", [] { return current ? current->NoteSave() : String(); }, [load](std::string_view) { load(); }, load});
+    Preferences::RegisterSection({"Probe", [] { return current ? current->NoteSave() : String(); },
+                                  [load](std::string_view) { load(); }, [load](plistDict&) { load(); }});
   }
   ApplicationLife() {
     current = this;
     qputenv("XDG_DATA_HOME", folder.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
     winSumlet::ScheduleSave = [this] { app.ScheduleSave(); };
     Preferences::RememberEquations = true;
   }

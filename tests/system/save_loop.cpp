@@ -13,7 +13,7 @@ int main() {
                                   constexpr std::size_t lengths[] = {3'000'000, 10, 300'000, 70'000};
                                   return String(lengths[saves % 4], static_cast<char>('a' + saves % 26));
                                 },
-                                [](std::string_view) {}, [] {}});
+                                [](std::string_view) {}, [](plistDict&) {}});
   std::cout << "saving" << std::endl;
   for (;; ++saves) Preferences::Save();
 }

@@ -96,6 +96,18 @@ wait_for 15 chooser_is_active || give_up "the chooser does not come up"
 quit HUP
 expect_windows chooser
 
+# Without a settings file the older one is taken over, binary here, and left as it is.
+rm "$settings"
+older="$virtualFolder/home/.config/com.fernhill.sumlet.plist"
+mkdir -p "$virtualFolder/home/.config"
+cp "$folder/../plist/data/settings.bplist" "$older"
+start_window "$1"
+expect_text '6*7'
+quit TERM
+expect_windows '100 80 365 234 6*7' '420 300 300 200 x=5'$'\n''x/2'
+settings_file templates "$settings" | grep -qx 'Three &amp; a half: price=19.99, price\*3' || give_up "the templates are missing"
+cmp "$folder/../plist/data/settings.bplist" "$older" || give_up "the older settings file has been written"
+
 # A damaged file: the alert that stands does not hold up quitting, and nothing is saved over what could not be read.
 printf 'X' >"$settings"
 start_window "$1"

@@ -5,6 +5,13 @@
 
 #include "framework/file/file_content.h"
 
+#if defined(_WIN32)
+#include <windows.h>
+#elif defined(__APPLE__)
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
 namespace sumlet {
 namespace {
 
@@ -45,6 +52,32 @@ void FolderItem::CreateAsFolder() const {
 std::optional<String> FolderItem::ReadBinaryFile() const { return ReadContent(path_); }
 
 bool FolderItem::WriteBinaryFile(std::string_view content) const { return ReplaceContent(path_, content); }
+
+bool FolderItem::CopyFileTo(const FolderItem& target) const {
+  const std::optional<String> content = ReadContent(path_);
+  return content && ReplaceContent(target.path_, *content);
+}
+
+void FolderItem::Delete() const {
+  std::error_code error;
+  fs::remove(path_, error);
+}
+
+String FolderItem::AbsolutePath() const {
+  std::error_code error;
+  const fs::path absolute = fs::absolute(path_, error);
+  return (error ? path_ : absolute).string();
+}
+
+#if defined(_WIN32)
+void FolderItem::SetVisible(bool visible) const {
+  SetFileAttributesW(path_.c_str(), visible ? FILE_ATTRIBUTE_NORMAL : FILE_ATTRIBUTE_HIDDEN);
+}
+#elif defined(__APPLE__)
+void FolderItem::SetVisible(bool visible) const { chflags(path_.c_str(), visible ? 0 : UF_HIDDEN); }
+#else
+void FolderItem::SetVisible(bool /*visible*/) const {}
+#endif
 
 #if defined(_WIN32)
 std::optional<FolderItem> SpecialFolder::UserLibrary() { return UserFolder("APPDATA", "AppData/Roaming"); }

@@ -30,6 +30,17 @@ class FolderItem {
   // old content is then unchanged.
   bool WriteBinaryFile(std::string_view content) const;
 
+  // Copies the file to `target`, which is replaced. False when that cannot be.
+  bool CopyFileTo(const FolderItem& target) const;
+  // Deletes the file, or the folder if it is empty. What does not exist, or is not the user's, is left.
+  void Delete() const;
+
+  // The whole path, from the root on.
+  [[nodiscard]] String AbsolutePath() const;
+
+  // Whether file managers show the item. Where only a name hides a file, as on Linux, setting has no effect.
+  void SetVisible(bool visible) const;
+
  private:
   std::filesystem::path path_;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "framework/text/utf8.h"
 
@@ -51,13 +52,18 @@ bool MatchesAt(std::string_view source, std::size_t begin, const std::u32string&
   return true;
 }
 
-Match FindCharacters(std::string_view source, std::string_view find, std::size_t from) {
+std::u32string Folded(std::string_view text) {
   std::u32string folded;
-  for (std::size_t i = 0; i < find.size();) {
-    const Utf8Character character = CharacterAt(find, i);
+  for (std::size_t i = 0; i < text.size();) {
+    const Utf8Character character = CharacterAt(text, i);
     folded += FoldCase(character.code);
     i += character.length;
   }
+  return folded;
+}
+
+Match FindCharacters(std::string_view source, std::string_view find, std::size_t from) {
+  const std::u32string folded = Folded(find);
   for (std::size_t begin = from; begin < source.size(); begin += CharacterAt(source, begin).length) {
     std::size_t end = 0;
     if (MatchesAt(source, begin, folded, end)) return {true, begin, end};
@@ -65,10 +71,43 @@ Match FindCharacters(std::string_view source, std::string_view find, std::size_t
   return {};
 }
 
+// For every length of a beginning of `text`: the length of the longest shorter one that it also ends with.
+std::vector<std::size_t> Borders(const std::u32string& text) {
+  std::vector<std::size_t> borders(text.size() + 1, 0);
+  for (std::size_t i = 1, length = 0; i < text.size(); ++i) {
+    while (length > 0 && text[i] != text[length]) length = borders[length];
+    if (text[i] == text[length]) ++length;
+    borders[i + 1] = length;
+  }
+  return borders;
+}
+
+// Knuth, Morris and Pratt's search: looks at every character once. The searches above begin anew at every hit of the
+// first character, which for a long text of a hostile file takes the product of both lengths.
+Match FindLong(std::string_view source, std::string_view find, std::size_t from) {
+  const std::u32string folded = Folded(find);
+  const std::vector<std::size_t> borders = Borders(folded);
+  std::vector<std::size_t> begins(folded.size());  // of as many characters, the latest ones, as a hit has
+  std::size_t matched = 0;
+  for (std::size_t at = from, count = 0; at < source.size(); ++count) {
+    const Utf8Character character = CharacterAt(source, at);
+    const char32_t code = FoldCase(character.code);
+    begins[count % folded.size()] = at;
+    at += character.length;
+    while (matched > 0 && folded[matched] != code) matched = borders[matched];
+    if (folded[matched] == code) ++matched;
+    if (matched == folded.size()) return {true, begins[(count + 1) % folded.size()], at};
+  }
+  return {};
+}
+
+constexpr std::size_t longText = 64;  // bytes
+
 }  // namespace
 
 Match FindText(std::string_view source, std::string_view find, std::size_t from) {
   if (from > source.size()) return {};
+  if (find.size() > longText) return FindLong(source, find, from);
   const bool bytes = IsByteComparable(find) || (IsAscii(find) && IsAscii(source));
   return bytes ? FindBytes(source, find, from) : FindCharacters(source, find, from);
 }

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <utility>
 
 #include "framework/ui/qt_text.h"
@@ -24,10 +25,10 @@ constexpr Int32 spokenLength = 1000;  // characters
 
 class Listbox::Rows final : public QAbstractTableModel {
  public:
-  using QAbstractTableModel::QAbstractTableModel;
+  Rows(QObject* parent, Int32 columns) : QAbstractTableModel(parent), columns_(columns) {}
 
   [[nodiscard]] int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : Count(); }
-  [[nodiscard]] int columnCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : ColumnCount; }
+  [[nodiscard]] int columnCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : columns_; }
 
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
     if (role == Qt::DisplayRole) return ToQString(sumlet::Left(Cell(index.row(), index.column()), spokenLength));
@@ -35,11 +36,12 @@ class Listbox::Rows final : public QAbstractTableModel {
     return {};
   }
 
-  [[nodiscard]] static std::size_t Checked(Int32 column) {
-    if (column < 0 || column >= ColumnCount) throw Fault("a column that does not exist");
+  [[nodiscard]] std::size_t Checked(Int32 column) const {
+    if (column < 0 || column >= columns_) throw Fault("a column that does not exist");
     return static_cast<std::size_t>(column);
   }
 
+  [[nodiscard]] Int32 ColumnCount() const { return columns_; }
   [[nodiscard]] Int32 Count() const { return rows_.Ubound() + 1; }
   [[nodiscard]] const String& Cell(Int32 row, Int32 column) const { return rows_[row][Checked(column)]; }
 
@@ -63,10 +65,12 @@ class Listbox::Rows final : public QAbstractTableModel {
   Int32 rowHeight = -1;
 
  private:
+  Int32 columns_;
   Array<Row> rows_;
 };
 
-Listbox::Listbox(QWidget* parent) : QTreeView(parent), rows_(new Rows(this)) {
+Listbox::Listbox(QWidget* parent, Int32 columnCount)
+    : QTreeView(parent), rows_(new Rows(this, std::clamp(columnCount, 1, largestColumnCount))) {
   setModel(rows_);
   setFrameStyle(QFrame::Box | QFrame::Plain);
   setLineWidth(1);
@@ -83,7 +87,7 @@ Listbox::Listbox(QWidget* parent) : QTreeView(parent), rows_(new Rows(this)) {
   setHeaderHidden(true);
   header()->setMinimumSectionSize(1);
   header()->setSectionResizeMode(0, QHeaderView::Fixed);
-  header()->setSectionResizeMode(1, QHeaderView::Stretch);
+  header()->setSectionResizeMode(rows_->ColumnCount() - 1, QHeaderView::Stretch);
 }
 
 void Listbox::SetFirstColumnWidth(Int32 width) { header()->resizeSection(0, width); }
@@ -94,9 +98,11 @@ void Listbox::SetDefaultRowHeight(Int32 height) {
 }
 
 void Listbox::SetColumnAlignment(Int32 column, ColumnAlignment alignment) {
-  alignments_[Rows::Checked(column)] = alignment;
+  alignments_[rows_->Checked(column)] = alignment;
   viewport()->update();
 }
+
+Int32 Listbox::ColumnCount() const { return rows_->ColumnCount(); }
 
 Int32 Listbox::ListCount() const { return rows_->Count(); }
 
@@ -131,7 +137,7 @@ void Listbox::SetColours() {
 void Listbox::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
   const Int32 row = index.row();
   const bool selected = row == ListIndex();
-  for (Int32 column = 0; column < ColumnCount; ++column) {
+  for (Int32 column = 0; column < ColumnCount(); ++column) {
     const QRect cell(columnViewportPosition(column), option.rect.y(), columnWidth(column), option.rect.height());
     if (cell.isEmpty()) continue;
     painter->save();
@@ -155,7 +161,7 @@ void Listbox::DrawText(CellGraphics& g, Int32 row, Int32 column) const {
   const QRect space(textMargin, 0, std::max(g.Width - 2 * textMargin, 0), g.Height);
   const QString shown = g.painter.fontMetrics().elidedText(line, textElideMode(), space.width());
   const Qt::Alignment side =
-      alignments_[Rows::Checked(column)] == ColumnAlignment::Right ? Qt::AlignRight : Qt::AlignLeft;
+      alignments_[rows_->Checked(column)] == ColumnAlignment::Right ? Qt::AlignRight : Qt::AlignLeft;
   g.painter.drawText(space, side | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }
 

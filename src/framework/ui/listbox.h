@@ -1,8 +1,8 @@
-// Listbox: a list of rows with two columns, of which one row at most is selected.
+// Listbox: a list of rows with one or two columns, of which one row at most is selected.
 //
 // Black on white whatever the desktop's colours, in the desktop's font, with a border of one pixel inside its bounds,
-// without headings, lines and a sign of the focus. A vertical scroll bar shows when it is needed. The second column
-// takes what the first leaves.
+// without headings, lines and a sign of the focus. A vertical scroll bar shows when it is needed. The last column takes
+// what is left.
 //
 // Rows and columns are 0-based; a row or column that does not exist is a Fault and changes nothing. Texts are UTF-8 and
 // come out byte for byte as they went in. Any number of rows and any length of texts is fine: what a cell does not show
@@ -29,14 +29,16 @@ enum class ColumnAlignment { Left = 1, Right = 3 };
 
 class Listbox : public QTreeView {
  public:
-  static constexpr Int32 ColumnCount = 2;
+  static constexpr Int32 largestColumnCount = 2;
 
-  explicit Listbox(QWidget* parent);
+  explicit Listbox(QWidget* parent, Int32 columnCount = largestColumnCount);
+
+  [[nodiscard]] Int32 ColumnCount() const;
 
   // The user can select another row but cannot take the selection away. The program can.
   bool RequiresSelection = false;
 
-  // In pixels.
+  // In pixels; of the first of two columns.
   void SetFirstColumnWidth(Int32 width);
   // At start every column is aligned left. A text that does not fit is cut at its end either way.
   void SetColumnAlignment(Int32 column, ColumnAlignment alignment);
@@ -48,7 +50,7 @@ class Listbox : public QTreeView {
   [[nodiscard]] Int32 ListIndex() const { return listIndex_; }
   void SetListIndex(Int32 row);
 
-  void AddRow(String first, String second);
+  void AddRow(String first, String second = {});
   void DeleteAllRows();
   [[nodiscard]] const String& Cell(Int32 row, Int32 column) const;
   void SetCell(Int32 row, Int32 column, String text);
@@ -70,7 +72,7 @@ class Listbox : public QTreeView {
                                                                      const QEvent* event) const override;
 
  private:
-  using Row = std::array<String, ColumnCount>;
+  using Row = std::array<String, largestColumnCount>;
   class Rows;
 
   void SetColours();
@@ -78,7 +80,7 @@ class Listbox : public QTreeView {
   void TakeListIndex(Int32 row);
 
   Rows* rows_;
-  std::array<ColumnAlignment, ColumnCount> alignments_ = {ColumnAlignment::Left, ColumnAlignment::Left};
+  std::array<ColumnAlignment, largestColumnCount> alignments_ = {ColumnAlignment::Left, ColumnAlignment::Left};
   Int32 listIndex_ = -1;
 };
 

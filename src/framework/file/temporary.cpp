@@ -1,0 +1,66 @@
+#include "framework/file/temporary.h"
+
+#include <cstdlib>
+#include <system_error>
+
+#if defined(_WIN32)
+#include "framework/text/numbers.h"
+#else
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace sumlet {
+namespace {
+
+namespace fs = std::filesystem;
+
+#if defined(_WIN32)
+
+// The folder for temporary files is the user's own there.
+std::optional<fs::path> NewFolder(const fs::path& parent) {
+  std::error_code error;
+  for (int tries = 0; tries < 100; ++tries) {
+    const fs::path folder = parent / ("sumlet-" + Hex(ToInt32(Rnd() * 0x7FFFFFFF)));
+    if (fs::create_directory(folder, error)) return folder;
+  }
+  return {};
+}
+
+bool MakeFolder(const fs::path& folder) {
+  std::error_code error;
+  return fs::create_directory(folder, error);
+}
+
+#else
+
+std::optional<fs::path> NewFolder(const fs::path& parent) {
+  String name = parent / "sumlet-XXXXXX";
+  if (mkdtemp(name.data()) == nullptr) return {};
+  return name;
+}
+
+bool MakeFolder(const fs::path& folder) { return mkdir(folder.c_str(), S_IRWXU) == 0; }
+
+#endif
+
+}  // namespace
+
+std::optional<FolderItem> GetTemporaryFolderItem() {
+  std::error_code error;
+  const fs::path parent = fs::temp_directory_path(error);
+  if (error) return {};
+  const std::optional<fs::path> folder = NewFolder(parent);
+  if (!folder) return {};
+  return FolderItem(*folder / "list.plist");
+}
+
+bool RemakeTemporaryFolder(const FolderItem& item) { return MakeFolder(item.Path().parent_path()); }
+
+void DeleteTemporary(const FolderItem& item) {
+  item.Delete();
+  std::error_code error;
+  fs::remove(item.Path().parent_path(), error);  // only when it is empty
+}
+
+}  // namespace sumlet

@@ -1,0 +1,85 @@
+// plist: a property list, read from a file into a tree of plistDict nodes, and written back.
+//
+// The files it is meant for have one pair of tags a line, indented with tabs, as the tools of macOS write them.
+// A binary one is converted by such a tool. Failures are told by `error` and `errorMessage`.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "framework/file/folder_item.h"
+#include "framework/text/array.h"
+#include "plist/plist_dict.h"
+
+namespace sumlet {
+
+class plist {
+ public:
+  // Reads `file`, or `fallback` when `file` does not exist. See Load.
+  explicit plist(const FolderItem& file, const std::optional<FolderItem>& fallback = {});
+  plist(plist&&) = delete;
+  plist& operator=(plist&&) = delete;
+  ~plist() = default;
+
+  [[nodiscard]] plistDict& root() const { return *root_; }
+
+  bool error = false;  // the last operation failed
+  String errorMessage;
+  FolderItem savePath;             // where Save writes
+  Array<String> headers;           // the lines ahead of the keys, from index 1 on
+  bool isBinary = false;           // the file was binary when it was read
+  std::optional<FolderItem> org;   // the binary file; savePath is then that of its converted copy
+  bool debug = false;              // every error is shown in a message
+  plistDict* foundDict = nullptr;  // where the last search found something; nullptr for nowhere, or when that node
+  String foundKey;                 // has been removed
+  String foundValue;
+  String foundType;
+  bool brk = false;
+  bool findingNext = false;
+  Int32 untitled = 0;
+  String lastSearch;
+
+  // Drops the tree and reads the file anew. A file that does not exist gives an empty document and
+  // "... does not exist"; one that is no property list, cannot be read or is larger than 64 MiB an empty tree and
+  // "Not a plist file". One that is cut short gives what it holds, without an error.
+  void Load(const FolderItem& file, const std::optional<FolderItem>& fallback);
+
+  // Deletes the converted copy of a binary file.
+  void Cleanup();
+
+  // Writes the document to savePath, and a binary one from there over the file it came from, as binary where the tool
+  // for it exists. "Could not open file for saving" when savePath cannot be written; it is then unchanged, but the file
+  // of a binary document is deleted all the same.
+  void Save(bool cleanup = false);
+  // The same, and hides the file. `file` is not looked at.
+  void SaveAsInvisible(const FolderItem& file, bool cleanup = false);
+
+  // Puts the text of the document on the clipboard; an aid for looking into it.
+  void Dump() const;
+
+  // Searches the values of all plain keys for a text, without regard to case, and sets the found fields to the first
+  // key that has it. FindNext goes on behind it; with another text than Find's it begins anew at each call.
+  bool Find(std::string_view text);
+  bool FindNext(std::string_view text);
+  // Marks all plain keys of the node and below as not reported yet.
+  static void ClearSearch(plistDict& node);
+
+ private:
+  friend class plistDict;  // forgets a found node that goes
+
+  void LoadNew();
+  void ReadFrom(TextInputStream& stream, String line);
+  TextInputStream OpenConverted(const FolderItem& source);
+  void WriteTo(TextOutputStream& stream) const;
+  void SaveAs(bool visible, bool cleanup);
+  void SaveBinary(bool visible);
+  enum class SearchMode { Values, Keys };
+  bool ReadStructure(plistDict& node, std::string_view text, SearchMode mode);
+  // Calls visit for each plain key of `top` and below until it gives true, and says whether it did.
+  static bool Walk(plistDict& top, const std::function<bool(plistDict& holder, const String& key)>& visit);
+
+  std::unique_ptr<plistDict> root_;
+};
+
+}  // namespace sumlet

@@ -1,0 +1,208 @@
+// The line-wise reader of property lists.
+//
+// It is no XML parser: it looks at one line after the other, takes what stands between two tags for a value, and trusts
+// that the file was laid out as the tools of macOS do it, with one pair of tags a line and tabs in front. What it makes
+// of other layouts is settled by the rules below and is relied on. Only "&lt;" and "&gt;" are decoded; the writer
+// leaves all else alone, too.
+//
+// A container is read by rules of its own until its end tag, so reading nests as deep as the file does. The levels lie
+// on a stack of this reader's own, since the one of the program is exhausted by files of a few megabytes.
+#include <deque>
+
+#include "framework/fault.h"
+#include "framework/text/numbers.h"
+#include "framework/text/search.h"
+#include "plist/plist_dict.h"
+
+namespace sumlet {
+
+namespace {
+
+constexpr std::string_view CR = "\r";
+
+// Cuts `text` in front of the first `mark` and says whether there was one.
+bool CutBefore(String& text, std::string_view mark) {
+  const Match match = FindText(text, mark, 0);
+  if (match.found) text.erase(match.begin);
+  return match.found;
+}
+
+}  // namespace
+
+class plistDict::Reader {
+ public:
+  explicit Reader(TextInputStream& stream) : stream_(stream) {}
+  void Fill(plistDict& node);
+
+ private:
+  // What is known while one node is being read.
+  struct Level {
+    explicit Level(plistDict& toFill) : node(toFill) {}
+
+    plistDict& node;
+    Array<String> pieces;  // of the input line, to be looked at one by one
+    Int32 nextPiece = 0;
+    String line;  // the piece being looked at
+    String key;
+    String type;
+    String tag;    // the last one cut from a line
+    String value;  // collected of a value that runs over several lines
+    bool inValue = false;
+    bool selfClosed = false;
+  };
+
+  [[nodiscard]] static std::string_view EndTag(const Level& level) {
+    return level.node.isArray_ ? "</array>" : "</dict>";
+  }
+  [[nodiscard]] bool IsDone(const Level& level) const;
+  void ReadLine(Level& level);
+  void TakePiece(Level& level);
+  static bool TakeKey(Level& level);
+  static void ContinueValue(Level& level);
+  void TakeTag(Level& level, const Match& tagEnd);
+  static void CloseValue(Level& level);
+  static void OpenValue(Level& level, std::size_t behindTag);
+  void OpenChild(Level& level);
+
+  TextInputStream& stream_;
+  std::deque<Level> levels_;  // outer to inner; references to them stay valid while one is added
+};
+
+void plistDict::Load(TextInputStream* stream, std::string_view name, bool asArray, plistDict* parent, plist* document,
+                     bool read) {
+  values_.Clear();
+  types_.Clear();
+  name_ = name;
+  parent_ = parent;
+  rootClass_ = document;
+  indexOf_ = -1;
+  isArray_ = asArray;
+  if (!read) return;
+  if (stream == nullptr) throw Fault("a stream that was never opened");
+  Reader(*stream).Fill(*this);
+}
+
+void plistDict::Reader::Fill(plistDict& node) {
+  levels_.emplace_back(node);
+  while (!levels_.empty()) {
+    Level& level = levels_.back();
+    if (level.nextPiece <= level.pieces.Ubound()) {
+      level.line = std::move(level.pieces[level.nextPiece++]);
+      TakePiece(level);
+    } else if (IsDone(level)) {
+      levels_.pop_back();
+    } else {
+      ReadLine(level);
+    }
+  }
+}
+
+bool plistDict::Reader::IsDone(const Level& level) const {
+  return stream_.AtEnd() || SameText(level.line, EndTag(level)) || SameText(level.line, "<dict/>");
+}
+
+// Tags that stand together are looked at one by one, except that a closing tag stays with the one in front of it. The
+// index of an array element counts the lines read, not the elements.
+void plistDict::Reader::ReadLine(Level& level) {
+  if (level.node.isArray_ && !level.inValue) level.key = Str(++level.node.indexOf_);
+  const std::string_view line = LStripNonPrintingChars(stream_.ReadLine());
+  const String apart = ReplaceAll(line, "><", ">\r<");
+  level.pieces = Split(ReplaceAll(apart, ">\r</", "></"), CR);
+  level.nextPiece = 0;
+}
+
+void plistDict::Reader::TakePiece(Level& level) {
+  if (TakeKey(level) || SameText(level.line, EndTag(level))) return;
+  if (level.inValue && !SameText(level.line, "</" + level.tag + ">")) {
+    ContinueValue(level);
+    return;
+  }
+  if (const Match tagEnd = FindText(level.line, ">", 0); tagEnd.found) TakeTag(level, tagEnd);
+}
+
+// Also within a value of several lines.
+bool plistDict::Reader::TakeKey(Level& level) {
+  constexpr std::string_view opening = "<key>";
+  constexpr std::string_view closing = "</key>";
+  String& line = level.line;
+  if (!SameText(Left(line, 5), opening)) return false;
+  line.erase(0, FindText(line, opening, 0).end);
+  if (SameText(Right(line, 6), closing)) line = Left(line, Len(line) - 6);
+  level.key = line;
+  return true;
+}
+
+void plistDict::Reader::ContinueValue(Level& level) {
+  if (CutBefore(level.line, "</" + level.tag + ">")) level.inValue = false;
+  level.value += CodeToBrackets(level.line);
+  if (!SameText(level.tag, "data")) level.value += CR;
+  if (!level.inValue) level.node.values_.SetValue(level.key, CodeToBrackets(level.value));
+}
+
+// Attributes are part of the tag's name. The type of the last value stands until another opens, so that a stray closing
+// tag behind a container opens one more.
+void plistDict::Reader::TakeTag(Level& level, const Match& tagEnd) {
+  level.tag = level.line.substr(0, tagEnd.begin);
+  if (level.tag.starts_with('<')) level.tag.erase(0, 1);
+  const bool isTrue = SameText(level.tag, "true/");
+  if (isTrue || SameText(level.tag, "false/")) {
+    level.type = "boolean";
+    level.node.types_.SetValue(level.key, level.type);
+    level.node.values_.SetValue(level.key, isTrue ? "true" : "false");
+  } else if (SameText(level.tag, "/" + level.type) || SameText(level.tag, "/key")) {
+    CloseValue(level);
+  } else {
+    OpenValue(level, tagEnd.end);
+  }
+  if (IsContainer(level.type)) OpenChild(level);
+}
+
+void plistDict::Reader::CloseValue(Level& level) {
+  level.inValue = false;
+  level.node.values_.SetValue(level.key, CodeToBrackets(level.value));
+  level.value.clear();
+}
+
+void plistDict::Reader::OpenValue(Level& level, std::size_t behindTag) {
+  level.type = level.tag;
+  level.selfClosed = level.type.ends_with('/');
+  if (level.selfClosed) level.type.pop_back();
+  level.node.types_.SetValue(level.key, level.type);
+  if (IsContainer(level.type)) return;
+  level.line.erase(0, behindTag);
+  String text = level.line;
+  if (CutBefore(text, "</" + level.type)) {
+    level.value = std::move(text);
+    level.node.values_.SetValue(level.key, CodeToBrackets(level.value));
+    return;
+  }
+  level.inValue = true;
+  level.value.clear();
+  if (FindText(text, ">", 0).found) return;  // that first line is lost
+  level.value = CodeToBrackets(text);
+  if (!SameText(level.type, "data")) level.value += CR;
+}
+
+// What is left of this level's input line is looked at when the child has been read.
+void plistDict::Reader::OpenChild(Level& level) {
+  const bool asArray = SameText(level.type, "array");
+  plistDict& child = level.node.children_.Append(level.key);
+  child.Load(nullptr, level.key, asArray, &level.node, level.node.rootClass_, false);
+  if (!level.selfClosed) {
+    levels_.emplace_back(child);
+  } else if (!asArray) {
+    level.line.clear();  // it would end this node, too
+  }
+}
+
+String plistDict::CodeToBrackets(std::string_view text) {
+  return ReplaceAll(ReplaceAll(text, "&lt;", "<"), "&gt;", ">");
+}
+
+std::string_view plistDict::LStripNonPrintingChars(std::string_view text) {
+  std::size_t begin = 0;
+  while (begin < text.size() && static_cast<unsigned char>(text[begin]) < ' ') ++begin;
+  return text.substr(begin);
+}
+
+}  // namespace sumlet

@@ -1,0 +1,142 @@
+// Typed values in and out of a node. A getter stores its default under a key that is absent and then reads it, so that
+// defaults stick. Every getter but GetBoolean and GetColor takes what it can from a value of any plain type.
+#include "framework/text/numbers.h"
+#include "plist/plist_dict.h"
+
+namespace sumlet {
+
+// ---- Checks
+
+bool plistDict::TypeOK(std::string_view key) {
+  const String type = GetType(key);
+  if (!IsContainer(type)) return true;
+  SetError(true, "Illegal Type: " + String(key) + " is a " + type);
+  return false;
+}
+
+Int32 plistDict::CheckType(std::string_view key, std::string_view type) {
+  SetError(false, {});
+  if (!Exists(key)) return 2;
+  if (SameText(GetType(key), type)) return 1;
+  ReportMismatch(key);
+  return 0;
+}
+
+void plistDict::ReportMismatch(std::string_view key) const {
+  SetError(true, "Type Mismatch: " + String(key) + " is a " + GetType(key));
+}
+
+// ---- Getters
+
+String plistDict::GetValue(std::string_view key, std::string_view fallback) {
+  if (!Exists(key)) SetString(key, fallback);
+  SetError(false, {});
+  if (!values_.HasKey(String(key))) {
+    SetError(true, "Key " + String(key) + " does not exist");
+    return {};
+  }
+  return TypeOK(key) ? VariantToString(values_.Value(String(key))) : String();
+}
+
+String plistDict::GetString(std::string_view key, std::string_view fallback) { return GetValue(key, fallback); }
+
+String plistDict::GetData(std::string_view key, std::string_view fallback) { return GetValue(key, fallback); }
+
+bool plistDict::NumberText(std::string_view key, String& text, double& instead) {
+  SetError(false, {});
+  instead = 0;
+  if (!TypeOK(key)) return false;
+  if (SameText(GetType(key), "date")) {
+    ReportMismatch(key);
+    instead = -1;
+    return false;
+  }
+  text = GetValue(key);
+  return true;
+}
+
+Int32 plistDict::GetInteger(std::string_view key, Int32 fallback) {
+  if (!Exists(key)) SetInteger(key, fallback);
+  return ToInt32(GetDouble(key));
+}
+
+double plistDict::GetDouble(std::string_view key, double fallback) {
+  if (!Exists(key)) SetDouble(key, fallback);
+  String text;
+  double instead = 0;
+  return NumberText(key, text, instead) ? CDbl(text) : instead;
+}
+
+double plistDict::GetReal(std::string_view key, double fallback) {
+  if (!Exists(key)) SetReal(key, fallback);
+  return GetDouble(key);
+}
+
+bool plistDict::GetBoolean(std::string_view key, bool fallback) {
+  if (!Exists(key)) SetBoolean(key, fallback);
+  if (CheckType(key, "boolean") == 0) return false;
+  return SameText(GetValue(key), "true");
+}
+
+// A text that is no date gives the present moment, like a new Date.
+Date plistDict::GetDate(std::string_view key, const Date& fallback) {
+  if (!Exists(key)) SetDate(key, fallback);
+  SetError(false, {});
+  Date date;
+  if (TypeOK(key)) date.SetSQLDateTime(GetValue(key));
+  return date;
+}
+
+Color plistDict::GetColor(std::string_view key, Color fallback) {
+  if (!Exists(key)) SetColor(key, fallback);
+  if (CheckType(key, "string") == 0) return {};
+  const String text = GetValue(key);
+  const auto part = [](std::string_view digits) { return ToInt32(CDbl("&h" + String(digits))); };
+  return RGB(part(Left(text, 2)), part(Mid(text, 3, 2)), part(Right(text, 2)));
+}
+
+// ---- Setters
+
+void plistDict::Store(std::string_view key, std::string_view word, std::string_view text) {
+  values_.SetValue(String(key), String(text));
+  types_.SetValue(String(key), String(word));
+  searched_.SetValue(String(key), BooleanToVariant(false));
+}
+
+void plistDict::StoreChecked(std::string_view key, std::string_view checkedWord, std::string_view text,
+                             std::string_view word) {
+  if (CheckType(key, checkedWord) != 0) Store(key, word, text);
+}
+
+void plistDict::SetString(std::string_view key, std::string_view text) { StoreChecked(key, "string", text, "string"); }
+
+void plistDict::SetInteger(std::string_view key, double value) {
+  StoreChecked(key, "integer", Format(value, "-#"), "integer");
+}
+
+void plistDict::SetDouble(std::string_view key, double value) {
+  StoreChecked(key, "real", Format(value, "#.#"), "real");
+}
+
+void plistDict::SetReal(std::string_view key, double value) {
+  StoreChecked(key, "double", Format(value, "#.#"), "real");
+}
+
+void plistDict::SetBoolean(std::string_view key, bool value) {
+  StoreChecked(key, "boolean", value ? "true" : "false", "boolean");
+  indexOf_ = -1;
+}
+
+void plistDict::SetDate(std::string_view key, const Date& date) {
+  StoreChecked(key, "date", date.SQLDateTime(), "date");
+}
+
+void plistDict::SetData(std::string_view key, std::string_view text) { Store(key, "data", text); }
+
+void plistDict::SetColor(std::string_view key, Color color) {
+  if (CheckType(key, "string") == 0) return;
+  Store(key, "string", Mid(VariantToString(ColorToVariant(color)), 3));
+  indexOf_ = -1;
+}
+
+}  // namespace sumlet

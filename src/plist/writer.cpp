@@ -1,0 +1,150 @@
+// The lines of a property list out of the tree: into a file, and onto the clipboard for looking into it.
+//
+// Both go through one walk. A file has each container's lines between its opening and its closing tag; on the clipboard
+// the text of a node is added when the node is finished, its children's ahead of it. The walk keeps its levels on a
+// stack of its own, which a deep tree does not exhaust.
+#include <algorithm>
+#include <deque>
+
+#include "framework/clipboard.h"
+#include "plist/plist.h"
+
+namespace sumlet {
+
+namespace {
+
+constexpr std::string_view lastLines[] = {"</dict>", "</plist>"};
+
+}  // namespace
+
+class plistDict::Writer {
+ public:
+  enum class Order { Nested, ChildrenFirst };
+  Writer(TextOutputStream& stream, Order order) : stream_(stream), order_(order) {}
+  void Write(const plistDict& node, Int32 indent);
+
+ private:
+  struct Level {
+    Level(const plistDict& toWrite, std::string_view lineEnding) : node(toWrite), own(lineEnding) {}
+
+    const plistDict& node;
+    TextOutputStream own;  // the node's lines, where its children's go ahead of them
+    Int32 nextKey = 0;
+    std::vector<Int32> containers;  // the children of the current key that are still to be written
+    String openTag;                 // of the child that is being written; empty for none
+  };
+
+  void Step(Level& level);
+  void WriteKey(Level& level, const String& key);
+  void WriteLeaf(Level& level, const String& key, const String& type);
+  void WriteContainer(Level& level);
+  void Line(Level& level, std::string_view text) {
+    (order_ == Order::Nested ? stream_ : level.own).WriteLine(tabs_, text);
+  }
+  void Finish(Level& level);
+
+  TextOutputStream& stream_;
+  Order order_;
+  std::deque<Level> levels_;  // outer to inner; references to them stay valid while one is added
+  String tabs_;               // of the innermost level
+};
+
+void plistDict::Writer::Write(const plistDict& node, Int32 indent) {
+  tabs_.assign(static_cast<std::size_t>(std::max(indent, 0)), '\t');
+  levels_.emplace_back(node, stream_.LineEnding());
+  while (!levels_.empty() && !stream_.Overflowed()) Step(levels_.back());
+}
+
+void plistDict::Writer::Step(Level& level) {
+  if (!level.openTag.empty()) {
+    Line(level, "</" + level.openTag + ">");
+    level.openTag.clear();
+  } else if (!level.containers.empty()) {
+    WriteContainer(level);
+  } else if (level.nextKey < level.node.count()) {
+    WriteKey(level, VariantToString(level.node.types_.Key(level.nextKey++)));
+  } else {
+    Finish(level);
+  }
+}
+
+void plistDict::Writer::WriteKey(Level& level, const String& key) {
+  if (!level.node.isArray_) {
+    Line(level, "<key>" + key + "</key>");
+    if (order_ == Order::ChildrenFirst) Line(level, level.node.searched_.HasKey(key) ? "<search/>" : "<nosearch/>");
+  }
+  const String type = level.node.GetType(key);
+  if (!IsContainer(type)) {
+    WriteLeaf(level, key, type);
+    return;
+  }
+  level.containers = level.node.children_.IndexesOf(key);
+  std::reverse(level.containers.begin(), level.containers.end());
+}
+
+void plistDict::Writer::WriteLeaf(Level& level, const String& key, const String& type) {
+  const String value = BracketsToCode(VariantToString(level.node.values_.Lookup(key, Variant(""))));
+  if (SameText(type, "boolean")) {
+    Line(level, SameText(value, "true") ? "<true/>" : "<false/>");
+  } else if (SameText(type, "data")) {
+    Line(level, "<data>");
+    Line(level, value);
+    Line(level, "</data>");
+  } else {
+    Line(level, "<" + type + ">" + value + "</" + type + ">");
+  }
+}
+
+// What the child is, is told by the type of its key, which all children of that key share.
+void plistDict::Writer::WriteContainer(Level& level) {
+  const Int32 index = level.containers.back();
+  level.containers.pop_back();
+  const plistDict& child = level.node.children_.At(index);
+  const String type = Lowercase(level.node.GetType(level.node.children_.NameAt(index)));
+  if (child.count() == 0) {
+    Line(level, "<" + type + "/>");
+    return;
+  }
+  Line(level, "<" + type + ">");
+  level.openTag = type;
+  tabs_ += '\t';
+  levels_.emplace_back(child, stream_.LineEnding());
+}
+
+void plistDict::Writer::Finish(Level& level) {
+  if (order_ == Order::ChildrenFirst) stream_.Add(level.own);
+  if (!tabs_.empty()) tabs_.pop_back();
+  levels_.pop_back();
+}
+
+void plistDict::Write(TextOutputStream& stream, Int32 indent) const {
+  Writer(stream, Writer::Order::Nested).Write(*this, indent);
+}
+
+void plistDict::Dump(Int32 indent) const {
+  TextOutputStream stream("\r");
+  Writer(stream, Writer::Order::ChildrenFirst).Write(*this, indent);
+  SetClipboardText(ClipboardText() + stream.Content());
+}
+
+String plistDict::BracketsToCode(std::string_view text) {
+  return ReplaceAll(ReplaceAll(text, "<", "&lt;"), ">", "&gt;");
+}
+
+void plist::WriteTo(TextOutputStream& stream) const {
+  for (Int32 i = 1; i <= headers.Ubound(); ++i) stream.WriteLine(headers[i]);
+  root_->Write(stream, 1);
+  for (const std::string_view line : lastLines) stream.WriteLine(line);
+}
+
+void plist::Dump() const {
+  TextOutputStream head("\r");
+  for (Int32 i = 1; i <= headers.Ubound(); ++i) head.WriteLine(headers[i]);
+  SetClipboardText(head.Content());
+  root_->Dump(1);
+  TextOutputStream tail("\r");
+  for (const std::string_view line : lastLines) tail.WriteLine(line);
+  SetClipboardText(ClipboardText() + tail.Content());
+}
+
+}  // namespace sumlet

@@ -1,0 +1,250 @@
+// Whole files: what is read from them, what is written back, and what any content on disk leads to.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "framework/clipboard.h"
+#include "framework/file/program.h"
+#include "plist/plist.h"
+#include "tree_text.h"
+
+namespace sumlet {
+namespace {
+
+namespace fs = std::filesystem;
+
+const String newHeaders =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+    "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+    "<plist version=\"1.0\">\n<dict>\n";
+
+// A folder of the test's own, below which temporary files go too.
+class PropertyListFile : public testing::Test {
+ protected:
+  PropertyListFile() {
+    fs::create_directory(temporary_);
+    setenv("TMPDIR", temporary_.c_str(), 1);
+  }
+  ~PropertyListFile() override {
+    setenv("PATH", path_.c_str(), 1);
+    unsetenv("TMPDIR");
+    fs::remove_all(folder_);
+  }
+
+  [[nodiscard]] FolderItem File(const String& name, std::string_view content) const {
+    std::ofstream(folder_ / name, std::ios::binary) << content;
+    return FolderItem(folder_ / name);
+  }
+  [[nodiscard]] static String Content(const FolderItem& file) { return file.ReadBinaryFile().value_or("nothing"); }
+
+  // Puts a tool in front of all others; `script` runs with the tool's arguments.
+  void Install(const char* tool, const char* script) const {
+    fs::create_directory(folder_ / "bin");
+    const FolderItem file = File(String("bin/") + tool, String("#!/bin/sh\n") + script + "\n");
+    fs::permissions(file.Path(), fs::perms::owner_all);
+    setenv("PATH", ((folder_ / "bin").string() + ":/usr/bin:/bin").c_str(), 1);
+  }
+
+  static fs::path NewFolder() {
+    String name = testing::TempDir() + "plist-XXXXXX";
+    return mkdtemp(name.data());
+  }
+
+  const String path_ = getenv("PATH");
+  const fs::path folder_ = NewFolder();
+  const fs::path temporary_ = folder_ / "temporary";
+};
+
+TEST_F(PropertyListFile, Contents) {
+  const String body = "<key>a</key>\n<true/>\n</dict>\n</plist>\n";
+  const char* no = "Not a plist file";
+  const struct {
+    String content;
+    const char* error;
+    const char* tree;
+    Int32 headers;
+  } rows[] = {
+      {newHeaders + body, "", "a:boolean=true", 4},
+      {"\xEF\xBB\xBF<?xml?>\r\n\r\n<DICT>\r\n" + body, "", "a:boolean=true", 3},
+      {"<dict>\n" + body, "", ":/plist{a:boolean=true}", 0},
+      {newHeaders, "", "", 4},
+      {"<plist>\n<array>\n<string>x</string>\n</array>\n</plist>\n", no, "", 5},
+      {"<plist>\n<array>\n<dict>\n" + body, "", "a:boolean=true", 3},
+      {"<plist>\n <dict>\n" + body, no, "", 6},
+      {"<plist><dict><key>a</key><true/></dict></plist>", no, "", 1},
+      {"", no, "", 0},
+      {String("\0\0<dict>\0\n", 10), no, "", 1},
+      {String("\xFF\xFE<\0d\0i\0c\0t\0>\0\n\0", 18), no, "", 2},
+      {String(3000000, 'x'), no, "", 1},
+  };
+  for (const auto& row : rows) {
+    plist document(File("list", row.content));
+    EXPECT_EQ(document.errorMessage, row.error) << row.content.substr(0, 80);
+    EXPECT_EQ(document.error, !document.errorMessage.empty());
+    EXPECT_EQ(TreeText(document.root()), row.tree) << row.content.substr(0, 80);
+    EXPECT_EQ(document.headers.Ubound(), row.headers) << row.content.substr(0, 80);
+    EXPECT_FALSE(document.isBinary);
+  }
+}
+
+TEST_F(PropertyListFile, Places) {
+  const FolderItem missing(folder_ / "missing");
+  plist none(missing);
+  EXPECT_EQ(none.errorMessage, missing.AbsolutePath() + " does not exist");
+  none.Save();
+  EXPECT_EQ(Content(missing), newHeaders + "</dict>\n</plist>\n");
+
+  missing.Delete();
+  plist fallback(missing, File("other", newHeaders + "<key>a</key>\n<true/>\n</dict>\n"));
+  EXPECT_EQ(TreeText(fallback.root()), "a:boolean=true");
+  fallback.SaveAsInvisible(FolderItem(folder_ / "not looked at"));
+  EXPECT_EQ(TreeText(plist(missing).root()), "a:boolean=true");
+  EXPECT_FALSE(fs::exists(folder_ / "not looked at"));
+
+  EXPECT_EQ(plist(FolderItem(folder_)).errorMessage, "Not a plist file");
+  none.savePath = FolderItem(folder_ / "no/such/folder");
+  none.Save(true);
+  EXPECT_EQ(none.errorMessage, "Could not open file for saving");
+}
+
+TEST_F(PropertyListFile, Writing) {
+  plist document(FolderItem(folder_ / "list"));
+  plistDict& root = document.root();
+  root.SetString("s", "a<b> & \"c\"");
+  root.SetReal("r", -3);
+  root.AddArray("a");
+  root.child("a").AppendDouble(0.5);
+  root.child("a").AppendDict();
+  root.child("a").AppendBoolean(false);
+  root.AddArray("e");
+  root.child("d").SetData("x", "AA==");
+  root.child("d").SetBoolean("y", true);
+  const String a = "\t<key>a</key>\n\t<array>\n\t\t<double>0.5</double>\n\t\t<dict/>\n\t\t<false/>\n\t</array>\n";
+  const String body = "\t<key>s</key>\n\t<string>a&lt;b&gt; & \"c\"</string>\n\t<key>r</key>\n\t<real>3.</real>\n" + a +
+                      "\t<key>e</key>\n\t<array/>\n\t<key>d</key>\n\t<dict>\n\t\t<key>x</key>\n\t\t<data>\n\t\tAA==\n"
+                      "\t\t</data>\n\t\t<key>y</key>\n\t\t<true/>\n\t</dict>\n";
+  document.Save();
+  EXPECT_EQ(Content(document.savePath), newHeaders + body + "</dict>\n</plist>\n");
+  plist again(document.savePath);
+  EXPECT_EQ(TreeText(again.root()), TreeText(root));
+  again.root().SetString("s", "other");
+  again.Save();
+  EXPECT_EQ(plist(document.savePath).root().GetString("s"), "other");
+}
+
+// Children stand ahead of their parent, which has their opening and closing tags.
+TEST_F(PropertyListFile, Dumping) {
+  plist document(File("list", "<plist>\n<dict>\n<key>r</key>\n<true/>\n</dict>\n"));
+  document.root().child("d").SetInteger("n", 1);
+  document.Dump();
+  EXPECT_EQ(ClipboardText(),
+            "<plist>\r<dict>\r"
+            "\t\t<key>n</key>\r\t\t<search/>\r\t\t<integer>1</integer>\r"
+            "\t<key>r</key>\r\t<nosearch/>\r\t<true/>\r\t<key>d</key>\r\t<search/>\r\t<dict>\r\t</dict>\r"
+            "</dict>\r</plist>\r");
+}
+
+TEST_F(PropertyListFile, BinaryByTheRealTool) {
+  if (RunProgram({"plistutil", "-v"}, std::chrono::seconds(10)) == ProgramEnd::NotFound) GTEST_SKIP() << "no plistutil";
+  const FolderItem file = File("list", Content(FolderItem(SUMLET_BINARY_LIST)));
+  const String before = Content(file);
+  plist document(file);
+  EXPECT_TRUE(document.isBinary);
+  EXPECT_EQ(document.errorMessage, "");
+  EXPECT_EQ(document.root().GetInteger("RunCount"), 4);
+  EXPECT_EQ(TreeText(document.root().child("TemplateList").child("0")),
+            "equation:string=price%3D19.99%0Aprice*3, name:string=Three &amp; a half");
+  EXPECT_EQ(Content(file), before);
+  EXPECT_TRUE(fs::is_empty(temporary_));
+
+  document.root().Remove("WindowList");
+  document.root().SetInteger("RunCount", 5);
+  document.Save(true);
+  EXPECT_TRUE(fs::is_empty(temporary_));
+  EXPECT_EQ(Content(file).substr(0, 6), "bplist");
+  EXPECT_EQ(plist(file).root().GetInteger("RunCount"), 5);
+}
+
+// Whatever becomes of the tool, the file stays as it was and nothing is left behind.
+TEST_F(PropertyListFile, BinaryByOtherTools) {
+  const char* check = R"sh(test "$(stat -c %a "$(dirname "$3")")" = 700 && )sh";
+  const struct {
+    const char* tool;
+    String script;
+    const char* error;
+  } rows[] = {
+      {"plutil", "exit 1", "Not a plist file"},
+      {"plutil", "kill -9 $$", "Not a plist file"},
+      {"plutil", "rm \"$3\"", "Not a plist file"},
+      {"plutil", "echo '<plist>' >\"$3\"", "Not a plist file"},
+      {"plutil", "test \"$1 $2\" = '-convert xml1' && " + String(check) + "printf '<dict>\\n' >\"$3\"; exit 1", ""},
+      {"plutil",
+       "test \"$1 $2\" = '-convert xml1' && " + String(check) + "printf '<plist>\\n<dict>\\n' >\"$3\"; exit 1", ""},
+  };
+  for (const auto& row : rows) {
+    Install(row.tool, row.script.c_str());
+    const FolderItem file = File("a file; $(touch x) 'y'", "bplist00 and more");
+    plist document(file);
+    EXPECT_EQ(document.errorMessage, row.error) << row.script;
+    EXPECT_EQ(Content(file), "bplist00 and more");
+    EXPECT_TRUE(fs::is_empty(temporary_)) << row.script;
+  }
+
+  // without a tool the document is written as text
+  setenv("PATH", folder_.c_str(), 1);
+  const FolderItem file = File("list", "BPLIST");
+  plist document(file);
+  EXPECT_EQ(document.errorMessage, "Not a plist file");
+  document.root().SetString("s", "1");
+  document.Save(true);
+  EXPECT_EQ(Content(file), "BPLIST\n\t<key>s</key>\n\t<string>1</string>\n</dict>\n</plist>\n");
+  EXPECT_TRUE(fs::is_empty(temporary_));
+}
+
+TEST_F(PropertyListFile, AProgramThatHangsIsGivenUp) {
+  Install("slow", "sleep 60 & sleep 60");
+  EXPECT_EQ(RunProgram({"slow"}, std::chrono::milliseconds(50)), ProgramEnd::GivenUp);
+  EXPECT_EQ(RunProgram({"no such program"}, std::chrono::seconds(10)), ProgramEnd::NotFound);
+  EXPECT_EQ(RunProgram({}, std::chrono::seconds(10)), ProgramEnd::NotFound);
+}
+
+// Files cut at every length and with bytes changed at random: each gives a tree that every operation can work on.
+TEST_F(PropertyListFile, DamagedFiles) {
+  const String whole =
+      newHeaders +
+      "\t<key>a</key>\n\t<array>\n\t\t<string>1\n2</string>\n\t\t<dict/>\n\t</array>\n"
+      "\t<key>d</key>\n\t<dict>\n\t\t<key>b</key>\n\t\t<true/>\n\t\t<key>n</key>\n\t\t<real>1.5</real>\n"
+      "\t\t<key>t</key>\n\t\t<date>2026-03-04T05:06:07Z</date>\n\t</dict>\n</dict>\n</plist>\n";
+  const String pieces[] = {"<dict>", "</dict>", "<array>", "</array>", "<key>", "</key>",
+                           "/>",     "<",       ">",       "\n",       "\r",    "&lt;"};
+  std::mt19937 random(20261121);
+  const auto below = [&random](std::size_t limit) {
+    return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
+  };
+  for (std::size_t round = 0; round < 2000; ++round) {
+    String content = round <= whole.size() ? whole.substr(0, round) : whole;
+    for (std::size_t change = round <= whole.size() ? 0 : 1 + below(4); change > 0; --change) {
+      content.replace(below(content.size()), below(9), pieces[below(std::size(pieces))]);
+    }
+    SCOPED_TRACE(content);
+    plist document(File("list", content));
+    TextOutputStream lines;
+    document.root().Write(lines, 1);
+    try {
+      while (document.Find("1") && document.foundDict->Exists(document.foundKey)) {
+        document.foundDict->Remove(document.foundKey);
+      }
+      document.root().GetInteger("d");
+      document.root().Copy("d", &document.root().child("a"));
+      document.root().child("a").Remove(Int32ToVariant(0));
+    } catch (const Fault&) {  // a key that holds no container, or none at all
+    }
+  }
+}
+
+}  // namespace
+}  // namespace sumlet

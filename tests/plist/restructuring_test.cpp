@@ -1,0 +1,146 @@
+// Removing, moving, copying, renaming and searching.
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "framework/text/numbers.h"
+#include "plist/plist.h"
+#include "tree_text.h"
+
+namespace sumlet {
+namespace {
+
+struct Example {
+  Example() {
+    root.SetString("s", "one");
+    root.AddArray("a");
+    for (const char* text : {"x", "y", "z"}) root.child("a").AppendString(text);
+    root.child("d").SetInteger("n", 5);
+    root.child("d").child("e").SetBoolean("b", true);
+    root.AddArray("c");
+    for (int i = 0; i < 3; ++i) {
+      root.child("c").AppendDict();
+      root.child("c").index(i)->SetString("k", Str(i));
+    }
+  }
+
+  plist document{FolderItem("/nowhere/at/all")};
+  plistDict& root = document.root();
+};
+
+class PropertyListTree : public testing::Test, protected Example {};
+
+TEST_F(PropertyListTree, Removing) {
+  root.Remove("S");
+  root.Remove("nothing");
+  root.Remove("D");
+  EXPECT_FALSE(root.Exists("d"));
+  EXPECT_EQ(root.child("d").count(), 0);
+  root.child("a").Remove(Int32ToVariant(1));
+  root.child("c").Remove(Int32ToVariant(0));
+  // the children of the array keep the keys they had
+  EXPECT_EQ(TreeText(root), "a:array[0:string=x, 1:string=z], c:array[0:dict, 1:dict{k:string=1}], d:dict{}");
+  EXPECT_THROW(root.child("a").Remove(Int32ToVariant(2)), Fault);
+  EXPECT_EQ(document.errorMessage, "Subscript out of range");
+  EXPECT_THROW(root.child("a").Remove(Int32ToVariant(-1)), Fault);
+  root.Remove(Int32ToVariant(0));
+  EXPECT_EQ(document.errorMessage, "root is not an array");
+  root.child("a").Remove("1");
+  EXPECT_EQ(TreeText(root.child("a")), "0:string=x");
+}
+
+TEST_F(PropertyListTree, Moving) {
+  const struct {
+    const char* what;
+    std::function<void(plistDict& root)> move;
+    const char* error;
+    const char* d;
+    const char* a;
+  } rows[] = {
+      {"nil", [](plistDict& r) { r.Move("s", nullptr); }, "Destination is nil", "", ""},
+      {"absent", [](plistDict& r) { r.Move("?", &r.child("d")); }, "Source does not exist.", "", ""},
+      {"copy", [](plistDict& r) { r.Copy("s", &r.child("d")); }, "", ", s:string=one", ""},
+      {"named", [](plistDict& r) { r.Move("s", &r.child("d"), false, "t"); }, "", ", t:string=one", ""},
+      {"mismatch", [](plistDict& r) { r.Move("s", &r.child("d"), false, "n"); }, "Type Mismatch: n is a integer", "",
+       ""},
+      {"append", [](plistDict& r) { r.Copy("s", &r.child("a")); }, "", "", ", 3:string=one"},
+      {"array", [](plistDict& r) { r.Copy("a", &r.child("d")); }, "", ", a:dict{0:string=x, 1:string=y, 2:string=z}",
+       ""},
+      {"append dict", [](plistDict& r) { r.Copy("d", &r.child("a")); }, "", "",
+       ", 3:dict{}, 4:dict{n:integer=5, e:dict{b:boolean=true}}"},
+  };
+  for (const auto& row : rows) {
+    Example fresh;
+    row.move(fresh.root);
+    EXPECT_EQ(fresh.document.errorMessage, row.error) << row.what;
+    EXPECT_TRUE(fresh.root.Exists("s")) << row.what;
+    EXPECT_EQ(TreeText(fresh.root.child("d")), "n:integer=5, e:dict{b:boolean=true}" + String(row.d)) << row.what;
+    EXPECT_EQ(TreeText(fresh.root.child("a")), "0:string=x, 1:string=y, 2:string=z" + String(row.a)) << row.what;
+  }
+}
+
+TEST_F(PropertyListTree, MovingTakesAway) {
+  root.SetDouble("r", 2.5);
+  root.SetDate("t", Date());
+  root.SetData("x", "AA==");
+  root.child("d").child("v").SetString("double", "1");
+  for (const char* key : {"s", "r", "t", "x", "a"}) root.Move(key, &root.child("d"));
+  EXPECT_EQ(root.count(), 2);
+  EXPECT_EQ(root.child("d").count(), 8);
+  EXPECT_EQ(root.child("d").GetType("r") + root.child("d").GetType("t") + root.child("d").GetType("x"), "realdatedata");
+
+  root.child("d").Move("v", &root, true, "w");
+  root.Rename("w", "u");
+  EXPECT_EQ(TreeText(root.child("u")), "double:string=1");
+  EXPECT_FALSE(root.Exists("w") || root.child("d").Exists("v"));
+  root.Rename("u", "D");
+  EXPECT_EQ(document.errorMessage, "Key D already exists.");
+  EXPECT_TRUE(root.Exists("u"));
+
+  // into itself: it would have no end
+  const String before = TreeText(root);
+  EXPECT_THROW(root.Copy("d", &root.child("d")), Fault);
+  EXPECT_THROW(root.Copy("d", &root.child("d").child("e")), Fault);
+  EXPECT_EQ(TreeText(root), before);
+}
+
+TEST_F(PropertyListTree, Searching) {
+  root.child("d").SetString("t", "One more");
+  const auto found = [this] {
+    if (document.foundDict == nullptr) return String("nothing");
+    return document.foundDict->name() + "." + document.foundKey + ":" + document.foundType + "=" + document.foundValue;
+  };
+  EXPECT_TRUE(document.Find("ONE"));
+  EXPECT_EQ(found(), "root.s:string=one");
+  EXPECT_TRUE(document.FindNext("one"));
+  EXPECT_EQ(found(), "d.t:string=One more");
+  EXPECT_FALSE(document.FindNext("one"));
+  for (int again = 0; again < 2; ++again) {
+    EXPECT_TRUE(document.FindNext("e"));  // another word each time, as far as the document knows
+    EXPECT_EQ(found(), "root.s:string=one");
+  }
+  EXPECT_TRUE(document.Find("true"));
+  root.child("d").Remove("e");
+  EXPECT_EQ(found(), "nothing");
+  EXPECT_FALSE(document.Find("?"));
+  EXPECT_EQ(document.foundKey, "");
+}
+
+// Deeper than the stack, for every operation that goes down or up a tree.
+TEST(PropertyListDepth, ADeepTree) {
+  constexpr int depth = 100000;
+  plist document(FolderItem("/nowhere/at/all"));
+  plistDict* node = &document.root();
+  for (int i = 0; i < depth; ++i) node = &node->child("a");
+  node->SetString("s", "found");
+  EXPECT_EQ(node->AbsolutePath().size(), 5u + 2 * depth);
+  EXPECT_TRUE(document.Find("found"));
+  EXPECT_EQ(document.foundDict, node);
+  document.root().Copy("a", &document.root().child("b"));
+  EXPECT_TRUE(document.FindNext("found"));
+  document.root().Remove("a");
+  EXPECT_EQ(document.root().count(), 1);
+}
+
+}  // namespace
+}  // namespace sumlet

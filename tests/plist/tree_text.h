@@ -1,0 +1,34 @@
+// A tree as one line of text, to compare with.
+#pragma once
+
+#include "plist/plist_dict.h"
+
+namespace sumlet {
+
+// "a:string=x, b:dict{c:integer=1}, d:array[0:data=AA==]" in the order of the keys. A key without a value has no "=",
+// one without a type nothing between ":" and "="; a container of a key that several children stand under shows them
+// all.
+inline String TreeText(const plistDict& node) {
+  String text;
+  const auto begin = [&text](const Variant& key) { text += (text.empty() ? "" : ", ") + VariantToString(key) + ":"; };
+  const auto value = [&text, &node](const Variant& key) {
+    if (node.values().HasKey(key)) text += "=" + VariantToString(node.values().Value(key));
+  };
+  for (const Variant& key : node.types().Keys()) {
+    begin(key);
+    text += VariantToString(node.types().Value(key));
+    for (const Int32 index : node.children().IndexesOf(VariantToString(key))) {
+      const plistDict& child = node.children().At(index);
+      text += child.isArray() ? "[" + TreeText(child) + "]" : "{" + TreeText(child) + "}";
+    }
+    value(key);
+  }
+  for (const Variant& key : node.values().Keys()) {
+    if (node.types().HasKey(key)) continue;
+    begin(key);
+    value(key);
+  }
+  return text;
+}
+
+}  // namespace sumlet
