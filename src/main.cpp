@@ -4,6 +4,7 @@
 #include "equationwindow/win_sumlet.h"
 #include "framework/ui/application.h"
 #include "framework/ui/browser.h"
+#include "framework/ui/desktop_clipboard.h"
 #include "framework/ui/dialogs.h"
 #include "persistence/my_window_manager.h"
 #include "shell/app.h"
@@ -48,6 +49,7 @@ int Run(Descriptor requests) {
   Application::setWindowIcon(ApplicationIcon());
   InstallDialogs();
   InstallBrowser();
+  InstallClipboard();
   ConnectSettings();
 
   App app;

@@ -5,6 +5,7 @@
 
 #include "framework/text/numbers.h"
 #include "persistence/preferences.h"
+#include "persistence/registry.h"
 #include "persistence/repeated_alerts.h"
 #include "plist/plist_dict.h"
 
@@ -71,7 +72,7 @@ void RestoreWindow(const Record& record) {
 
 void SetWindowList(WindowList list) { Windows() = std::move(list); }
 
-void RegisterRestorer(Restorer restorer) { Restorers().push_back(std::move(restorer)); }
+void RegisterRestorer(Restorer restorer) { RegisterByKey(Restorers(), std::move(restorer)); }
 
 void RegisterSection() {
   Preferences::RegisterSection(

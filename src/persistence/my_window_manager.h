@@ -40,7 +40,8 @@ class Record {
   [[nodiscard]] virtual Variant LoadItem(std::string_view key, const Variant& fallback) const = 0;
 };
 
-// Opens the window of a record that holds `key`. Of several restorers the one registered first is asked first.
+// Opens the window of a record that holds `key`. Of several restorers the one registered first is asked first;
+// one registered under a key that is there takes that one's place.
 struct Restorer {
   String key;
   std::function<void(const Record& record)> Restore;

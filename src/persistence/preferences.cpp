@@ -1,10 +1,10 @@
 #include "persistence/preferences.h"
 
-#include <algorithm>
 #include <utility>
 #include <vector>
 
 #include "framework/fault.h"
+#include "persistence/registry.h"
 #include "plist/plist.h"
 
 namespace sumlet::Preferences {
@@ -82,16 +82,7 @@ void PLIST_Load() {
 
 }  // namespace
 
-void RegisterSection(Section section) {
-  std::vector<Section>& sections = Sections();
-  const auto place = std::find_if(sections.begin(), sections.end(),
-                                  [&section](const Section& other) { return other.key == section.key; });
-  if (place != sections.end()) {
-    *place = std::move(section);
-  } else {
-    sections.push_back(std::move(section));
-  }
-}
+void RegisterSection(Section section) { RegisterByKey(Sections(), std::move(section)); }
 
 std::optional<FolderItem> GetPrefFile(bool create) {
   const std::optional<FolderItem> library = SpecialFolder::UserLibrary();
