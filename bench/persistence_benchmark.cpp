@@ -15,6 +15,7 @@
 #include "persistence/key_list.h"
 #include "persistence/my_window_manager.h"
 #include "persistence/preferences.h"
+#include "plist/plist_dict.h"
 #include "templates/templates_manager.h"
 
 namespace {
@@ -127,12 +128,8 @@ BENCHMARK(StoreSession)->RangeMultiplier(10)->Range(10, 1000)->Unit(benchmark::k
 
 void LoadSession(benchmark::State& state) {
   const String data = ManyWindows(state.range(0));
-  static const bool isRegistered = [] {
-    MyWindowManager::RegisterRestorer(
-        {"equation", [](const MyWindowManager::Record& record) { openWindows.emplace_back(record); }});
-    return true;
-  }();
-  benchmark::DoNotOptimize(isRegistered);
+  MyWindowManager::RegisterRestorer(
+      {"equation", [](const MyWindowManager::Record& record) { openWindows.emplace_back(record); }});
   openWindows = {};
   Measure(state, [&data] {
     openWindows = {};
@@ -141,6 +138,37 @@ void LoadSession(benchmark::State& state) {
   if (openWindows.size() != static_cast<std::size_t>(state.range(0))) state.SkipWithError("windows are missing");
 }
 BENCHMARK(LoadSession)->RangeMultiplier(10)->Range(10, 1000)->Unit(benchmark::kMillisecond);
+
+// The older settings: templates, each a dictionary of two values, read and looked up one by one.
+void LoadOlderTemplates(benchmark::State& state) {
+  String lines;
+  for (std::int64_t i = 0; i < state.range(0); ++i) {
+    lines += "\t<key>" + std::to_string(i) + "</key>\n\t<dict>\n\t\t<key>name</key>\n\t\t<string>n</string>\n" +
+             "\t\t<key>equation</key>\n\t\t<string>1%2B1</string>\n\t</dict>\n";
+  }
+  Preferences::RunCount = 1;
+  Measure(state, [&lines] {
+    plistDict dict;
+    TextInputStream stream(lines);
+    dict.Load(&stream, "root", false, nullptr, nullptr, true);
+    TemplatesManager::Load(dict);
+  });
+  if (TemplatesManager::Key.Ubound() + 1 != state.range(0)) state.SkipWithError("templates are missing");
+}
+BENCHMARK(LoadOlderTemplates)->RangeMultiplier(10)->Range(100, 100'000)->Unit(benchmark::kMillisecond);
+
+// One dictionary of this many plain keys.
+void ReadPropertyList(benchmark::State& state) {
+  String lines;
+  for (std::int64_t i = 0; i < state.range(0); ++i)
+    lines += "\t<key>key " + std::to_string(i) + "</key>\n\t<string>value</string>\n";
+  Measure(state, [&lines] {
+    plistDict dict;
+    TextInputStream stream(lines);
+    dict.Load(&stream, "root", false, nullptr, nullptr, true);
+  });
+}
+BENCHMARK(ReadPropertyList)->RangeMultiplier(10)->Range(100, 100'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace sumlet
