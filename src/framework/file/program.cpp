@@ -45,6 +45,7 @@ void SetAttributes(posix_spawnattr_t& attributes) {
 // The process started, or 0.
 pid_t Spawn(const std::vector<String>& command) {
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (const String& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
   arguments.push_back(nullptr);
 
