@@ -8,7 +8,7 @@ namespace sumlet {
 
 bool plistDict::CheckArray() {
   SetError(false, {});
-  if (!isArray_) SetError(true, name_ + " is not an array");
+  if (!isArray_) SetError(true, name() + " is not an array");
   return isArray_;
 }
 
@@ -45,12 +45,14 @@ void plistDict::AppendColor(Color color) { AppendValue("string", Hex(color.Red) 
 // The new dictionary has no name of its own; the new array has its key.
 void plistDict::AppendDict() {
   String key;
-  if (AppendKey("dict", key)) NewNode(key, {}, false);
+  if (AppendKey("dict", key)) NewNode(std::make_shared<const String>(key), {}, false);
 }
 
 void plistDict::AppendArray() {
   String key;
-  if (AppendKey("array", key)) NewNode(key, key, true);
+  if (!AppendKey("array", key)) return;
+  const auto shared = std::make_shared<const String>(key);
+  NewNode(shared, shared, true);
 }
 
 // ---- Lists

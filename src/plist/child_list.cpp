@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <limits>
 
 #include "framework/fault.h"
 #include "framework/text/utf8.h"
@@ -29,34 +28,57 @@ void ChildList::Destroy(std::vector<Child> children) {
 }
 
 Int32 ChildList::IndexOf(std::string_view name) const {
-  const String folded = FoldCase(name);
-  const auto found = byName_.lower_bound({folded, 0});
-  return found == byName_.end() || found->first != folded ? 0 : IndexOf(found->second);
-}
-
-Int32 ChildList::LastIndexOf(std::string_view name) const {
-  const std::vector<Int32> indexes = IndexesOf(name);
-  return indexes.empty() ? 0 : indexes.back();
+  if (index_) {
+    const auto found = index_->byName.find(FoldCase(name));
+    return found == index_->byName.end() ? 0 : Place(found->second.front());
+  }
+  const auto child = std::find_if(children_.begin(), children_.end(),
+                                  [name](const Child& other) { return SameText(*other.name, name); });
+  return child == children_.end() ? 0 : static_cast<Int32>(child - children_.begin()) + 1;
 }
 
 std::vector<Int32> ChildList::IndexesOf(std::string_view name) const {
-  const String folded = FoldCase(name);
   std::vector<Int32> indexes;
-  for (auto found = byName_.lower_bound({folded, 0}); found != byName_.end() && found->first == folded; ++found) {
-    indexes.push_back(IndexOf(found->second));
+  if (index_) {
+    const auto found = index_->byName.find(FoldCase(name));
+    if (found == index_->byName.end()) return indexes;
+    for (const Number number : found->second) indexes.push_back(Place(number));
+    return indexes;
+  }
+  for (std::size_t i = 0; i < children_.size(); ++i) {
+    if (SameText(*children_[i].name, name)) indexes.push_back(static_cast<Int32>(i) + 1);
   }
   return indexes;
 }
 
-plistDict& ChildList::Append(std::string_view name) {
-  children_.push_back({nextNumber_, String(name), std::make_unique<plistDict>()});
-  byName_.emplace(FoldCase(name), nextNumber_++);
+plistDict& ChildList::Append(SharedText name) {
+  constexpr std::size_t few = 8;
+  children_.push_back({nextNumber_++, std::move(name), std::make_unique<plistDict>()});
+  if (index_) {
+    AddToIndex(children_.back());
+  } else if (children_.size() > few) {
+    index_ = std::make_unique<Index>();
+    for (const Child& child : children_) AddToIndex(child);
+  }
   return *children_.back().node;
+}
+
+void ChildList::AddToIndex(const Child& child) {
+  if (index_->lastNumbers == nullptr || index_->lastName != child.name) {
+    index_->lastName = child.name;
+    index_->lastNumbers = &index_->byName[FoldCase(*child.name)];
+  }
+  index_->lastNumbers->push_back(child.number);
 }
 
 void ChildList::Remove(Int32 index) {
   const auto child = children_.begin() + static_cast<std::ptrdiff_t>(Checked(index));
-  byName_.erase({FoldCase(child->name), child->number});
+  if (index_) {
+    const auto numbers = index_->byName.find(FoldCase(*child->name));
+    numbers->second.erase(std::lower_bound(numbers->second.begin(), numbers->second.end(), child->number));
+    if (numbers->second.empty()) index_->byName.erase(numbers);
+    index_->lastNumbers = nullptr;
+  }
   std::vector<Child> removed;
   removed.push_back(std::move(*child));
   children_.erase(child);
@@ -68,7 +90,7 @@ std::size_t ChildList::Checked(Int32 index) const {
   return static_cast<std::size_t>(index) - 1;
 }
 
-Int32 ChildList::IndexOf(Number number) const {
+Int32 ChildList::Place(Number number) const {
   const auto place = std::lower_bound(children_.begin(), children_.end(), number,
                                       [](const Child& child, Number wanted) { return child.number < wanted; });
   return static_cast<Int32>(place - children_.begin()) + 1;

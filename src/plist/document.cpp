@@ -8,17 +8,28 @@
 namespace sumlet {
 namespace {
 
-// A tree takes up to fifty times the bytes of its file.
-constexpr std::size_t largestDocument = std::size_t{64} << 20;
+// A tree can take a hundred times the bytes of a file made for that.
+constexpr std::size_t largestDocument = std::size_t{16} << 20;
 
 constexpr std::string_view firstKeyLine = "<dict>";
 
-// Nothing to read where the file cannot be had.
-TextInputStream OpenDocument(const FolderItem& file) {
+std::optional<TextInputStream> OpenDocument(const FolderItem& file) {
   std::optional<String> content = file.ReadBinaryFile();
-  if (!content || content->size() > largestDocument) content = String();
+  if (!content || content->size() > largestDocument) return {};
   return TextInputStream(std::move(*content));
 }
+
+// Deletes a temporary file at the end of a block, however that is left.
+class TemporaryGuard {
+ public:
+  explicit TemporaryGuard(const FolderItem& item) : item_(item) {}
+  TemporaryGuard(const TemporaryGuard&) = delete;
+  TemporaryGuard& operator=(const TemporaryGuard&) = delete;
+  ~TemporaryGuard() { DeleteTemporary(item_); }
+
+ private:
+  const FolderItem& item_;
+};
 
 }  // namespace
 
@@ -26,7 +37,11 @@ plist::plist(const FolderItem& file, const std::optional<FolderItem>& fallback) 
   Load(file, fallback);
 }
 
-void plist::Load(const FolderItem& file, const std::optional<FolderItem>& fallback) {
+plist::~plist() {
+  if (copy_) DeleteTemporary(*copy_);
+}
+
+void plist::Load(FolderItem file, std::optional<FolderItem> fallback) {
   root_ = std::make_unique<plistDict>();
   foundDict = nullptr;
   headers.Redim(0);
@@ -36,19 +51,21 @@ void plist::Load(const FolderItem& file, const std::optional<FolderItem>& fallba
   if (!source.Exists()) {
     error = true;
     errorMessage = source.AbsolutePath() + " does not exist";
+    isRead_ = true;
     LoadNew();
     return;
   }
-  TextInputStream stream = OpenDocument(source);
-  String line(stream.ReadLine());
-  if (SameText(Left(line, 6), "bplist")) {
-    isBinary = true;
-    org = source;
+  std::optional<TextInputStream> stream = OpenDocument(source);
+  String line;
+  if (stream) line = stream->ReadLine();
+  if (stream && SameText(Left(line, 6), "bplist")) {
     stream = OpenConverted(source);
-  } else {
-    stream.Rewind();
+  } else if (stream) {
+    stream->Rewind();
   }
-  ReadFrom(stream, std::move(line));
+  isRead_ = stream.has_value();
+  TextInputStream nothing({});
+  ReadFrom(isRead_ ? *stream : nothing, std::move(line));
 }
 
 void plist::LoadNew() {
@@ -67,44 +84,55 @@ void plist::ReadFrom(TextInputStream& stream, String line) {
     line = stream.ReadLine();
     headers.Append(line);
   }
-  const bool hasKeys = SameText(line, firstKeyLine);
+  const bool hasKeys = isRead_ && SameText(line, firstKeyLine);
   error = !hasKeys;
   errorMessage = hasKeys ? "" : "Not a plist file";
   if (hasKeys) root_->Load(&stream, "root", false, nullptr, this, true);
 }
 
 // A copy is converted, so that nothing happens to the file itself.
-TextInputStream plist::OpenConverted(const FolderItem& source) {
+std::optional<TextInputStream> plist::OpenConverted(const FolderItem& source) {
   const std::optional<FolderItem> copy = GetTemporaryFolderItem();
-  if (!copy) return TextInputStream({});
+  if (!copy) return {};
+  const TemporaryGuard guard(*copy);
+  if (!source.CopyFileTo(*copy)) return {};
+  isBinary = true;
+  org = source;
   savePath = *copy;
-  if (source.CopyFileTo(*copy)) ConvertPropertyList(*copy, PropertyListForm::Xml);
-  TextInputStream stream = OpenDocument(*copy);
-  DeleteTemporary(*copy);
-  return stream;
+  copy_ = copy;
+  ConvertPropertyList(*copy, PropertyListForm::Xml);
+  return OpenDocument(*copy);
 }
 
 void plist::Cleanup() {
-  if (isBinary) DeleteTemporary(savePath);
+  if (!isBinary) return;
+  if (copy_ && copy_->Path() == savePath.Path()) {
+    DeleteTemporary(savePath);
+  } else {
+    savePath.Delete();
+  }
 }
 
 void plist::Save(bool cleanup) { SaveAs(true, cleanup); }
 
 void plist::SaveAsInvisible(const FolderItem& /*file*/, bool cleanup) { SaveAs(false, cleanup); }
 
-// The whole text first, so that a file that cannot take it stays as it is.
 void plist::SaveAs(bool visible, bool cleanup) {
+  error = !isRead_ || !WriteFile();
+  errorMessage = error ? "Could not open file for saving" : "";
+  if (!isRead_) return;
+  if (!error && !visible) savePath.SetVisible(false);
+  if (isBinary && org) SaveBinary(visible);
+  if (cleanup) Cleanup();
+}
+
+// The whole text first, so that a file that cannot take it stays as it is.
+bool plist::WriteFile() const {
   TextOutputStream stream;
   WriteTo(stream);
-  if (isBinary) (void)RemakeTemporaryFolder(savePath);  // writing fails where that fails
-  if (!stream.Overflowed() && savePath.WriteBinaryFile(stream.Content())) {
-    if (!visible) savePath.SetVisible(false);
-  } else {
-    error = true;
-    errorMessage = "Could not open file for saving";
-  }
-  if (isBinary) SaveBinary(visible);
-  if (cleanup) Cleanup();
+  const bool isCopy = isBinary && copy_ && copy_->Path() == savePath.Path();
+  if (stream.Overflowed() || (isCopy && !RemakeTemporaryFolder(savePath))) return false;
+  return savePath.WriteBinaryFile(stream.Content());
 }
 
 void plist::SaveBinary(bool visible) {

@@ -42,7 +42,7 @@ class plistDict {
   [[nodiscard]] const Dictionary& types() const { return types_; }    // of every key, leaf or not
   [[nodiscard]] const ChildList& children() const { return children_; }
   [[nodiscard]] const Dictionary& searched() const { return searched_; }  // whether a search has reported the key
-  [[nodiscard]] const String& name() const { return name_; }              // the key in the node above; "root" on top
+  [[nodiscard]] const String& name() const;                               // the key in the node above; "root" on top
   [[nodiscard]] Int32 indexOf() const { return indexOf_; }                // the array index last given out, or -1
   [[nodiscard]] bool isArray() const { return isArray_; }                 // the keys are "0", "1", ...
   [[nodiscard]] plistDict* parent() const { return parent_; }             // nullptr on top
@@ -51,7 +51,8 @@ class plistDict {
 
   // Fills the node, and the nodes below it, from the lines of a property list up to the node's end tag or the end of
   // the stream; the line of the node's own tag has been read. Keys it had are dropped, children are not. With `read`
-  // off the node is left empty and `stream` may be nullptr. See reader.cpp for what is understood.
+  // off the node is left empty and `stream` may be nullptr, which is a Fault otherwise. `parent` and `document` must
+  // outlive the node. See reader.cpp for what is understood.
   void Load(TextInputStream* stream, std::string_view name, bool asArray, plistDict* parent, plist* document,
             bool read);
 
@@ -71,7 +72,7 @@ class plistDict {
   // ---- Typed access: typed_access.cpp says what each stores and takes
 
   String GetString(std::string_view key, std::string_view fallback = {});
-  // Whether the key, which must exist, holds a plain value; reports when it does not, but does not clear.
+  // Whether the key holds a plain value; a Fault for an absent key. Reports when it does not, but does not clear.
   bool TypeOK(std::string_view key);
   Int32 GetInteger(std::string_view key, Int32 fallback = 0);
   bool GetBoolean(std::string_view key, bool fallback = true);
@@ -108,7 +109,8 @@ class plistDict {
   bool CheckArray();
 
   // Removes a key, given as text, or an array element, given as a number; what it held is destroyed. Neither reports
-  // nor clears for a key. A number out of range reports and is a Fault.
+  // nor clears for a key. A number out of range reports and is a Fault, and so is one in an array that has plain values
+  // in front of the container to be removed.
   void Remove(const Variant& key);
 
   // ---- The cursor, and what a key is
@@ -144,6 +146,7 @@ class plistDict {
   // The parts are not padded to two digits, so that GetColor misreads one below 16.
   void AppendColor(Color color);
   void AppendWindow(const Window& window);
+  // What reads a list or an entry of several values is a Fault where a plain value stands in its place.
   // A control's key is its object name, for lists and popups with "." and the property "Index" behind it. A getter for
   // an absent key stores the control's present state first. Lists and popups get their rows added to those they have;
   // `select` selects the row that was selected when they were stored.
@@ -153,7 +156,7 @@ class plistDict {
   void GetPopup(QComboBox& popup, bool select);
   void AppendListbox(const Listbox& listbox);
   void AppendPopup(const QComboBox& popup);
-  // The elements from index `first` to `last`, as far as the list reaches.
+  // The elements from index `first` to `last`; each is the list's last index if it lies behind that.
   void SetList(std::string_view key, const Array<String>& list, Int32 first, Int32 last);
   // All elements; with `keepFirst` from index 1 on, behind an empty element 0.
   void GetList(std::string_view key, Array<String>& list, bool keepFirst);
@@ -170,13 +173,15 @@ class plistDict {
   // ---- Place in the tree, and restructuring
 
   // Such as ":root:a:b". Only for a node below the top. A key "root" on the way cuts the path there.
-  [[nodiscard]] String AbsolutePath();
+  [[nodiscard]] String AbsolutePath() const;
   // Puts the nodes from `node` up in front of `path`, up to the first one of the name "root".
   static void BuildPath(const plistDict* node, String& path);
 
   // Copies a key with all below it to `destination`, under `newKey`, or its own key where that is empty, and with
   // `remove` takes it away here, also when it could not be stored there. An array destination appends it. A copied
-  // array becomes a dictionary. A Fault when `destination` lies in what is copied.
+  // array becomes a dictionary, and a container that stands under the key there already is filled up. A Fault when what
+  // is copied and what it is copied to lie one in the other, or when a key there holds a plain value where a container
+  // is to go; what was copied before that stays. A key that is moved onto itself is removed.
   void Move(std::string_view key, plistDict* destination, bool remove, std::string_view newKey);
   void Move(std::string_view key, plistDict* destination) { Move(key, destination, true, {}); }
   void Copy(std::string_view key, plistDict* destination) { Move(key, destination, false, {}); }
@@ -204,7 +209,8 @@ class plistDict {
   void AppendTexts(const Array<String>& list, Int32 first, Int32 last);
 
   bool AddNode(std::string_view key, bool asArray);
-  plistDict& NewNode(std::string_view key, std::string_view name, bool asArray);
+  plistDict& NewNode(SharedText key, SharedText name, bool asArray);
+  void Begin(SharedText name, bool asArray, plistDict* parent, plist* document);
   void RemoveChild(Int32 index);
   void RemoveKey(std::string_view key);
   void RemoveElement(Int32 index);
@@ -216,8 +222,7 @@ class plistDict {
   Dictionary types_;
   Dictionary searched_;
   ChildList children_;
-  String name_;
-  String path_;
+  SharedText name_;
   plistDict* parent_ = nullptr;
   plist* rootClass_ = nullptr;
   Int32 indexOf_ = -1;

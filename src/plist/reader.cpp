@@ -27,6 +27,11 @@ bool CutBefore(String& text, std::string_view mark) {
   return match.found;
 }
 
+// Whether the tag is "/" and the type's name.
+bool Closes(std::string_view tag, std::string_view type) {
+  return tag.starts_with('/') && SameText(tag.substr(1), type);
+}
+
 }  // namespace
 
 class plistDict::Reader {
@@ -43,10 +48,13 @@ class plistDict::Reader {
     Array<String> pieces;  // of the input line, to be looked at one by one
     Int32 nextPiece = 0;
     String line;  // the piece being looked at
-    String key;
+    SharedText key = std::make_shared<const String>();
+    Int32 typePlace = -1;   // the index of the key's type, -1 before it has one
+    Int32 valuePlace = -1;  // the same for its value
     String type;
-    String tag;    // the last one cut from a line
-    String value;  // collected of a value that runs over several lines
+    String tag;      // the last one cut from a line
+    String closing;  // the tag that closes it
+    String value;    // collected of a value that runs over several lines
     bool inValue = false;
     bool selfClosed = false;
   };
@@ -58,6 +66,9 @@ class plistDict::Reader {
   void ReadLine(Level& level);
   void TakePiece(Level& level);
   static bool TakeKey(Level& level);
+  static void SetKey(Level& level, String key);
+  static void StoreType(Level& level, const String& type);
+  static void StoreValue(Level& level, String value);
   static void ContinueValue(Level& level);
   void TakeTag(Level& level, const Match& tagEnd);
   static void CloseValue(Level& level);
@@ -70,16 +81,20 @@ class plistDict::Reader {
 
 void plistDict::Load(TextInputStream* stream, std::string_view name, bool asArray, plistDict* parent, plist* document,
                      bool read) {
+  Begin(std::make_shared<const String>(name), asArray, parent, document);
+  if (!read) return;
+  if (stream == nullptr) throw Fault("a stream that was never opened");
+  Reader(*stream).Fill(*this);
+}
+
+void plistDict::Begin(SharedText name, bool asArray, plistDict* parent, plist* document) {
   values_.Clear();
   types_.Clear();
-  name_ = name;
+  name_ = std::move(name);
   parent_ = parent;
   rootClass_ = document;
   indexOf_ = -1;
   isArray_ = asArray;
-  if (!read) return;
-  if (stream == nullptr) throw Fault("a stream that was never opened");
-  Reader(*stream).Fill(*this);
 }
 
 void plistDict::Reader::Fill(plistDict& node) {
@@ -104,7 +119,7 @@ bool plistDict::Reader::IsDone(const Level& level) const {
 // Tags that stand together are looked at one by one, except that a closing tag stays with the one in front of it. The
 // index of an array element counts the lines read, not the elements.
 void plistDict::Reader::ReadLine(Level& level) {
-  if (level.node.isArray_ && !level.inValue) level.key = Str(++level.node.indexOf_);
+  if (level.node.isArray_ && !level.inValue) SetKey(level, Str(++level.node.indexOf_));
   const std::string_view line = LStripNonPrintingChars(stream_.ReadLine());
   const String apart = ReplaceAll(line, "><", ">\r<");
   level.pieces = Split(ReplaceAll(apart, ">\r</", "></"), CR);
@@ -113,7 +128,7 @@ void plistDict::Reader::ReadLine(Level& level) {
 
 void plistDict::Reader::TakePiece(Level& level) {
   if (TakeKey(level) || SameText(level.line, EndTag(level))) return;
-  if (level.inValue && !SameText(level.line, "</" + level.tag + ">")) {
+  if (level.inValue && !SameText(level.line, level.closing)) {
     ContinueValue(level);
     return;
   }
@@ -128,15 +143,37 @@ bool plistDict::Reader::TakeKey(Level& level) {
   if (!SameText(Left(line, 5), opening)) return false;
   line.erase(0, FindText(line, opening, 0).end);
   if (SameText(Right(line, 6), closing)) line = Left(line, Len(line) - 6);
-  level.key = line;
+  SetKey(level, line);
   return true;
 }
 
+void plistDict::Reader::SetKey(Level& level, String key) {
+  level.key = std::make_shared<const String>(std::move(key));
+  level.typePlace = level.valuePlace = -1;
+}
+
+// A long key that thousands of values stand behind is looked up once.
+void plistDict::Reader::StoreType(Level& level, const String& type) {
+  if (level.typePlace < 0) {
+    level.typePlace = level.node.types_.SetValue(*level.key, type);
+  } else {
+    level.node.types_.SetValueAt(level.typePlace, type);
+  }
+}
+
+void plistDict::Reader::StoreValue(Level& level, String value) {
+  if (level.valuePlace < 0) {
+    level.valuePlace = level.node.values_.SetValue(*level.key, std::move(value));
+  } else {
+    level.node.values_.SetValueAt(level.valuePlace, std::move(value));
+  }
+}
+
 void plistDict::Reader::ContinueValue(Level& level) {
-  if (CutBefore(level.line, "</" + level.tag + ">")) level.inValue = false;
+  if (CutBefore(level.line, level.closing)) level.inValue = false;
   level.value += CodeToBrackets(level.line);
   if (!SameText(level.tag, "data")) level.value += CR;
-  if (!level.inValue) level.node.values_.SetValue(level.key, CodeToBrackets(level.value));
+  if (!level.inValue) StoreValue(level, CodeToBrackets(level.value));
 }
 
 // Attributes are part of the tag's name. The type of the last value stands until another opens, so that a stray closing
@@ -144,12 +181,13 @@ void plistDict::Reader::ContinueValue(Level& level) {
 void plistDict::Reader::TakeTag(Level& level, const Match& tagEnd) {
   level.tag = level.line.substr(0, tagEnd.begin);
   if (level.tag.starts_with('<')) level.tag.erase(0, 1);
+  level.closing = "</" + level.tag + ">";
   const bool isTrue = SameText(level.tag, "true/");
   if (isTrue || SameText(level.tag, "false/")) {
     level.type = "boolean";
-    level.node.types_.SetValue(level.key, level.type);
-    level.node.values_.SetValue(level.key, isTrue ? "true" : "false");
-  } else if (SameText(level.tag, "/" + level.type) || SameText(level.tag, "/key")) {
+    StoreType(level, level.type);
+    StoreValue(level, isTrue ? "true" : "false");
+  } else if (Closes(level.tag, level.type) || SameText(level.tag, "/key")) {
     CloseValue(level);
   } else {
     OpenValue(level, tagEnd.end);
@@ -159,7 +197,7 @@ void plistDict::Reader::TakeTag(Level& level, const Match& tagEnd) {
 
 void plistDict::Reader::CloseValue(Level& level) {
   level.inValue = false;
-  level.node.values_.SetValue(level.key, CodeToBrackets(level.value));
+  StoreValue(level, CodeToBrackets(level.value));
   level.value.clear();
 }
 
@@ -167,13 +205,13 @@ void plistDict::Reader::OpenValue(Level& level, std::size_t behindTag) {
   level.type = level.tag;
   level.selfClosed = level.type.ends_with('/');
   if (level.selfClosed) level.type.pop_back();
-  level.node.types_.SetValue(level.key, level.type);
+  StoreType(level, level.type);
   if (IsContainer(level.type)) return;
   level.line.erase(0, behindTag);
   String text = level.line;
   if (CutBefore(text, "</" + level.type)) {
     level.value = std::move(text);
-    level.node.values_.SetValue(level.key, CodeToBrackets(level.value));
+    StoreValue(level, CodeToBrackets(level.value));
     return;
   }
   level.inValue = true;
@@ -187,7 +225,7 @@ void plistDict::Reader::OpenValue(Level& level, std::size_t behindTag) {
 void plistDict::Reader::OpenChild(Level& level) {
   const bool asArray = SameText(level.type, "array");
   plistDict& child = level.node.children_.Append(level.key);
-  child.Load(nullptr, level.key, asArray, &level.node, level.node.rootClass_, false);
+  child.Begin(level.key, asArray, &level.node, level.node.rootClass_);
   if (!level.selfClosed) {
     levels_.emplace_back(child);
   } else if (!asArray) {

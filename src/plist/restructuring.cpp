@@ -21,7 +21,8 @@ void plistDict::Remove(const Variant& key) {
 void plistDict::RemoveKey(std::string_view key) {
   values_.Remove(String(key));
   types_.Remove(String(key));
-  if (const Int32 index = children_.LastIndexOf(key); index > 0) RemoveChild(index);
+  const std::vector<Int32> indexes = children_.IndexesOf(key);
+  if (!indexes.empty()) RemoveChild(indexes.back());
 }
 
 // Takes it for granted that an array with a container in it holds nothing else, so that element i is child i + 1. The
@@ -69,11 +70,16 @@ void plistDict::Move(std::string_view key, plistDict* destination, bool remove, 
     return;
   }
   if (IsContainer(GetType(key)) && child(key).Contains(destination)) throw Fault("a recursion without end");
-  if (plistDict* copy = Transfer(key, *destination, newKey.empty() ? key : newKey)) CopyKeys(child(key), *copy);
+  if (plistDict* copy = Transfer(key, *destination, newKey.empty() ? key : newKey)) {
+    plistDict& source = child(key);
+    if (source.Contains(copy) || copy->Contains(&source)) throw Fault("a recursion without end");
+    CopyKeys(source, *copy);
+  }
   if (remove) RemoveKey(key);
 }
 
-// Level by level on a stack of its own, which a deep tree does not exhaust. The cursors of the sources keep the way.
+// Source and destination have no node in common, so this ends. Level by level on a stack of its own, which a deep tree
+// does not exhaust. The cursors of the sources keep the way.
 void plistDict::CopyKeys(plistDict& source, plistDict& destination) {
   struct Level {
     plistDict& source;

@@ -1,5 +1,4 @@
 // The node tree: children, keys, the cursor, paths, and the reporting of errors.
-#include <algorithm>
 #include <vector>
 
 #include "framework/fault.h"
@@ -40,14 +39,20 @@ bool plistDict::AddNode(std::string_view key, bool asArray) {
     return false;
   }
   types_.SetValue(String(key), asArray ? "array" : "dict");
-  NewNode(key, key, asArray);
+  const auto shared = std::make_shared<const String>(key);
+  NewNode(shared, shared, asArray);
   searched_.SetValue(String(key), BooleanToVariant(false));
   return true;
 }
 
-plistDict& plistDict::NewNode(std::string_view key, std::string_view name, bool asArray) {
-  plistDict& node = children_.Append(key);
-  node.name_ = name;
+const String& plistDict::name() const {
+  static const String none;
+  return name_ ? *name_ : none;
+}
+
+plistDict& plistDict::NewNode(SharedText key, SharedText name, bool asArray) {
+  plistDict& node = children_.Append(std::move(key));
+  node.name_ = std::move(name);
   node.isArray_ = asArray;
   node.parent_ = this;
   node.rootClass_ = rootClass_;
@@ -68,22 +73,22 @@ void plistDict::MoveNext() {
 }
 
 String plistDict::CurrentKey() {
-  if (currentIndex_ < count()) return VariantToString(types_.Key(currentIndex_));
+  if (currentIndex_ >= 0 && currentIndex_ < count()) return VariantToString(types_.Key(currentIndex_));
   currentIndex_ = 0;
   eof_ = true;
   return {};
 }
 
-String plistDict::AbsolutePath() {
-  path_ = ":" + name_;
-  BuildPath(parent_, path_);
-  return path_;
+String plistDict::AbsolutePath() const {
+  String path = ":" + name();
+  BuildPath(parent_, path);
+  return path;
 }
 
 void plistDict::BuildPath(const plistDict* node, String& path) {
   std::vector<std::string_view> names;
-  while (node != nullptr && !SameText(node->name_, "root")) {
-    names.push_back(node->name_);
+  while (node != nullptr && !SameText(node->name(), "root")) {
+    names.push_back(node->name());
     node = node->parent_;
   }
   if (node != nullptr) names.push_back("root");

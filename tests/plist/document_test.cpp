@@ -78,7 +78,7 @@ TEST_F(PropertyListFile, Contents) {
       {"<plist><dict><key>a</key><true/></dict></plist>", no, "", 1},
       {"", no, "", 0},
       {String("\0\0<dict>\0\n", 10), no, "", 1},
-      {String("\xFF\xFE<\0d\0i\0c\0t\0>\0\n\0", 18), no, "", 2},
+      {String("\xFF\xFE<\0d\0i\0c\0t\0>\0\n\0", 16), no, "", 2},
       {String(3000000, 'x'), no, "", 1},
   };
   for (const auto& row : rows) {
@@ -109,6 +109,17 @@ TEST_F(PropertyListFile, Places) {
   none.savePath = FolderItem(folder_ / "no/such/folder");
   none.Save(true);
   EXPECT_EQ(none.errorMessage, "Could not open file for saving");
+  none.savePath = missing;
+  none.Save();
+  EXPECT_FALSE(none.error);
+
+  // what was not read is not written over
+  const FolderItem large = File("large", newHeaders + String(17000000, 'x'));
+  plist unread(large);
+  EXPECT_EQ(unread.errorMessage, "Not a plist file");
+  unread.Save();
+  EXPECT_EQ(unread.errorMessage, "Could not open file for saving");
+  EXPECT_EQ(fs::file_size(large.Path()), newHeaders.size() + 17000000);
 }
 
 TEST_F(PropertyListFile, Writing) {
@@ -167,6 +178,25 @@ TEST_F(PropertyListFile, BinaryByTheRealTool) {
   EXPECT_TRUE(fs::is_empty(temporary_));
   EXPECT_EQ(Content(file).substr(0, 6), "bplist");
   EXPECT_EQ(plist(file).root().GetInteger("RunCount"), 5);
+
+  // the copy's place, known since it was read, taken by another; and no place for a copy at all
+  const String saved = Content(file);
+  {
+    plist again(file);
+    const fs::path stolen = again.savePath.Path().parent_path();
+    fs::create_directory(folder_ / "victim");
+    fs::create_directory_symlink(folder_ / "victim", stolen);
+    again.Save();
+    EXPECT_EQ(again.errorMessage, "Could not open file for saving");
+    EXPECT_TRUE(fs::is_empty(folder_ / "victim"));
+    fs::remove(stolen);
+  }
+  setenv("TMPDIR", "/nowhere", 1);
+  std::ofstream(file.Path(), std::ios::binary) << saved;
+  plist nowhere(file);
+  EXPECT_EQ(nowhere.errorMessage, "Not a plist file");
+  nowhere.Save(true);
+  EXPECT_EQ(Content(file), saved);
 }
 
 // Whatever becomes of the tool, the file stays as it was and nothing is left behind.
@@ -179,7 +209,7 @@ TEST_F(PropertyListFile, BinaryByOtherTools) {
   } rows[] = {
       {"plutil", "exit 1", "Not a plist file"},
       {"plutil", "kill -9 $$", "Not a plist file"},
-      {"plutil", "rm \"$3\"", "Not a plist file"},
+      {"plutil", "rm \"$3\"; echo x >\"$3.other\"", "Not a plist file"},
       {"plutil", "echo '<plist>' >\"$3\"", "Not a plist file"},
       {"plutil", "test \"$1 $2\" = '-convert xml1' && " + String(check) + "printf '<dict>\\n' >\"$3\"; exit 1", ""},
       {"plutil",

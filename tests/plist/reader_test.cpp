@@ -100,6 +100,8 @@ TEST(PropertyListReader, HostileTexts) {
       "<" + repeat("</s", 3 * many) + ">\n" + repeat("</S", 3 * many),
       "<key>" + repeat("k", 10 * many) + "</key>\n<string>" + repeat("&lt;", many),
       "<string>" + repeat("x\n", 5 * many),
+      "<" + repeat("k", many) + ">\n" + repeat("x\n", many),
+      "<key>" + repeat("k", many) + "</key>\n" + repeat("<dict/>\n<true/>\n", many),
       repeat(String("\0\x01\t", 3), many) + "<key>a</key>",
   };
   for (const String& text : texts) {

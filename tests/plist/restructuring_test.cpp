@@ -101,6 +101,8 @@ TEST_F(PropertyListTree, MovingTakesAway) {
   const String before = TreeText(root);
   EXPECT_THROW(root.Copy("d", &root.child("d")), Fault);
   EXPECT_THROW(root.Copy("d", &root.child("d").child("e")), Fault);
+  EXPECT_THROW(root.Move("d", &root), Fault);
+  EXPECT_THROW(root.child("d").Move("e", &root, true, "D"), Fault);
   EXPECT_EQ(TreeText(root), before);
 }
 

@@ -54,6 +54,9 @@ pid_t Spawn(const std::vector<String>& command) {
   posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
   posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
   posix_spawn_file_actions_adddup2(&files, STDOUT_FILENO, STDERR_FILENO);
+#if defined(__GLIBC__) && __GLIBC_PREREQ(2, 34)
+  posix_spawn_file_actions_addclosefrom_np(&files, STDERR_FILENO + 1);
+#endif
   posix_spawnattr_t attributes;
   posix_spawnattr_init(&attributes);
   SetAttributes(attributes);
@@ -76,10 +79,20 @@ void Limit([[maybe_unused]] pid_t process) {
 #endif
 }
 
-// Whether the process has ended, or cannot be waited for.
+// Whether the process has ended. It stays on the system's list, so that nobody else gets its number.
 bool HasEnded(pid_t process) {
-  const pid_t result = waitpid(process, nullptr, WNOHANG);
-  return result == process || (result < 0 && errno != EINTR);
+  siginfo_t status = {};
+  return waitid(P_PID, static_cast<id_t>(process), &status, WEXITED | WNOHANG | WNOWAIT) != 0 ||
+         status.si_pid == process;
+}
+
+// Ends what is left of the process and of all that it started, and takes it off the system's list. One that cannot be
+// ended, because the system itself holds it, is not waited for.
+void End(pid_t process) {
+  kill(-process, SIGKILL);
+  for (int tries = 0; tries < 1000 && waitpid(process, nullptr, WNOHANG) != process && errno != ECHILD; ++tries) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
 }
 
 }  // namespace
@@ -91,15 +104,10 @@ ProgramEnd RunProgram(const std::vector<String>& command, std::chrono::milliseco
   const pid_t process = command.empty() ? 0 : Spawn(command);
   if (process == 0) return ProgramEnd::NotFound;
   Limit(process);
-  while (!HasEnded(process)) {
-    if (Clock::now() >= deadline) {
-      kill(-process, SIGKILL);
-      waitpid(process, nullptr, 0);
-      return ProgramEnd::GivenUp;
-    }
-    std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  }
-  return ProgramEnd::Ended;
+  while (!HasEnded(process) && Clock::now() < deadline) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  const ProgramEnd end = HasEnded(process) ? ProgramEnd::Ended : ProgramEnd::GivenUp;
+  End(process);
+  return end;
 }
 
 }  // namespace sumlet

@@ -29,7 +29,7 @@ std::optional<fs::path> NewFolder(const fs::path& parent) {
 
 bool MakeFolder(const fs::path& folder) {
   std::error_code error;
-  return fs::create_directory(folder, error);
+  return fs::create_directory(folder, error) || fs::is_directory(folder, error);
 }
 
 #else
@@ -40,7 +40,12 @@ std::optional<fs::path> NewFolder(const fs::path& parent) {
   return name;
 }
 
-bool MakeFolder(const fs::path& folder) { return mkdir(folder.c_str(), S_IRWXU) == 0; }
+bool MakeFolder(const fs::path& folder) {
+  if (mkdir(folder.c_str(), S_IRWXU) == 0) return true;
+  struct stat status = {};
+  return lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid() &&
+         (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+}
 
 #endif
 
@@ -58,9 +63,8 @@ std::optional<FolderItem> GetTemporaryFolderItem() {
 bool RemakeTemporaryFolder(const FolderItem& item) { return MakeFolder(item.Path().parent_path()); }
 
 void DeleteTemporary(const FolderItem& item) {
-  item.Delete();
   std::error_code error;
-  fs::remove(item.Path().parent_path(), error);  // only when it is empty
+  fs::remove_all(item.Path().parent_path(), error);
 }
 
 }  // namespace sumlet

@@ -12,11 +12,11 @@ namespace sumlet {
 // when the folder cannot be made.
 [[nodiscard]] std::optional<FolderItem> GetTemporaryFolderItem();
 
-// Makes the folder of an item from above once more, after DeleteTemporary. False when that cannot be, or when another
-// has taken its name.
+// Makes the folder of an item from above once more, after DeleteTemporary; one that is still there, and still the user's
+// alone, will do. False when that cannot be, or when another has taken its name.
 [[nodiscard]] bool RemakeTemporaryFolder(const FolderItem& item);
 
-// Deletes the file, if there is one, and its folder.
+// Deletes the folder of an item from above, with all that is in it.
 void DeleteTemporary(const FolderItem& item);
 
 }  // namespace sumlet

@@ -85,6 +85,7 @@ std::vector<std::size_t> Borders(const std::u32string& text) {
 // Knuth, Morris and Pratt's search: looks at every character once. The searches above begin anew at every hit of the
 // first character, which for a long text of a hostile file takes the product of both lengths.
 Match FindLong(std::string_view source, std::string_view find, std::size_t from) {
+  if ((source.size() - from) * 4 < find.size()) return {};  // a character has four bytes at most
   const std::u32string folded = Folded(find);
   const std::vector<std::size_t> borders = Borders(folded);
   std::vector<std::size_t> begins(folded.size());  // of as many characters, the latest ones, as a hit has

@@ -105,7 +105,7 @@ VariantType VarType(const Variant& v) {
 void Dictionary::Clear() {
   keys_.Redim(-1);
   values_.Redim(-1);
-  index_.clear();
+  index_.reset();
 }
 
 bool Dictionary::HasKey(const Variant& key) const { return Find(key) >= 0; }
@@ -118,11 +118,11 @@ Variant Dictionary::Lookup(const Variant& key, const Variant& fallback) const {
 void Dictionary::Remove(const Variant& key) {
   const Int32 index = Find(key);
   if (index < 0) return;
-  index_.erase(IndexKey(key));
+  if (index_) index_->erase(IndexKey(key));
   keys_.Remove(index);
   values_.Remove(index);
-  if (index > keys_.Ubound()) return;
-  for (auto& [name, place] : index_) {
+  if (!index_ || index > keys_.Ubound()) return;
+  for (auto& [name, place] : *index_) {
     if (place > index) --place;
   }
 }
@@ -133,15 +133,26 @@ const Variant& Dictionary::Value(const Variant& key) const {
   return values_[index];
 }
 
-void Dictionary::SetValue(const Variant& key, Variant value) {
+Int32 Dictionary::SetValue(const Variant& key, Variant value) {
   const Int32 index = Find(key);
   if (index >= 0) {
     values_[index] = std::move(value);
-    return;
+    return index;
   }
   keys_.Append(key);
   values_.Append(std::move(value));
-  index_.emplace(IndexKey(key), keys_.Ubound());
+  AddToIndex(keys_.Ubound());
+  return keys_.Ubound();
+}
+
+void Dictionary::AddToIndex(Int32 place) {
+  constexpr Int32 few = 8;
+  if (index_) {
+    index_->emplace(IndexKey(keys_[place]), place);
+  } else if (place >= few) {
+    index_ = std::make_unique<std::unordered_map<String, Int32>>();
+    for (Int32 i = 0; i <= place; ++i) index_->emplace(IndexKey(keys_[i]), i);
+  }
 }
 
 // A double is told by all of its digits, which its text does not show. Both zeros are one key.
@@ -155,8 +166,16 @@ String Dictionary::IndexKey(const Variant& key) {
 }
 
 Int32 Dictionary::Find(const Variant& key) const {
-  const auto found = index_.find(IndexKey(key));
-  return found == index_.end() ? -1 : found->second;
+  if (index_) {
+    const auto found = index_->find(IndexKey(key));
+    return found == index_->end() ? -1 : found->second;
+  }
+  const String* text = std::get_if<String>(&key.Get());
+  for (Int32 i = 0; i <= keys_.Ubound(); ++i) {
+    const String* other = std::get_if<String>(&keys_[i].Get());
+    if (text != nullptr && other != nullptr ? SameText(*text, *other) : IndexKey(key) == IndexKey(keys_[i])) return i;
+  }
+  return -1;
 }
 
 }  // namespace sumlet

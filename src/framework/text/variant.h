@@ -1,6 +1,7 @@
 // Variant: one value that remembers its type, and Dictionary, a map from Variant to Variant.
 #pragma once
 
+#include <memory>
 #include <unordered_map>
 #include <utility>
 #include <variant>
@@ -63,17 +64,23 @@ class Dictionary {
   void Remove(const Variant& key);
   // A Fault for an absent key.
   [[nodiscard]] const Variant& Value(const Variant& key) const;
-  void SetValue(const Variant& key, Variant value);
+  // Gives the 0-based index of the entry.
+  Int32 SetValue(const Variant& key, Variant value);
+  // A Fault for an index out of range.
+  void SetValueAt(Int32 index, Variant value) { values_[index] = std::move(value); }
   [[nodiscard]] const Array<Variant>& Values() const { return values_; }
   [[nodiscard]] Int32 Count() const { return keys_.Ubound() + 1; }
 
  private:
   [[nodiscard]] static String IndexKey(const Variant& key);
   [[nodiscard]] Int32 Find(const Variant& key) const;
+  void AddToIndex(Int32 place);
 
   Array<Variant> keys_;
   Array<Variant> values_;
-  std::unordered_map<String, Int32> index_;  // folded key with its type to its place in the arrays
+  // Folded key with its type to its place in the arrays. A few entries are found without it: property lists are made of
+  // thousands of small dictionaries.
+  std::unique_ptr<std::unordered_map<String, Int32>> index_;
 };
 
 }  // namespace sumlet

@@ -15,14 +15,13 @@ String Key(const QWidget& control) {
   return control.objectName().toStdString() + "." + Str(control.property("Index").toInt());
 }
 
-// A new and empty entry for a control; its array of rows.
-plistDict& NewEntry(plistDict& node, const String& key, std::string_view selectedText) {
+// A new and empty entry for a control; its array of rows, or nullptr where a damaged file had an entry of two.
+plistDict* NewEntry(plistDict& node, const String& key, std::string_view selectedText) {
   if (node.Exists(key)) node.Remove(key);
   node.AddChild(key);
   plistDict& entry = node.child(key);
   entry.SetString("default", selectedText);
-  entry.AddArray("elements");
-  return entry.child("elements");
+  return entry.AddArray("elements") ? &entry.child("elements") : nullptr;
 }
 
 // The texts of a row's columns; a row that is damaged is empty.
@@ -44,15 +43,15 @@ void FillRow(Listbox& listbox, plistDict& elements, Int32 row) {
 
 void plistDict::SetListbox(const Listbox& listbox) {
   const Int32 selected = listbox.ListIndex();
-  plistDict& elements = NewEntry(*this, Key(listbox), selected < 0 ? String() : listbox.Cell(selected, 0));
-  for (Int32 row = 0; row < listbox.ListCount(); ++row) {
+  plistDict* elements = NewEntry(*this, Key(listbox), selected < 0 ? String() : listbox.Cell(selected, 0));
+  for (Int32 row = 0; elements != nullptr && row < listbox.ListCount(); ++row) {
     if (listbox.ColumnCount() == 1) {
-      elements.AppendString(listbox.Cell(row, 0));
+      elements->AppendString(listbox.Cell(row, 0));
       continue;
     }
-    elements.AppendArray();
+    elements->AppendArray();
     for (Int32 column = 0; column < listbox.ColumnCount(); ++column) {
-      elements.index(row)->AppendString(listbox.Cell(row, column));
+      elements->index(row)->AppendString(listbox.Cell(row, column));
     }
   }
 }
@@ -71,8 +70,9 @@ void plistDict::GetListbox(Listbox& listbox, bool select) {
 }
 
 void plistDict::SetPopup(const QComboBox& popup) {
-  plistDict& elements = NewEntry(*this, Key(popup), popup.currentText().toStdString());
-  for (int row = 0; row < popup.count(); ++row) elements.AppendString(popup.itemText(row).toStdString());
+  plistDict* elements = NewEntry(*this, Key(popup), popup.currentText().toStdString());
+  for (int row = 0; elements != nullptr && row < popup.count(); ++row)
+    elements->AppendString(popup.itemText(row).toStdString());
 }
 
 void plistDict::GetPopup(QComboBox& popup, bool select) {
