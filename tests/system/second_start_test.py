@@ -30,13 +30,21 @@ class SecondStart(unittest.TestCase):
             process.kill()
             process.wait()
 
-    def start(self, data="data"):
+    def start(self, data="data", behind=(), stdin=None):
         (self.folder / "run").mkdir(mode=0o700, exist_ok=True)
         environment = {"HOME": str(self.folder), "XDG_DATA_HOME": str(self.folder / data), "LC_ALL": "C.UTF-8",
                        "XDG_RUNTIME_DIR": str(self.folder / "run"), "QT_QPA_PLATFORM": "offscreen"}
-        process = subprocess.Popen([PROGRAM], env=environment, stderr=subprocess.DEVNULL)
+        process = subprocess.Popen([*behind, PROGRAM], env=environment, stdin=stdin, stderr=subprocess.DEVNULL)
         self.started.append(process)
         return process
+
+    def start_at_once(self, count):
+        """Starts that have come up to the program itself and go on at the same instant."""
+        waiting, gate = os.pipe()
+        processes = [self.start(behind=["sh", "-c", 'read gate; exec "$0"'], stdin=waiting) for _ in range(count)]
+        os.close(waiting)
+        os.close(gate)
+        return processes
 
     def survivor(self, processes):
         """The one of several starts that lives on, once it has answered the others."""
@@ -65,8 +73,8 @@ class SecondStart(unittest.TestCase):
             self.quit(self.start_running(f"data {quit_signal}"))
 
     def test_of_starts_at_the_same_instant_one_lives_on(self):
-        for number in range(20):
-            self.quit(self.survivor([self.start() for _ in range(2 + number % 3)]))
+        for number in range(200):
+            self.quit(self.survivor(self.start_at_once(2 + number % 3)))
 
     def test_two_data_folders_are_two_programs(self):
         first, second = self.start_running("data"), self.start_running("data2")
@@ -78,14 +86,18 @@ class SecondStart(unittest.TestCase):
 
     @unittest.skipUnless(os.geteuid() == 0, "only root can play another user")
     def test_another_user_does_not_stand_in_the_way(self):
-        folder = str((self.folder / "data").resolve()).encode()
-        address = f"\0sumlet-0-{hashlib.sha256(folder).hexdigest()[:32]}-0"
-        with contextlib.closing(socket.socket(socket.AF_UNIX)) as squatter:
-            squatter.bind(address)
-            os.seteuid(65534)  # whose socket it is shows when it begins to listen
-            squatter.listen()
-            os.seteuid(0)
-            self.quit(self.start_running())
+        for addresses, listens in [(1, True), (1, False), (3, True), (3, False)]:
+            data = f"data {addresses} {listens}"
+            folder = hashlib.sha256(str((self.folder / data).resolve()).encode()).hexdigest()[:32]
+            with self.subTest(data), contextlib.ExitStack() as squatters:
+                for number in range(addresses):
+                    squatter = squatters.enter_context(socket.socket(socket.AF_UNIX))
+                    squatter.bind(f"\0sumlet-0-{folder}-{number}")
+                    os.seteuid(65534)  # whose socket it is shows when it begins to listen
+                    if listens:
+                        squatter.listen()
+                    os.seteuid(0)
+                self.quit(self.start_running(data))
 
 
 if __name__ == "__main__":
