@@ -9,6 +9,7 @@
 #include "persistence/my_window_manager.h"
 #include "shell/app.h"
 #include "shell/application_icon.h"
+#include "shell/last_save.h"
 #include "shell/menus.h"
 #include "shell/quit_signals.h"
 #include "shell/single_instance.h"
@@ -63,6 +64,11 @@ int Run(Descriptor requests) {
   application.SessionEnding = [&app] { app.Event_CancelClose(); };
   const QuitSignals quitSignals([&app] { app.Quit(); });
   const StartRequests startRequests(std::move(requests), [&app] { app.Event_Reopen(); });
+
+  (void)WindowCount();  // the list of windows comes into being, so that it outlives what follows
+  const LastSave lastSave([&app] {
+    if (!app.Quitting()) app.Event_CancelClose();
+  });
 
   QMetaObject::invokeMethod(
       &application, [&app] { app.Event_Open(); }, Qt::QueuedConnection);

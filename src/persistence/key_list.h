@@ -91,6 +91,7 @@ class KeyList {
   bool bDidSaveHeader = false;
   std::vector<bool> begun_;      // by position in the buffer: whether a record that was taken begins there
   std::int64_t bytesTaken_ = 0;  // by those records together
+  std::int64_t itemsTaken_ = 0;
 };
 
 }  // namespace sumlet

@@ -5,7 +5,11 @@
 //
 // A length of four bytes can be negative and lead back. The parse ends where it would begin a record a second time or
 // in front of the first byte, so that it ends for any input. Records that lead back can still share their bytes, and a
-// small file could so make values without end: a list that takes sixteen times the bytes that it has ends there too.
+// small file could so make values without end: a list that takes four times the bytes that it has ends there too.
+//
+// In memory an item takes some hundred bytes, however short it is. So that a list of nothing but empty items does not
+// take up dozens of times its size, it ends where there are more than a million and one for each sixteen bytes; the
+// shortest template or window that means anything is longer.
 
 #include <algorithm>
 #include <cstdint>
@@ -20,7 +24,9 @@
 namespace sumlet {
 namespace {
 
-constexpr std::int64_t mostReadings = 16;  // how often a list may take its bytes over
+constexpr std::int64_t mostReadings = 4;  // how often a list may take its bytes over
+constexpr std::int64_t freeItems = 1'000'000;
+constexpr std::int64_t leastItem = 16;  // bytes
 
 }  // namespace
 
@@ -64,6 +70,7 @@ void KeyList::ReduceBuffer() {
   const auto cut = std::min(begun_.size(), static_cast<std::size_t>(std::max(iFarthestBufferPosition, 1)) - 1);
   begun_.erase(begun_.begin(), begun_.begin() + static_cast<std::ptrdiff_t>(cut));
   bytesTaken_ = 0;
+  itemsTaken_ = 0;
   sDataBuffer = MidB(sDataBuffer, iFarthestBufferPosition);
   iFarthestBufferPosition = 1;
 }
@@ -115,9 +122,10 @@ bool KeyList::TakeRecord(RecordReader& reader) {
   if (next == size || next > size + 1 || next <= 0) return false;
   const std::int64_t taken = bytesTaken_ + 1 + iFormatType + static_cast<std::int64_t>(key.size() + value.size());
   const bool leadsBack = next < size && (begun_[static_cast<std::size_t>(next)] || next == start);
-  if (leadsBack || taken > mostReadings * size) return false;
+  if (leadsBack || taken > mostReadings * size || itemsTaken_ > freeItems + size / leastItem) return false;
   begun_[static_cast<std::size_t>(start)] = true;
   bytesTaken_ = taken;
+  ++itemsTaken_;
   items_.Append(key, String(value));
   return true;
 }

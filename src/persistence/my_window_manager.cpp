@@ -1,6 +1,7 @@
 #include "persistence/my_window_manager.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "framework/text/numbers.h"
@@ -91,15 +92,19 @@ String Store() {
   return outer.GetData();
 }
 
-// Each window opens in front of those before it, so the back one comes first.
+// Each window opens in front of those before it, so the back one comes first. What a window itself has to tell is none
+// of the damage to the records, and is told each time.
 void Load(std::string_view data) {
   if (!Preferences::RememberEquations) return;
   KeyList outer;
   outer.AddData(data);
-  const RepeatedAlerts once;
+  std::set<String> shown;
   for (Int32 i = outer.ItemCount() - 1; i >= 0; --i) {
     KeyList record;
-    record.AddData(outer.GetItem(Str(i)));
+    {
+      const RepeatedAlerts once(shown);
+      record.AddData(outer.GetItem(Str(i)));
+    }
     RestoreWindow(KeyListRecord(record));
   }
 }

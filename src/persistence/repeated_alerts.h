@@ -1,5 +1,5 @@
-// RepeatedAlerts: while it lives, an alert that has been shown is not shown again. A damaged list can hold thousands of
-// damaged records, and the user learns nothing from being told of each.
+// RepeatedAlerts: while it lives, an alert that is among those shown is not shown again. A damaged list can hold
+// thousands of damaged records, and the user learns nothing from being told of each.
 #pragma once
 
 #include <memory>
@@ -11,9 +11,10 @@ namespace sumlet {
 
 class RepeatedAlerts {
  public:
-  RepeatedAlerts() {
-    previous_ = SetMessageHandler([this](std::string_view text) {
-      if (shown_.emplace(text).second && previous_) previous_(text);
+  // Takes from `shown` what has been shown before, and adds what it shows.
+  explicit RepeatedAlerts(std::set<String>& shown) {
+    previous_ = SetMessageHandler([this, &shown](std::string_view text) {
+      if (shown.emplace(text).second && previous_) previous_(text);
     });
   }
   RepeatedAlerts(const RepeatedAlerts&) = delete;
@@ -22,7 +23,6 @@ class RepeatedAlerts {
 
  private:
   MessageHandler previous_;
-  std::set<String> shown_;
 };
 
 }  // namespace sumlet

@@ -1,5 +1,6 @@
 #include "templates/templates_manager.h"
 
+#include <set>
 #include <utility>
 
 #include "framework/message.h"
@@ -81,7 +82,8 @@ void Load(std::string_view data) {
   Clear();
   KeyList outer;
   outer.AddData(data);
-  const RepeatedAlerts once;
+  std::set<String> shown;
+  const RepeatedAlerts once(shown);
   for (Int32 i = 0; i < outer.ItemCount(); ++i) {
     KeyList record;
     record.AddData(outer.GetItem(Str(i)));

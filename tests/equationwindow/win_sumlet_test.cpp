@@ -73,6 +73,10 @@ TEST_F(WinSumlet, AreasStandOnePixelOutside) {
     EXPECT_EQ(output.top(), input.top() + input.height() + 2);
     EXPECT_EQ(QRect(output.bottomLeft(), output.bottomRight()), QRect(-1, size.height(), size.width() + 2, 1));
   }
+  window->hide();
+  window->SetWidth(32000);
+  window->SetHeight(32000);
+  EXPECT_EQ(QSize(window->Width(), window->Height()), QSize(16384, 4096)) << "its picture fits into memory";
 }
 
 TEST_F(WinSumlet, ShowsOneResult) {

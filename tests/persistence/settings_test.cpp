@@ -85,6 +85,9 @@ TEST_F(Settings, FirstRuns) {
   TemplatesManager::Remove(1);
   TemplatesManager::Remove(0);
   for (int again = 0; again < 2; ++again) EXPECT_EQ(Saved(), PageBytes("After the first run"));
+  for (fs::path made = file_.parent_path(); made != folder_.parent_path(); made = made.parent_path())
+    EXPECT_EQ(fs::status(made).permissions(), fs::perms::owner_all) << made;
+  EXPECT_EQ(fs::status(file_).permissions(), fs::perms::owner_read | fs::perms::owner_write);
   SetAll(7, {"old"});
   EXPECT_TRUE(AlertsOfLoad().empty());
   EXPECT_EQ(Preferences::RunCount, 1);

@@ -1,12 +1,13 @@
-"""Kills a program that saves without end, 200 times: kill_test.py SAVE-LOOP.
+"""Kills a program that saves without end, 1,000 times: kill_test.py SAVE-LOOP.
 
-Each time the settings file holds what one save has written, whole.
+Each time the settings file holds, whole, what the last finished save has written or the one that was hit.
 """
 
 import fcntl
 import os
 import pathlib
 import random
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -24,12 +25,13 @@ class Killed(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def settings_after_kill(self, data, delay):
-        """The section that the killed program saved, None when there is no file."""
+    def section_after_kill(self, data, saves, delay):
+        """What is saved once the program has been killed `delay` seconds into that save; None when there is no file."""
         path = data / "Application Support" / "com.fernhill.sumlet" / "preferences"
         environment = {"HOME": str(self.folder), "XDG_DATA_HOME": str(data)}
         with subprocess.Popen([PROGRAM], env=environment, stdout=subprocess.PIPE) as process:
-            process.stdout.readline()
+            for _ in range(saves + 1):
+                self.assertTrue(process.stdout.readline())
             time.sleep(delay)
             process.kill()
         if not path.exists():
@@ -41,18 +43,23 @@ class Killed(unittest.TestCase):
 
     def test_leaves_a_whole_file(self):
         instants = random.Random(3)
-        sections = set()
-        for number in range(200):
+        hit = 0  # how often the save under way was the one that is left
+        for number in range(1000):
             # Every other time there is no file yet, and the first save is the one that is hit.
-            first = number % 2 == 0
-            data = self.folder / str(number) if first else self.folder
-            section = self.settings_after_kill(data, instants.uniform(0, 0.004 if first else 0.03))
+            saves = 0 if number % 2 == 0 else instants.randrange(1, 6)
+            data = self.folder / str(number)
+            section = self.section_after_kill(data, saves, 0.03 * instants.random() ** 2)
             if section is None:
+                self.assertEqual(saves, 0, "a finished save is lost")
                 continue
             self.assertEqual(section, section[:1] * len(section), "one save's letters")
-            self.assertIn(len(section), (3_000_000, 10, 300_000, 70_000))
-            sections.add(section)
-        self.assertGreater(len(sections), 3, "it was killed at work")
+            left = section[0] - ord("a")
+            self.assertEqual(len(section), (3_000_000, 10, 300_000, 70_000)[left % 4])
+            self.assertGreaterEqual(left, saves - 1, "a finished save is lost")
+            hit += left >= saves
+            shutil.rmtree(data)
+        self.assertGreater(hit, 10, "it was killed at work")
+        self.assertLess(hit, 1000, "it was killed at work")
 
 
 if __name__ == "__main__":

@@ -1,5 +1,5 @@
 // Saves settings without end, for a test that kills it: each time one section of one letter, of another letter and
-// length than the time before. It tells by a line that it begins.
+// length than the time before. Ahead of each save it tells its number, from 0 on, in a line.
 #include <cstddef>
 #include <iostream>
 
@@ -14,6 +14,8 @@ int main() {
                                   return String(lengths[saves % 4], static_cast<char>('a' + saves % 26));
                                 },
                                 [](std::string_view) {}, [](plistDict&) {}});
-  std::cout << "saving" << std::endl;
-  for (;; ++saves) Preferences::Save();
+  for (;; ++saves) {
+    std::cout << saves << std::endl;
+    Preferences::Save();
+  }
 }

@@ -47,8 +47,6 @@ bool ReplaceContent(const std::filesystem::path& path, std::string_view content)
 namespace sumlet {
 namespace {
 
-constexpr off_t largestFile = off_t{1} << 30;
-
 // Another process holds the lock for the moment of a write only. One that holds it for longer, whatever it is, does not
 // keep this one from going on.
 void Lock(int file, int operation) {
@@ -60,7 +58,8 @@ void Lock(int file, int operation) {
 // The whole content of an open regular file.
 std::optional<String> ReadAll(int file) {
   struct stat status = {};
-  if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > largestFile) return {};
+  if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > static_cast<off_t>(largestContent))
+    return {};
   String content(static_cast<std::size_t>(status.st_size), '\0');
   std::size_t length = 0;
   while (length < content.size()) {
@@ -97,7 +96,7 @@ bool HasRoom(int file, std::size_t size) {
   const int result = fallocate(file, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(size));
   return result == 0 || (errno != ENOSPC && errno != EDQUOT && errno != EFBIG && errno != EIO);
 #else
-  return file >= 0 && size < static_cast<std::size_t>(largestFile);
+  return file >= 0 && size <= largestContent;
 #endif
 }
 
@@ -189,6 +188,7 @@ std::optional<String> ReadContent(const std::filesystem::path& path) {
 }
 
 bool ReplaceContent(const std::filesystem::path& path, std::string_view content) {
+  if (content.size() > largestContent) return false;  // nobody could read it any more
   CollectPreviousWriter();
   Target target = OpenTarget(path);
   if (!target.file.IsOpen()) return false;

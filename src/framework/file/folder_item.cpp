@@ -3,6 +3,10 @@
 #include <cstdlib>
 #include <system_error>
 
+#if !defined(_WIN32)
+#include <sys/stat.h>
+#endif
+
 #include "framework/file/file_content.h"
 
 #if defined(_WIN32)
@@ -44,9 +48,19 @@ bool FolderItem::Directory() const {
   return fs::is_directory(path_, error);
 }
 
+// What is stored is nobody else's business: the XDG Base Directory rules say mode 0700, and the library's own way would
+// leave it to the user's mask.
 void FolderItem::CreateAsFolder() const {
+#if defined(_WIN32)
   std::error_code error;
   fs::create_directories(path_, error);
+#else
+  fs::path folder;
+  for (const fs::path& name : path_) {
+    folder /= name;
+    mkdir(folder.c_str(), S_IRWXU);  // most of them are there, and then it does nothing
+  }
+#endif
 }
 
 std::optional<String> FolderItem::ReadBinaryFile() const { return ReadContent(path_); }

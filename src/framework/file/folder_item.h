@@ -20,7 +20,7 @@ class FolderItem {
   // Whether it exists and is a folder.
   [[nodiscard]] bool Directory() const;
 
-  // Makes the folder, and the folders above it. Whether that worked is told by Directory.
+  // Makes the folder, and the folders above it, each for its owner alone. Whether that worked is told by Directory.
   void CreateAsFolder() const;
 
   // The content of the file, or nothing when it cannot be read: it does not exist, is a folder, is not the user's.

@@ -174,7 +174,13 @@ void Window::MoveTo(Int32 left, Int32 top) {
   move(std::clamp(left, -farthest, farthest), std::clamp(top, -farthest, farthest));
 }
 
+// No desktop is as large as these limits. Only a damaged file asks for more, and the picture of such a window would
+// fill the memory.
 void Window::ResizeContent(Int32 width, Int32 height) {
+  constexpr Int32 longest = 16384;
+  constexpr Int32 mostPixels = 1 << 26;
+  width = std::min(width, longest);
+  height = std::min(height, std::min(longest, mostPixels / std::max(width, 1)));
   layout_->activate();  // brings the window's limits up to date
   resize(width, height + MenuBarHeight(width));
   FollowSize();  // a hidden window hears of its new size only when it is shown

@@ -41,7 +41,7 @@ class Window : public QWidget {
   void SetTop(Int32 top) { MoveTo(x(), top); }
 
   // The size of the content in pixels: without the frame, and below the menu bar where there is one. A size outside the
-  // window's limits takes the nearest allowed one.
+  // window's limits takes the nearest allowed one. Neither is set beyond 16384, nor the two to more than 2^26 together.
   [[nodiscard]] Int32 Width() const { return width(); }
   [[nodiscard]] Int32 Height() const { return height() - MenuBarHeight(width()); }
   void SetWidth(Int32 width) { ResizeContent(width, Height()); }

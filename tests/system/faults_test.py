@@ -1,0 +1,111 @@
+"""Takes from the running window program the places where it saves: faults_test.py PROGRAM.
+
+Each time it goes on, answers a second start, and ends with status 0 when it is told to.
+"""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import unittest
+
+import settings_file
+from running_program import PATIENCE, PROGRAM, RunningProgram
+
+
+class Faults(RunningProgram):
+    def setUp(self):
+        super().setUp()
+        self.data = self.folder / "data"
+        self.settings = self.data / "Application Support" / "com.fernhill.sumlet" / "preferences"
+
+    def write_settings(self):
+        """Fills one block of the disk with one window, so that saving takes a second one."""
+        for length in (1000, None):
+            size = self.settings.stat().st_size if length is None else 0
+            settings_file.write(self.settings, ["20 20 300 200 #" + "x" * (length or 1000 + 4096 - size)])
+        self.assertEqual(self.settings.stat().st_size, 4096)
+
+    def run_through(self, strike=lambda: None, **changes):
+        process = self.start_running(**changes)
+        strike()
+        self.assertEqual(self.start(**changes).wait(PATIENCE), 0)
+        self.quit(process)
+
+    def runs(self):
+        """How many runs have saved, None without a settings file."""
+        if not self.settings.is_file():
+            return None
+        return int(dict(settings_file.items(self.settings.read_bytes()))["RunCount"])
+
+    def mount_small_disk(self):
+        self.data.mkdir()
+        if subprocess.run(["mount", "-t", "tmpfs", "-o", "size=64k", "tmpfs", self.data], check=False).returncode != 0:
+            self.skipTest("no disk of its own can be mounted here")
+        self.addCleanup(subprocess.run, ["umount", "--lazy", self.data], check=False)
+
+    def fill_disk(self):
+        with open(self.data / "ballast", "wb", buffering=0) as file:
+            try:
+                while True:
+                    file.write(bytes(1024))
+            except OSError:
+                pass
+
+    def make_read_only(self):
+        subprocess.run(["mount", "-o", "remount,ro", self.data], check=True)
+
+    def make_writable(self):
+        subprocess.run(["mount", "-o", "remount,rw", self.data], check=True)
+
+    def test_a_disk_that_takes_nothing_keeps_what_it_has(self):
+        self.mount_small_disk()
+        for strike, relent in [(self.fill_disk, lambda: (self.data / "ballast").unlink()),
+                               (self.make_read_only, self.make_writable)]:
+            for content in (None, self.write_settings):
+                with self.subTest(fault=strike.__name__, content=content):
+                    shutil.rmtree(self.data / "Application Support", ignore_errors=True)
+                    if content:
+                        content()
+                    before = self.settings.read_bytes() if content else None
+                    self.run_through(strike)
+                    self.assertEqual(self.settings.read_bytes() if self.settings.exists() else None, before)
+                    relent()
+                    self.run_through()
+                    self.assertEqual(self.runs(), 2 if content else 1, "it is saved as soon as that is possible")
+
+    def test_a_folder_takes_the_place_of_the_file(self):
+        self.write_settings()
+
+        def replace():
+            self.settings.unlink()
+            self.settings.mkdir()
+            (self.settings / "kept").touch()
+
+        self.run_through(replace)
+        self.run_through()
+        self.assertEqual(list(self.settings.iterdir()), [self.settings / "kept"])
+
+    def test_a_home_that_vanishes_is_made_anew(self):
+        self.write_settings()
+        text = self.settings.read_bytes()[-3000:]
+        self.run_through(lambda: shutil.rmtree(self.data))
+        self.assertEqual(self.runs(), 2)
+        self.assertIn(text, self.settings.read_bytes())
+
+    def test_without_a_home_it_runs(self):
+        for home in (None, "", "relative", "/proc/none"):
+            with self.subTest(home=home):
+                self.run_through(HOME=home, XDG_DATA_HOME=None)
+
+
+if __name__ == "__main__":
+    # In a name space of its own a disk can be mounted, and is gone in the end whatever happens.
+    apart = ["unshare", "--mount", *([] if os.geteuid() == 0 else ["--map-root-user"])]
+    if "--apart" in sys.argv:
+        sys.argv.remove("--apart")
+    elif shutil.which("unshare") and subprocess.run([*apart, "true"], stderr=subprocess.DEVNULL, check=False).returncode == 0:
+        script = str(pathlib.Path(__file__).resolve())
+        os.execvp("unshare", [*apart, sys.executable, "-B", script, PROGRAM, *sys.argv[1:], "--apart"])
+    unittest.main()
