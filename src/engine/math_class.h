@@ -76,7 +76,7 @@ class MathClass {
   // One text to its value or error (reduction.cpp).
   [[nodiscard]] String Reduce(std::string_view expression);
   [[nodiscard]] String Assign(std::string_view expression, std::size_t equalsSign);
-  [[nodiscard]] String Rewrite(std::string_view expression);
+  [[nodiscard]] String Rewrite(RewriteBuffer& text);
   [[nodiscard]] Ending ReduceBars(RewriteBuffer& text);
   [[nodiscard]] String ReduceOperators(RewriteBuffer& text);
 

@@ -6,6 +6,7 @@
 // inside its own value would be replaced for ever: that is an error.
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "engine/characters.h"
@@ -97,7 +98,10 @@ String MathClass::SubstituteVariables(std::string_view text) {
     succeeds = AppendSubstituted(line, text);
   }
   if (!succeeds) return String(errors::twoArgumentsRequired);
-  return Trim(line.result);
+  const std::string_view trimmed = Trimmed(line.result);
+  line.result.erase(0, static_cast<std::size_t>(trimmed.data() - line.result.data()));
+  line.result.resize(trimmed.size());
+  return std::move(line.result);
 }
 
 // Appends `text` with its names replaced. Gives false when a value holds its own name.

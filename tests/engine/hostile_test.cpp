@@ -144,12 +144,15 @@ TEST(Hostile, LongValuesOnManyLines) {
   const String zeros(30'000, '0');
   const String tiny = "x=." + zeros + "1\n";
   const String grouped = "x=" + Times(15'000, "1,") + "1\n";
+  const String digits(1430, '0');
+  const String arguments = "\"=" + Times(2, digits + "." + digits + ",") + digits + "\nx=frac(0.5)\n";
   Check({
       {"sums", tiny + Times(8'000, "x+1\n") + "2", "2"},
       {"side by side", tiny + Times(8'000, "x x\n") + "2", "2"},
       {"factors in parentheses", tiny + Times(2'000, "(x)(x)(x)(x)\n") + "2", "2"},
       {"calls", tiny + Times(3'000, "max(x,x)\n") + "2", "2"},
       {"as they stand", tiny + Times(8'000, "(x)\n") + "x", "." + zeros + "1"},
+      {"twice in the value of another name", arguments + Times(3'000, "x+") + "1", "1"},
       {"the same value again", grouped + Times(8'000, "x=x\n") + "x^0", "1"},
   });
 }
@@ -172,17 +175,16 @@ TEST(Hostile, ShortenedNumbersReadTheSame) {
       if (random() % 4 == 0) number += digits("0.,9", 20);
     }
     const String abridged = AbridgedNumber(number);
-    ASSERT_LE(abridged.size(), std::min<std::size_t>(number.size(), 9000));
+    ASSERT_LE(abridged.size(), std::min<std::size_t>(number.size(), 4000));
     for (const String& front : around) {
       for (const String& behind : around) {
         const String whole = Join({front, number, behind}, "");
         const String shortened = Join({front, abridged, behind}, "");
         ASSERT_EQ(CDbl(shortened), CDbl(whole)) << whole;
         ASSERT_EQ(Val(shortened), Val(whole)) << whole;
+        for (const Int32 field : {1, 2})
+          ASSERT_EQ(CDbl(NthField(shortened, ",", field)), CDbl(NthField(whole, ",", field))) << whole;
       }
-    }
-    for (const Int32 field : {1, 2}) {
-      ASSERT_EQ(CDbl(NthField(abridged, ",", field)), CDbl(NthField(number, ",", field))) << number;
     }
   }
 }
