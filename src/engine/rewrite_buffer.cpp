@@ -55,10 +55,10 @@ void RewriteBuffer::Advance(std::size_t count) {
 bool RewriteBuffer::MoveTo(CharacterSet sets) {
   const std::string_view after = After();
   const bool signFirst = head_ == gapBegin_ && !after.empty() && after.front() == '-';
-  std::size_t i = signFirst ? 1 : 0;
-  while (i < after.size() && !IsIn(after[i], sets)) ++i;
-  if (i == after.size()) return false;
-  Advance(i);
+  const auto isSought = [sets](char c) { return IsIn(c, sets); };
+  const auto found = std::find_if(after.begin() + (signFirst ? 1 : 0), after.end(), isSought);
+  if (found == after.end()) return false;
+  Advance(static_cast<std::size_t>(found - after.begin()));
   return true;
 }
 
