@@ -28,7 +28,8 @@ build_preset fuzz
 
 build=build/fuzz
 mkdir -p "$build/finds"
-mapfile -t known < <(find "$build" -maxdepth 1 -name 'fuzz_*' -type f -perm -u+x -printf '%f\n' | sed 's/^fuzz_//' | sort)
+mapfile -t known < <(find "$build" -maxdepth 1 -name 'fuzz_*' -type f -perm -u+x -printf '%f\n' |
+  sed 's/^fuzz_//' | sort)
 targets=("$@")
 if ((${#targets[@]} == 0)); then targets=("${known[@]}"); fi
 for target in "${targets[@]}"; do
