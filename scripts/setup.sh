@@ -15,6 +15,7 @@ declare -A packageGroups=(
   [gui]="qt6-base-dev fonts-dejavu-core x11-utils"
   [test]="libgtest-dev python3 libplist-utils faketime"
   [gates]="clang-format-14 clang-tidy-14 mandoc"
+  [fuzz]="clang-14 libclang-rt-14-dev"
   [screenshot]="xvfb openbox xdotool imagemagick x11-utils xclip fonts-dejavu-core"
   [icons]="librsvg2-bin"
   [bench]="libbenchmark-dev"

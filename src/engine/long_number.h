@@ -10,11 +10,12 @@
 
 namespace sumlet {
 
-inline constexpr std::size_t shortNumberLength = 4096;          // up to here a number is never worth abridging
-inline constexpr std::size_t abridgingThreshold = 1024 * 1024;  // bytes of one line before abridging begins
+inline constexpr std::size_t shortNumberLength = 1500;          // up to here a number is never worth abridging
+inline constexpr std::size_t abridgingThreshold = 1024 * 1024;  // bytes of such values in a run before that begins
 
-// A shorter text that reads as the same double as `number`, whatever digits, points, commas and signs are written in
-// front of it and behind it. `number` is made of digits, ".", "," and a "-" in front.
+// A shorter text, below 4000 bytes, that reads as the same double as `number`, whatever digits, points, commas and
+// signs are written in front of it and behind it; and so do the first two of the fields into which its commas divide
+// it. `number` is made of digits, ".", "," and a "-" in front.
 [[nodiscard]] String AbridgedNumber(std::string_view number);
 
 }  // namespace sumlet

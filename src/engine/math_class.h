@@ -76,7 +76,7 @@ class MathClass {
   // One text to its value or error (reduction.cpp).
   [[nodiscard]] String Reduce(std::string_view expression);
   [[nodiscard]] String Assign(std::string_view expression, std::size_t equalsSign);
-  [[nodiscard]] String Rewrite(std::string_view expression);
+  [[nodiscard]] String Rewrite(RewriteBuffer& text);
   [[nodiscard]] Ending ReduceBars(RewriteBuffer& text);
   [[nodiscard]] String ReduceOperators(RewriteBuffer& text);
 
@@ -100,7 +100,8 @@ class MathClass {
   struct Substitution;
   struct ValueForm {
     bool hasWords;    // holds characters of names, which are looked up in their turn
-    String abridged;  // a long number made shorter; empty for any other value
+    bool isLong;      // a number worth abridging
+    String abridged;  // of a long number, made when it is first wanted
   };
   [[nodiscard]] static ValueForm FormOf(std::string_view value);
   void DefineBuiltIns();
@@ -109,6 +110,7 @@ class MathClass {
   [[nodiscard]] String SubstituteVariables(std::string_view text);
   [[nodiscard]] bool AppendSubstituted(Substitution& line, std::string_view text);
   [[nodiscard]] bool AppendValue(Substitution& line, Int32 index);
+  void AppendLongValue(Substitution& line, Int32 index);
   [[nodiscard]] static String SubstituteMultiplication(std::string_view text);
 
   // fractions.cpp
@@ -117,6 +119,7 @@ class MathClass {
   [[nodiscard]] static String FractionToDecimal(std::string_view text);
 
   std::vector<ValueForm> valueForms_;                     // of varValue, element by element
+  std::size_t longValueBytes_ = 0;                        // of the long values put in during the run
   Int32 randomIndex_ = -1;                                // of RND, whose value is never read
   std::unordered_map<std::string, Int32> variableIndex_;  // folded name to its index in varKey
   std::string foldedName_;                                // of the name being looked up, kept for its memory

@@ -51,12 +51,18 @@ String MathClass::Reduce(std::string_view expression) {
   if (census.opening != census.closing) return String(errors::unmatchedParenthesis);
   if (census.bars % 2 != 0) return String(errors::unmatchedBar);
   ++ReduceLevel;
-  if (ReduceLevel > 1) return Rewrite(expression);
+  if (ReduceLevel > 1) {
+    RewriteBuffer text(expression);
+    return Rewrite(text);
+  }
 
   const std::size_t equalsSign = expression.find('=');
   if (equalsSign != std::string_view::npos) return Assign(expression, equalsSign);
   String substituted = SubstituteVariables(expression);
-  return ResultIsError(substituted) ? substituted : Rewrite(substituted);
+  if (ResultIsError(substituted)) return substituted;
+  RewriteBuffer text(substituted);
+  substituted = String();  // it can be thousands of times as long as the line
+  return Rewrite(text);
 }
 
 // The name is looked at only after the right side has its value: an error there comes first.
@@ -73,8 +79,7 @@ String MathClass::Assign(std::string_view expression, std::size_t equalsSign) {
   return value;
 }
 
-String MathClass::Rewrite(std::string_view expression) {
-  RewriteBuffer text(expression);
+String MathClass::Rewrite(RewriteBuffer& text) {
   if (text.Held(parenthesis)) {
     if (Ending ending = ReduceParentheses(text)) return *std::move(ending);
   }
@@ -115,7 +120,7 @@ String MathClass::ReduceOperators(RewriteBuffer& text) {
       if (const std::string_view word = FirstWord(numbers); !word.empty()) return Fail(errors::variableUnknown, word);
     }
     if (numbers.find(' ') == std::string_view::npos) return String(numbers);
-    text.Assign(ReplaceAll(numbers, " ", "*"));
+    text.ReplaceBlanks('*');
   }
 }
 

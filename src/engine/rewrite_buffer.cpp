@@ -15,7 +15,6 @@ bool IsDropped(char c, SeamTrim trim) { return trim == SeamTrim::Blanks ? c == '
 
 void RewriteBuffer::Assign(std::string_view text) {
   text = Trimmed(text);
-  head_ = gapBegin_ = valueBegin_ = valueEnd_ = 0;
   gapEnd_ = end_ = capacity_;
   Reserve(text.size() + spareGap);
   gapEnd_ = end_ - text.size();
@@ -56,10 +55,10 @@ void RewriteBuffer::Advance(std::size_t count) {
 bool RewriteBuffer::MoveTo(CharacterSet sets) {
   const std::string_view after = After();
   const bool signFirst = head_ == gapBegin_ && !after.empty() && after.front() == '-';
-  std::size_t i = signFirst ? 1 : 0;
-  while (i < after.size() && !IsIn(after[i], sets)) ++i;
-  if (i == after.size()) return false;
-  Advance(i);
+  const auto isSought = [sets](char c) { return IsIn(c, sets); };
+  const auto found = std::find_if(after.begin() + (signFirst ? 1 : 0), after.end(), isSought);
+  if (found == after.end()) return false;
+  Advance(static_cast<std::size_t>(found - after.begin()));
   return true;
 }
 
@@ -82,6 +81,15 @@ void RewriteBuffer::StepBackOverValue() {
   gapEnd_ -= count;
   std::memmove(data_ + gapEnd_, data_ + valueBegin_, count);
   gapBegin_ = valueEnd_ = valueBegin_;
+}
+
+void RewriteBuffer::ReplaceBlanks(char sign) {
+  Advance(end_ - gapEnd_);
+  TrimSeam(SeamTrim::WhiteSpace);
+  TrimHead();
+  std::replace(data_ + head_, data_ + gapBegin_, ' ', sign);
+  held_ |= SetsOf(sign);
+  Rewind();
 }
 
 // Makes the gap at least `gap` bytes wide. Doubling keeps the cost of all growth in proportion to the final size.

@@ -31,9 +31,6 @@ class RewriteBuffer {
   RewriteBuffer(const RewriteBuffer&) = delete;
   RewriteBuffer& operator=(const RewriteBuffer&) = delete;
 
-  // The same for a buffer in use; `text` must not be a part of it.
-  void Assign(std::string_view text);
-
   // Whether the text or a value put into it had a character of these sets.
   [[nodiscard]] bool Held(CharacterSet sets) const { return (held_ & sets) != 0; }
 
@@ -59,7 +56,11 @@ class RewriteBuffer {
   // Moves the cursor, right behind a Replace, in front of the value.
   void StepBackOverValue();
 
+  // Puts `sign` in the place of every blank. White space at both ends goes; the cursor then stands at the start.
+  void ReplaceBlanks(char sign);
+
  private:
+  void Assign(std::string_view text);
   void Reserve(std::size_t gap);
   void TrimSeam(SeamTrim trim);
   void TrimHead();

@@ -6,6 +6,7 @@
 // inside its own value would be replaced for ever: that is an error.
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "engine/characters.h"
@@ -25,19 +26,28 @@ bool HasWords(std::string_view value) {
   return false;
 }
 
+// Whether a value in this text is computed, or the text ends in an error, whatever the value. A value stands between
+// blanks, and numbers with a blank between them are multiplied; an operator leaves a number. Parentheses, bars, a minus
+// sign and white space can all go without a trace.
+bool HoldsNumberOrOperator(std::string_view text) {
+  const auto tells = [](char c) { return c != ' ' && c != '-' && IsIn(c, delimiter) && !IsIn(c, parenthesis | bar); };
+  return std::any_of(text.begin(), text.end(), tells);
+}
+
 }  // namespace
 
 // One line on its way through the substitution.
 struct MathClass::Substitution {
   String result;
-  bool hasLongValue = false;
+  bool isComputed = false;  // no value put in will be shown as it stands
+  int longValues = 0;       // put in, and how many of them in whole
+  int wholeLongValues = 0;
   std::vector<Int32> opened;  // the variables whose values are being read
 };
 
 MathClass::ValueForm MathClass::FormOf(std::string_view value) {
   const bool hasWords = HasWords(value);
-  const bool isLong = !hasWords && value.size() > shortNumberLength;
-  return {hasWords, isLong ? AbridgedNumber(value) : String()};
+  return {hasWords, !hasWords && value.size() > shortNumberLength, {}};
 }
 
 // Empties the table and fills it anew. A run may give any built-in another value except RND.
@@ -46,6 +56,7 @@ void MathClass::DefineBuiltIns() {
   varValue.Redim(-1);
   valueForms_.clear();
   variableIndex_.clear();
+  longValueBytes_ = 0;
   AddVariable("pi", "3.14159265358979323846264338327950");
   AddVariable("\u03C0", "3.14159265358979323846264338327950");
   AddVariable("RND", "[random]");  // never read: each use takes a new random number
@@ -56,6 +67,7 @@ void MathClass::DefineBuiltIns() {
 void MathClass::AddVariable(std::string_view name, std::string_view value) {
   const Int32 index = FindVariable(name);
   if (index >= 0) {
+    if (varValue[index] == value) return;
     varValue[index] = value;
     valueForms_[static_cast<std::size_t>(index)] = FormOf(value);
     return;
@@ -73,11 +85,23 @@ Int32 MathClass::FindVariable(std::string_view name) {
   return found == variableIndex_.end() ? -1 : found->second;
 }
 
+// What follows a long value can tell that it need not have been put in whole. Once that has cost enough, it is done
+// over with the value abridged, since all the steps that follow read it again.
 String MathClass::SubstituteVariables(std::string_view text) {
   Substitution line;
   line.result.reserve(text.size() + 64);
-  if (!AppendSubstituted(line, text)) return String(errors::twoArgumentsRequired);
-  return Trim(line.result);
+  line.isComputed = HoldsNumberOrOperator(text);
+  bool succeeds = AppendSubstituted(line, text);
+  line.isComputed = line.isComputed || line.longValues > 1;
+  if (succeeds && line.isComputed && line.wholeLongValues > 0 && longValueBytes_ > abridgingThreshold) {
+    line.result.clear();
+    succeeds = AppendSubstituted(line, text);
+  }
+  if (!succeeds) return String(errors::twoArgumentsRequired);
+  const std::string_view trimmed = Trimmed(line.result);
+  line.result.erase(0, static_cast<std::size_t>(trimmed.data() - line.result.data()));
+  line.result.resize(trimmed.size());
+  return std::move(line.result);
 }
 
 // Appends `text` with its names replaced. Gives false when a value holds its own name.
@@ -94,7 +118,8 @@ bool MathClass::AppendSubstituted(Substitution& line, std::string_view text) {
     if (word.empty()) continue;
     const Int32 index = FindVariable(word);
     if (index < 0) {
-      line.result += word;
+      line.result += word;  // a function, or unknown, unless it is white space
+      line.isComputed = line.isComputed || !Trimmed(word).empty();
     } else if (!AppendValue(line, index)) {
       return false;
     }
@@ -112,17 +137,28 @@ bool MathClass::AppendValue(Substitution& line, Int32 index) {
     line.opened.push_back(index);
     if (!AppendSubstituted(line, varValue[index])) return false;
     line.opened.pop_back();
-  } else if (form.abridged.empty()) {
-    line.result += varValue[index];
+  } else if (form.isLong) {
+    AppendLongValue(line, index);
   } else {
-    // A text with two values is always computed and never shown as it stands, so from the second on a long one may
-    // come abridged.
-    const bool mayAbridge = line.hasLongValue && line.result.size() > abridgingThreshold;
-    line.result += mayAbridge ? form.abridged : varValue[index];
-    line.hasLongValue = true;
+    line.result += varValue[index];
   }
   line.result += ' ';
   return true;
+}
+
+// A text with two numbers is always computed and never shown as it stands.
+void MathClass::AppendLongValue(Substitution& line, Int32 index) {
+  ValueForm& form = valueForms_[static_cast<std::size_t>(index)];
+  const bool isComputed = line.isComputed || line.longValues > 0;
+  ++line.longValues;
+  if (isComputed && longValueBytes_ > abridgingThreshold) {
+    if (form.abridged.empty()) form.abridged = AbridgedNumber(varValue[index]);
+    line.result += form.abridged;
+  } else {
+    ++line.wholeLongValues;
+    line.result += varValue[index];
+    longValueBytes_ += varValue[index].size();
+  }
 }
 
 // Numbers side by side are multiplied by the rewriting itself, once no operator is left among them; nothing is put in

@@ -14,6 +14,7 @@
 #include <system_error>
 
 #include "framework/file/folder_item.h"
+#include "shell/start_message.h"
 
 #if defined(__linux__)
 
@@ -96,12 +97,6 @@ Descriptor Listen(const Address& address, bool& taken) {
   return socket;
 }
 
-String RequestWith(std::string_view token) {
-  String request(startRequest);
-  if (IsToken(token)) request.append(" ").append(token);
-  return request + "\n";
-}
-
 }  // namespace
 
 Claim ClaimInstance(std::string_view name, std::string_view token, milliseconds patience) {
@@ -166,11 +161,6 @@ String SingleInstanceName() {
 #else
   return "sumlet-" + hash.toStdString();
 #endif
-}
-
-bool IsToken(std::string_view text) {
-  return !text.empty() && text.size() <= longestToken &&
-         std::all_of(text.begin(), text.end(), [](char c) { return c > ' ' && c < '\x7F'; });
 }
 
 }  // namespace sumlet

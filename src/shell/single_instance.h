@@ -28,15 +28,9 @@ struct Claim {
 
 // Of any number of processes that claim a name at the same instant exactly one is the first, until its end, however it
 // ends. `token` is the desktop's permission to come to the front (XDG_ACTIVATION_TOKEN), handed on to the running
-// program. Waits for an answer no longer than `patience`: the running program may itself be starting up.
+// program when it is a token (start_message.h). Waits for an answer no longer than `patience`: the running program may
+// itself be starting up.
 [[nodiscard]] Claim ClaimInstance(std::string_view name, std::string_view token, std::chrono::milliseconds patience);
-
-// What a start sends, ended by a line feed, the token behind a space where it has one; and the answer. A token is
-// printable ASCII without spaces; one that is not, or is longer than this, is not handed on.
-inline constexpr std::string_view startRequest = "start";
-inline constexpr std::string_view startAnswer = "started\n";
-inline constexpr std::size_t longestToken = 256;
-[[nodiscard]] bool IsToken(std::string_view text);
 
 // Whether the process at the other end of a connected local socket belongs to the user of this one.
 [[nodiscard]] bool IsOwnPeer(const Descriptor& socket);

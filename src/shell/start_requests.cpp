@@ -11,6 +11,7 @@
 #include <chrono>
 
 #include "shell/single_instance.h"
+#include "shell/start_message.h"
 
 namespace sumlet {
 namespace {
@@ -18,19 +19,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::size_t mostPeers = 16;
-constexpr std::size_t longestRequest = startRequest.size() + 1 + longestToken + 1;
 constexpr auto peerPatience = 5s;  // a start sends its request at once
 constexpr auto rest = 1s;          // after accepting has failed, as without descriptors: it would fail again at once
-
-// The token of a request line without its line feed; empty when it has none. False when it is no request.
-bool ParseRequest(std::string_view line, std::string_view& token) {
-  if (line.substr(0, startRequest.size()) != startRequest) return false;
-  token = line.substr(startRequest.size());
-  if (token.empty()) return true;
-  if (token.front() != ' ') return false;
-  token.remove_prefix(1);
-  return IsToken(token);
-}
 
 }  // namespace
 
@@ -87,11 +77,10 @@ void StartRequests::Read(Peer& peer) {
   const ssize_t count = recv(peer.Socket().Number(), bytes.data(), bytes.size() - peer.received.size(), 0);
   if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
   if (count > 0) peer.received.append(bytes.data(), static_cast<std::size_t>(count));
-  const std::size_t end = peer.received.find('\n');
-  if (end == String::npos && count > 0 && peer.received.size() <= longestRequest) return;
-
   std::string_view token;
-  const bool request = end != String::npos && ParseRequest(std::string_view(peer.received).substr(0, end), token);
+  const RequestState state = ReadRequest(peer.received, token);
+  if (state == RequestState::Unfinished && count > 0) return;
+  const bool request = state == RequestState::Request;
   if (request) {
     // The toolkit takes it from here when a window is brought to the front.
     if (!token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray(token.data(), static_cast<qsizetype>(token.size())));

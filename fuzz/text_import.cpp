@@ -1,0 +1,51 @@
+// What an imported file goes through: any bytes become UTF-8 text, which is trimmed and cut into lines.
+#include "check.h"
+#include "framework/text/encoding.h"
+#include "framework/text/utf8.h"
+
+namespace sumlet {
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+bool IsUtf8(std::string_view text) {
+  for (std::size_t i = 0; i < text.size();) {
+    const Utf8Character character = CharacterAt(text, i);
+    if (character.code >= invalidByteBase || character.length == 0) return false;
+    i += character.length;
+  }
+  return true;
+}
+
+void CheckDecoding(std::string_view bytes, const String& text) {
+  Check(IsUtf8(text), "the text is UTF-8");
+  Check(text.size() <= 3 * bytes.size(), "no byte becomes more than three");
+  Check(DecodeText(String(byteOrderMark) + text) == text, "text with a mark is the text");
+  const bool hasMark =
+      bytes.starts_with(byteOrderMark) || bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+  if (!hasMark && IsUtf8(bytes)) Check(text == bytes, "text that is UTF-8 stays");
+}
+
+// As it is shown after the import: without white space at its ends, and line by line.
+void CheckLines(const String& text) {
+  const String trimmed = Trim(text);
+  Check(trimmed.empty() || (!IsWhiteSpace(trimmed.front()) && !IsWhiteSpace(trimmed.back())), "the ends are trimmed");
+  Check(IsUtf8(trimmed), "trimming keeps characters whole");
+  const Array<String> split = Split(ReplaceLineEndings(trimmed, EndOfLine), EndOfLine);
+  Int32 count = 0;
+  LineReader lines(trimmed);
+  for (std::string_view line; lines.Next(line); ++count)
+    Check(count <= split.Ubound() && split[count] == line, "the lines are those of the list");
+  Check(count == split.Ubound() + 1, "there are as many lines as in the list");
+}
+
+}  // namespace
+}  // namespace sumlet
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+  const std::string_view bytes = sumlet::Input(data, size);
+  const sumlet::String text = sumlet::DecodeText(bytes);
+  sumlet::CheckDecoding(bytes, text);
+  sumlet::CheckLines(text);
+  return 0;
+}
