@@ -109,9 +109,8 @@ class SettingsFile {
 };
 
 void Connect() {
-  Preferences::RegisterSection(
-      {"TemplateList", TemplatesManager::Store, TemplatesManager::Load, TemplatesManager::LoadNothing});
-  Preferences::RegisterSection({"WindowList", MyWindowManager::Store, MyWindowManager::Load, [] {}});
+  TemplatesManager::RegisterSection();
+  MyWindowManager::RegisterSection();
   MyWindowManager::SetWindowList(StoredWindows);
   MyWindowManager::RegisterRestorer({"template", RestoreChooser});
   MyWindowManager::RegisterRestorer({"equation", RestoreEquation});
