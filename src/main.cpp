@@ -47,7 +47,7 @@ int Run(Descriptor requests) {
   Application application;
   Application::setApplicationName(QStringLiteral("sumlet"));
   Application::setApplicationVersion(QStringLiteral(SUMLET_VERSION));
-  Application::setWindowIcon(ApplicationIcon());
+  Application::setWindowIcon(WindowIcon());
   InstallDialogs();
   InstallBrowser();
   ConnectSettings();
