@@ -4,6 +4,7 @@
 #include "equationwindow/win_sumlet.h"
 #include "framework/ui/application.h"
 #include "framework/ui/browser.h"
+#include "framework/ui/caret_rest.h"
 #include "framework/ui/dialogs.h"
 #include "persistence/my_window_manager.h"
 #include "persistence/preferences.h"
@@ -51,6 +52,7 @@ int Run(Descriptor requests) {
   InstallDialogs();
   InstallBrowser();
   ConnectSettings();
+  const CaretRest caretRest;
 
   App app;
   app.BindMenuHandlers();
