@@ -17,8 +17,9 @@ declare -A packageGroups=(
   [gates]="clang-format-14 clang-tidy-14 mandoc"
   [screenshot]="xvfb openbox xdotool imagemagick x11-utils xclip fonts-dejavu-core"
   [icons]="librsvg2-bin"
-  [bench]="libbenchmark-dev"
+  [bench]="libbenchmark-dev libx11-dev libxdamage-dev valgrind dbus-daemon"
   [bench-peers]="python3 mawk gawk bc"
+  [bench-windows]="python3 speedcrunch galculator featherpad mousepad qalculate-gtk gnome-calculator"
 )
 
 # ensure_packages GROUP...: installs the packages of the groups that are missing.
