@@ -6,6 +6,7 @@ grows, and then where those of the 10,000 lines go. Needs valgrind.
 """
 
 import argparse
+import collections
 import os
 import re
 import subprocess
@@ -34,9 +35,15 @@ def count(program, lines, folder, name):
 def print_profile(profile, most):
     listing = subprocess.run(["callgrind_annotate", "--threshold=100", profile], capture_output=True, text=True,
                              check=True).stdout
-    rows = re.findall(r"^ *([\d,]+) \( *([\d.]+)%\)  (?:[^:]*/)?(?:\?\?\?:)?(.*?)(?: \[(?:.*/)?([^\]]*)\])?$", listing, re.M)
-    for instructions, share, function, _ in rows[1:most + 1]:
-        print(f"| {function.replace('|', ' ')[:100]} | {int(instructions.replace(',', '')) / 1e6:.1f} | {share} % |")
+    rows = re.findall(r"^ *([\d,]+) \([ \d.]+%\)  (?:.*?:)?(\S.*?)(?: \[/[^\]]*\])?$", listing, re.M)
+    counts = collections.Counter()
+    for instructions, function in rows[1:]:
+        # Without arguments, and the calls of a function within itself together with the others.
+        name = re.sub(r"\[abi:\w+\]|\((?!anonymous).*", "", function.removeprefix("sumlet::"))
+        counts[name.replace("(anonymous namespace)::", "")] += int(instructions.replace(",", ""))
+    total = int(rows[0][0].replace(",", ""))
+    for name, instructions in counts.most_common(most):
+        print(f"| {name} | {instructions / 1e6:.1f} | {instructions / total:.1%} |")
 
 
 def main():

@@ -4,11 +4,14 @@
 FOLDER is a build folder with sumlet, bare_qt and first_paint. Needs a display with a window manager that is not used
 otherwise; scripts/bench.sh makes one. The programs take turns (A B C A B C ...), so that a busy moment of the machine
 hits them all. Prints a Markdown table: the median time from the start of the process to its first painted window, in
-brackets the least, and to its last one where it opens several; resident and proportional memory a while later; and of
-the idle time after that the processor time and how often a thread woke up. The ratios are to the bare Qt program.
+brackets how many times as long as the bare Qt program's, the least, and the time to the last window where a program
+opens several; the processor time of the start without that of the display and the window manager; resident and
+proportional memory a while later; and of the idle time after that the processor time and how often a thread woke up.
+Proportional memory compares only while no other program of a toolkit comes or goes.
 
-Below the table stands what each further window of a large session takes. Peers that are not installed, or show no
-window here, are left out with a word.
+Below the table stands what each further window of a large session takes. The windows of a session are made one after
+the other, and painting begins when all are there, so the first painted window tells when the last one was made. Peers
+that are not installed, or show no window here, are left out with a word.
 """
 
 import argparse
@@ -124,22 +127,25 @@ def row(program, bare, idle):
     with Run(program) as run:
         time.sleep(SETTLED)
         resident, proportional = run.memory()
+        start = run.activity()[0]
         time.sleep(ASLEEP - SETTLED)
         before = run.activity()
         time.sleep(idle)
         seconds, waits = (after - earlier for after, earlier in zip(run.activity(), before))
-    values = {"first": first, "last": last, "resident": resident, "proportional": proportional}
+    values = {"first": first, "last": last, "start": start * 1000, "resident": resident,
+              "proportional": proportional}
     bare = bare or values
     cell = {key: f"{value:.0f} ({value / bare[key]:.2f})" for key, value in values.items()}
     windows = cell["last"] if program.windows > 1 else ""
-    return values, (f"| {program.name} | {cell['first']} | {least:.0f} | {windows} | {cell['resident']} | "
-                    f"{cell['proportional']} | {seconds * 1000:.1f} | {waits} |")
+    return values, (f"| {program.name} | {cell['first']} | {least:.0f} | {windows} | {cell['start']} | "
+                    f"{cell['resident']} | {cell['proportional']} | {max(seconds, 0) * 1000:.1f} | {max(waits, 0)} |")
 
 
 def further(few, many, count):
     """What each further window takes, from the sessions of a few and of many windows."""
-    time_taken, memory = ((many[key] - few[key]) / count for key in ("last", "proportional"))
-    return f"Each of {count} further windows: {time_taken:.2f} ms, {memory * 1024:.0f} KiB."
+    made, painted, memory = ((many[key] - few[key]) / count for key in ("first", "last", "resident"))
+    return (f"Each of {count} further windows: {made:.1f} ms until made, {painted:.1f} ms until painted, "
+            f"{memory * 1024:.0f} KiB resident.")
 
 
 def main():
@@ -157,9 +163,9 @@ def main():
             for program in measured:
                 with Run(program) as run:
                     program.times.append(run.times)
-        print("| | first window, ms | least | last window | resident, MiB | proportional, MiB | "
+        print("| | first window, ms | least | last window | processor, ms | resident, MiB | proportional, MiB | "
               f"{options.idle:g} s idle: processor, ms | wake-ups |")
-        print("|---|---|---|---|---|---|---|---|")
+        print("|---|---|---|---|---|---|---|---|---|")
         values = []
         for program in measured:
             taken, line = row(program, values[0] if values else None, options.idle)
