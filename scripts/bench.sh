@@ -42,7 +42,9 @@ for section in "$@"; do
 done
 if (($# > 0)); then sections=("$@"); fi
 
-ensure_packages build gui bench bench-peers bench-windows screenshot
+ensure_packages build gui bench
+if [[ " ${sections[*]} " == *" peers "* ]]; then ensure_packages bench-peers; fi
+if [[ " ${sections[*]} " == *" start "* ]]; then ensure_packages screenshot bench-windows; fi
 build_preset release -DSUMLET_BUILD_BENCH=ON
 for section in "${sections[@]}"; do
   printf '\n== %s\n' "$section"
