@@ -1,18 +1,28 @@
 // The road of a key stroke through a window, by the lines of its text: from the key to the painted character, and from
-// the timer's end to the painted result. Painted means drawn by the toolkit; the desktop's part is not in it.
+// the timer's end to the painted result. Then windows by their number: making one more, bringing back a session, and
+// saving it, with 100 lines in each. Painted means drawn by the toolkit; the desktop's part is not in it.
 #include <benchmark/benchmark.h>
 
+#include <unistd.h>
+
 #include <QApplication>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
+#include <QThread>
+#include <cstdio>
 #include <string>
+#include <vector>
 
 #include "equationwindow/win_sumlet.h"
+#include "persistence/preferences.h"
+#include "shell/menus.h"
 
 namespace sumlet {
 namespace {
 
-// Every fifth line is a comment. The caret stands in the middle.
+// Every fifth line is a comment. The caret stands at the end of one in the middle, so that what is typed there leaves
+// all lines to be evaluated.
 winSumlet& OpenWindow(std::int64_t lines) {
   std::string text;
   for (std::int64_t i = 0; i < lines; ++i) {
@@ -24,7 +34,8 @@ winSumlet& OpenWindow(std::int64_t lines) {
   window->Loading = false;
   window->Calculate();
   QTextCursor caret = window->textInput().textCursor();
-  caret.setPosition(window->textInput().document()->findBlockByNumber(static_cast<int>(lines / 2)).position());
+  const QTextBlock middle = window->textInput().document()->findBlockByNumber(static_cast<int>(lines / 10 * 5));
+  caret.setPosition(middle.position() + middle.length() - 1);
   window->textInput().setTextCursor(caret);
   QCoreApplication::processEvents();
   return *window;
@@ -58,6 +69,15 @@ void TimerToResult(benchmark::State& state) {
 }
 BENCHMARK(TimerToResult)->Arg(10)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond)->Iterations(50);
 
+// The part of it that calculates, with nothing else done.
+void Engine(benchmark::State& state) {
+  winSumlet& window = OpenWindow(state.range(0));
+  MathClass math(window.textInput().Text());
+  CloseWindow(window);
+  for (auto _ : state) benchmark::DoNotOptimize(math.Evaluate());
+}
+BENCHMARK(Engine)->Arg(10)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+
 // The part of it that colours, after an edit that changes the colour of one line.
 void Coloring(benchmark::State& state) {
   winSumlet& window = OpenWindow(state.range(0));
@@ -71,13 +91,89 @@ void Coloring(benchmark::State& state) {
 }
 BENCHMARK(Coloring)->Arg(10)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 
+// Kilobytes that the process has in memory.
+double ResidentMemory() {
+  long pages = 0;
+  std::FILE* file = std::fopen("/proc/self/statm", "r");
+  if (file == nullptr || std::fscanf(file, "%*d %ld", &pages) != 1) pages = 0;
+  if (file != nullptr) std::fclose(file);
+  return static_cast<double>(pages * sysconf(_SC_PAGESIZE)) / 1024;
+}
+
+std::vector<const MyWindowManager::StoredWindow*> StoredWindows() {
+  std::vector<const MyWindowManager::StoredWindow*> windows;
+  for (Int32 i = 0; i < WindowCount(); ++i)
+    windows.push_back(dynamic_cast<const MyWindowManager::StoredWindow*>(&WindowAt(i)));
+  return windows;
+}
+
+void CloseAllWindows() {
+  while (WindowCount() > 0) WindowAt(0).Close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+String StoredSession(std::int64_t windows) {
+  for (std::int64_t i = 0; i < windows; ++i) OpenWindow(100);
+  return MyWindowManager::Store();
+}
+
+void NewWindow(benchmark::State& state) {
+  (new winSumlet)->repaint();
+  const double before = ResidentMemory();
+  for (auto _ : state) (new winSumlet)->repaint();
+  state.counters["KiB"] = (ResidentMemory() - before) / static_cast<double>(state.iterations());
+  CloseAllWindows();
+}
+BENCHMARK(NewWindow)->Unit(benchmark::kMillisecond)->Iterations(200);
+
+void RestoreSession(benchmark::State& state) {
+  const String session = StoredSession(state.range(0));
+  for (auto _ : state) {
+    state.PauseTiming();
+    CloseAllWindows();
+    state.ResumeTiming();
+    MyWindowManager::Load(session);
+    QCoreApplication::processEvents();
+  }
+  if (WindowCount() != state.range(0)) state.SkipWithError("windows are missing");
+  CloseAllWindows();
+}
+BENCHMARK(RestoreSession)->Arg(3)->Arg(200)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// What is written, without the writing of the file; and all of it.
+void StoreSession(benchmark::State& state) {
+  StoredSession(state.range(0));
+  for (auto _ : state) benchmark::DoNotOptimize(MyWindowManager::Store());
+  CloseAllWindows();
+}
+BENCHMARK(StoreSession)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
+
+void SaveSession(benchmark::State& state) {
+  StoredSession(state.range(0));
+  for (auto _ : state) {
+    state.PauseTiming();
+    QThread::msleep(50);  // saves are minutes apart: the disk has had its time
+    state.ResumeTiming();
+    Preferences::Save();
+  }
+  CloseAllWindows();
+}
+BENCHMARK(SaveSession)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond)->Iterations(20)->UseRealTime();
+
 }  // namespace
 }  // namespace sumlet
 
 int main(int argc, char** argv) {
+  const QTemporaryDir settings;
+  qputenv("XDG_DATA_HOME", settings.path().toUtf8());
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  sumlet::SetMenuAttacher([](sumlet::Window& window) { sumlet::MenuBar1().AttachTo(window); });
+  sumlet::MyWindowManager::SetWindowList(sumlet::StoredWindows);
+  sumlet::Preferences::RegisterSection(
+      {"WindowList", sumlet::MyWindowManager::Store, sumlet::MyWindowManager::Load, [] {}});
+  sumlet::MyWindowManager::RegisterRestorer({"equation", sumlet::winSumlet::RestoreFrom});
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   return 0;

@@ -18,8 +18,9 @@ declare -A packageGroups=(
   [fuzz]="clang-14 libclang-rt-14-dev"
   [screenshot]="xvfb openbox xdotool imagemagick x11-utils xclip fonts-dejavu-core"
   [icons]="librsvg2-bin"
-  [bench]="libbenchmark-dev"
+  [bench]="libbenchmark-dev libx11-dev libxdamage-dev valgrind dbus-daemon"
   [bench-peers]="python3 mawk gawk bc"
+  [bench-windows]="python3 speedcrunch galculator featherpad mousepad qalculate-gtk gnome-calculator"
 )
 
 # ensure_packages GROUP...: installs the packages of the groups that are missing.

@@ -4,6 +4,7 @@
 #include "equationwindow/win_sumlet.h"
 #include "framework/ui/application.h"
 #include "framework/ui/browser.h"
+#include "framework/ui/caret_rest.h"
 #include "framework/ui/desktop_clipboard.h"
 #include "framework/ui/dialogs.h"
 #include "persistence/my_window_manager.h"
@@ -47,11 +48,12 @@ int Run(Descriptor requests) {
   Application application;
   Application::setApplicationName(QStringLiteral("sumlet"));
   Application::setApplicationVersion(QStringLiteral(SUMLET_VERSION));
-  Application::setWindowIcon(ApplicationIcon());
+  Application::setWindowIcon(WindowIcon());
   InstallDialogs();
   InstallBrowser();
   InstallClipboard();
   ConnectSettings();
+  const CaretRest caretRest;
 
   App app;
   app.BindMenuHandlers();

@@ -42,7 +42,7 @@ std::string_view RewriteBuffer::Whole() {
 void RewriteBuffer::Rewind() {
   const std::size_t count = gapBegin_ - head_;
   gapEnd_ -= count;
-  std::memmove(data_ + gapEnd_, data_ + head_, count);
+  if (count > 0) std::memmove(data_ + gapEnd_, data_ + head_, count);
   head_ = gapBegin_ = valueBegin_ = valueEnd_ = 0;
 }
 

@@ -32,7 +32,9 @@ bool winTemplates::list_CellBackgroundPaint(CellGraphics& g, Int32 row, Int32 co
   if (column > 0) g.painter.fillRect(0, 0, 1, g.Height, ruleColour);
   if (selected) {
     if (pOverlay.isNull()) pOverlay = FadingShade(g.Height);
-    g.painter.drawImage(QRect(0, 0, g.Width, g.Height), pOverlay);
+    // Line by line, since stretching a picture looks at each of its points with great care.
+    for (Int32 y = 0; y < g.Height; ++y)
+      g.painter.fillRect(0, y, g.Width, 1, pOverlay.pixelColor(0, y * pOverlay.height() / g.Height));
   }
   g.painter.setPen(Qt::black);  // on a pale background also where the row is selected
   return true;

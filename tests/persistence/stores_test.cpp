@@ -118,9 +118,14 @@ class FakeWindow final : public MyWindowManager::StoredWindow {
  public:
   FakeWindow(const char* key, String text) : key_(key), text_(std::move(text)) {}
   virtual ~FakeWindow() = default;
-  void StoreRecord(KeyList& record) const override { record.AddItem(key_, EncodeURLComponent(text_)); }
+  void StoreRecord(KeyList& record) const override {
+    ++stored_;
+    record.AddItem(key_, EncodeURLComponent(text_));
+  }
+  [[nodiscard]] int Stored() const { return stored_; }
 
  private:
+  mutable int stored_ = 0;
   const char* key_;
   String text_;
 };
@@ -165,6 +170,7 @@ TEST_F(Session, WindowsComeBackFrontLast) {
                            {"1", Bytes({})},
                            {"2", Bytes({{"template", "True"}})},
                            {"3", Bytes({{"equation", ""}})}}));
+  EXPECT_EQ(front.Stored(), 1) << "encoding a long text is most of a save";
   EXPECT_EQ(AlertsOfLoad(stored).size(), 1u);
   EXPECT_EQ(opened, (Lines{"@20", "chooser", "1\n@20"}));
 

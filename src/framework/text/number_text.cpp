@@ -102,8 +102,13 @@ std::string_view FixedPoint(double magnitude, int places, std::array<char, maxFi
   return {begin, static_cast<std::size_t>(end - begin)};
 }
 
+// Whether digits of FixedPoint have the point, which then stands in one place only.
+bool HasPoint(std::string_view digits, int places) {
+  const std::size_t behind = static_cast<std::size_t>(places) + 1;
+  return digits.size() > behind && digits[digits.size() - behind] == '.';
+}
+
 std::string_view WithoutTrailingZeros(std::string_view digits) {
-  if (digits.find('.') == std::string_view::npos) return digits;
   return digits.substr(0, digits.find_last_not_of('0') + 1);
 }
 
@@ -117,11 +122,13 @@ String Format(double x, std::string_view pattern) {
   const bool isNegative = parts.sign && x < 0;
   if (!std::isfinite(x)) return isNegative ? "-inf" : Letters(x);
   std::array<char, maxFixedLength> buffer;
-  const std::string_view digits = WithoutTrailingZeros(FixedPoint(std::fabs(x), parts.places, buffer));
+  std::string_view digits = FixedPoint(std::fabs(x), parts.places, buffer);
+  const bool hasPoint = HasPoint(digits, parts.places);
+  if (hasPoint) digits = WithoutTrailingZeros(digits);
   String text;
   if (isNegative && digits.find_first_not_of("0.") != std::string_view::npos) text += '-';
   text += digits;
-  if (parts.point && digits.find('.') == std::string_view::npos) text += '.';
+  if (parts.point && !hasPoint) text += '.';
   return text;
 }
 
@@ -143,8 +150,9 @@ String Str(double x) {
   }
   std::array<char, maxFixedLength> fixed;
   const String minus = x < 0 ? "-" : "";
-  const std::string_view digits =
-      WithoutTrailingZeros(FixedPoint(std::fabs(x), significantDigits - 1 - exponent, fixed));
+  const int places = significantDigits - 1 - exponent;
+  std::string_view digits = FixedPoint(std::fabs(x), places, fixed);
+  if (HasPoint(digits, places)) digits = WithoutTrailingZeros(digits);
   return minus + String(digits.substr(0, digits.find_last_not_of('.') + 1));
 }
 

@@ -30,6 +30,10 @@ Match FindBytes(std::string_view source, std::string_view find, std::size_t from
   if (source.size() < find.size()) return {};
   const char lower = FoldAscii(find.front());
   const char upper = UpperAscii(lower);
+  if (find.size() == 1 && lower == upper) {
+    const std::size_t begin = source.find(lower, from);
+    return begin == std::string_view::npos ? Match{} : Match{true, begin, begin + 1};
+  }
   const std::size_t lastBegin = source.size() - find.size();
   for (std::size_t begin = from; begin <= lastBegin; ++begin) {
     const bool firstMatches = source[begin] == lower || source[begin] == upper;

@@ -52,8 +52,10 @@ void MoveToFront(Window* window) {
   if (WindowCount() != before && ListChanged()) ListChanged()();
 }
 
-// The screen on which the user works.
+// The screen on which the user works. Where there is one only, the desktop need not be asked for the pointer, and a
+// session of many windows does not wait for as many answers.
 const QScreen* CurrentScreen() {
+  if (QGuiApplication::screens().size() == 1) return QGuiApplication::primaryScreen();
   const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
   return screen ? screen : QGuiApplication::primaryScreen();
 }
