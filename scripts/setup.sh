@@ -16,7 +16,8 @@ declare -A packageGroups=(
   [test]="libgtest-dev python3"
   [gates]="clang-format-14 clang-tidy-14 mandoc"
   [screenshot]="xvfb openbox xdotool imagemagick x11-utils xclip fonts-dejavu-core"
-  [icons]="librsvg2-bin"
+  [package]="dpkg-dev file fakeroot lintian desktop-file-utils appstream mandoc"
+  [icons]="librsvg2-bin icnsutils icoutils"
   [bench]="libbenchmark-dev"
   [bench-peers]="python3 mawk gawk bc"
 )
