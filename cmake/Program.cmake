@@ -1,0 +1,30 @@
+# The window program as each system wants it: a plain program with everything beside it (see data/CMakeLists.txt), a
+# bundle on macOS, a program with its icon and Qt's libraries on Windows. Included where the target `sumlet` is made.
+set(dataFolder ${PROJECT_SOURCE_DIR}/data)
+
+if(APPLE)
+  target_sources(sumlet PRIVATE ${dataFolder}/macos/sumlet.icns)
+  set_source_files_properties(${dataFolder}/macos/sumlet.icns PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+  set_target_properties(sumlet PROPERTIES
+    OUTPUT_NAME Sumlet
+    MACOSX_BUNDLE_INFO_PLIST ${dataFolder}/macos/Info.plist.in
+    MACOSX_BUNDLE_GUI_IDENTIFIER com.fernhill.sumlet
+    MACOSX_BUNDLE_BUNDLE_NAME Sumlet
+    MACOSX_BUNDLE_BUNDLE_VERSION ${PROJECT_VERSION}
+    MACOSX_BUNDLE_SHORT_VERSION_STRING ${PROJECT_VERSION}
+    MACOSX_BUNDLE_ICON_FILE sumlet.icns
+    MACOSX_BUNDLE_COPYRIGHT "© 2026 The Sumlet developers")
+elseif(WIN32)
+  enable_language(RC)
+  configure_file(${dataFolder}/windows/sumlet.rc.in sumlet.rc @ONLY)
+  target_sources(sumlet PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/sumlet.rc)
+endif()
+
+install(TARGETS sumlet BUNDLE DESTINATION .)
+
+# Elsewhere the system's packages bring Qt.
+if(APPLE OR WIN32)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS Core)
+  qt_generate_deploy_app_script(TARGET sumlet FILENAME_VARIABLE deployScript NO_UNSUPPORTED_PLATFORM_ERROR)
+  install(SCRIPT ${deployScript})
+endif()
