@@ -20,9 +20,19 @@ elseif(WIN32)
   target_sources(sumlet PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/sumlet.rc)
 endif()
 
-install(TARGETS sumlet BUNDLE DESTINATION .)
+# Libraries: on Windows all but those of the system go beside the programs; on macOS Qt's tool puts them into the bundle;
+# elsewhere the system's packages bring them.
+set(libraries)
+if(WIN32 AND NOT CMAKE_CROSSCOMPILING)
+  file(TO_CMAKE_PATH "$ENV{PATH}" searched)
+  set(libraries RUNTIME_DEPENDENCIES
+    PRE_EXCLUDE_REGEXES "^api-ms-" "^ext-ms-"
+    POST_EXCLUDE_REGEXES "/[Ss][Yy][Ss][Tt][Ee][Mm]32/"
+    DIRECTORIES ${searched})
+endif()
+install(TARGETS sumlet ${libraries} BUNDLE DESTINATION .)
 
-# Elsewhere the system's packages bring Qt.
+# Qt's plugins, which no library names.
 if(APPLE OR WIN32)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Core)
   qt_generate_deploy_app_script(TARGET sumlet FILENAME_VARIABLE deployScript NO_UNSUPPORTED_PLATFORM_ERROR)
