@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Renders the application icon, data/icons/sumlet.svg, to the sizes that desktops ask for: data/icons/sumlet-SIZE.png.
+# The same pictures in one file each are the icons of a macOS bundle and of a Windows program.
 # The pictures are kept in the repository, so that a build needs no renderer; start this after a change of the drawing.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
@@ -9,3 +10,5 @@ cd "$projectRoot/data/icons"
 for size in 16 24 32 48 64 128 256; do
   rsvg-convert --width "$size" --height "$size" --output "sumlet-$size.png" sumlet.svg
 done
+png2icns ../macos/sumlet.icns sumlet-{16,32,48,128,256}.png >/dev/null
+icotool --create --output ../windows/sumlet.ico sumlet-{16,24,32,48,64}.png --raw=sumlet-256.png

@@ -47,6 +47,7 @@ void ConnectSettings() {
 int Run(Descriptor requests) {
   Application application;
   Application::setApplicationName(QStringLiteral("sumlet"));
+  Application::setDesktopFileName(QStringLiteral("com.fernhill.sumlet"));
   Application::setApplicationVersion(QStringLiteral(SUMLET_VERSION));
   Application::setWindowIcon(WindowIcon());
   InstallDialogs();
