@@ -171,8 +171,7 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   sumlet::SetMenuAttacher([](sumlet::Window& window) { sumlet::MenuBar1().AttachTo(window); });
   sumlet::MyWindowManager::SetWindowList(sumlet::StoredWindows);
-  sumlet::Preferences::RegisterSection(
-      {"WindowList", sumlet::MyWindowManager::Store, sumlet::MyWindowManager::Load, [] {}});
+  sumlet::MyWindowManager::RegisterSection();
   sumlet::MyWindowManager::RegisterRestorer({"equation", sumlet::winSumlet::RestoreFrom});
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();

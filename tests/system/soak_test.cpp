@@ -72,9 +72,9 @@ class Soak : public testing::Test {
 
   Soak() {
     qputenv("XDG_DATA_HOME", folder_.path().toUtf8());
-    Preferences::RegisterSection(
-        {"TemplateList", TemplatesManager::Store, TemplatesManager::Load, TemplatesManager::LoadNothing});
-    Preferences::RegisterSection({"WindowList", MyWindowManager::Store, MyWindowManager::Load, [] {}});
+    qputenv("XDG_CONFIG_HOME", folder_.path().toUtf8());
+    TemplatesManager::RegisterSection();
+    MyWindowManager::RegisterSection();
     MyWindowManager::SetWindowList([] {
       std::vector<const MyWindowManager::StoredWindow*> windows;
       for (Int32 i = 0; i < WindowCount(); ++i)
