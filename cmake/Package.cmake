@@ -30,6 +30,7 @@ else()
   if(SUMLET_BUILD_GUI)
     set(CPACK_DEBIAN_PACKAGE_HOMEPAGE ${SUMLET_MAKER_SITE}/sumlet.html)
     set(CPACK_DEBIAN_PACKAGE_RECOMMENDS xdg-utils)  # opens the web pages of the Help menu
+    set(CPACK_DEBIAN_PACKAGE_SUGGESTS libplist-utils)  # converts older settings that are binary
   endif()
 endif()
 
