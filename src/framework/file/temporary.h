@@ -12,8 +12,8 @@ namespace sumlet {
 // when the folder cannot be made.
 [[nodiscard]] std::optional<FolderItem> GetTemporaryFolderItem();
 
-// Makes the folder of an item from above once more, after DeleteTemporary; one that is still there, and still the user's
-// alone, will do. False when that cannot be, or when another has taken its name.
+// Makes the folder of an item from above once more, after DeleteTemporary; one that is still there, and still the
+// user's alone, will do. False when that cannot be, or when another has taken its name.
 [[nodiscard]] bool RemakeTemporaryFolder(const FolderItem& item);
 
 // Deletes the folder of an item from above, with all that is in it.
