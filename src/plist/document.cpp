@@ -9,7 +9,7 @@ namespace sumlet {
 namespace {
 
 // A tree can take a hundred times the bytes of a file made for that.
-constexpr std::size_t largestDocument = std::size_t{16} << 20;
+constexpr std::size_t largestDocument = std::size_t{8} << 20;
 
 constexpr std::string_view firstKeyLine = "<dict>";
 

@@ -114,12 +114,12 @@ TEST_F(PropertyListFile, Places) {
   EXPECT_FALSE(none.error);
 
   // what was not read is not written over
-  const FolderItem large = File("large", newHeaders + String(17000000, 'x'));
+  const FolderItem large = File("large", newHeaders + String(9000000, 'x'));
   plist unread(large);
   EXPECT_EQ(unread.errorMessage, "Not a plist file");
   unread.Save();
   EXPECT_EQ(unread.errorMessage, "Could not open file for saving");
-  EXPECT_EQ(fs::file_size(large.Path()), newHeaders.size() + 17000000);
+  EXPECT_EQ(fs::file_size(large.Path()), newHeaders.size() + 9000000);
 }
 
 TEST_F(PropertyListFile, Writing) {
