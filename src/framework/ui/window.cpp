@@ -213,8 +213,8 @@ void Window::Centre() {
   if (screen) move(CentredCorner({width(), height() + StaggerStep}, screen->availableGeometry()));
 }
 
-// A window that has closed lives until control is back at the event loop, and the desktop may still hand it the keyboard
-// or the pointer.
+// A window that has closed lives until control is back at the event loop, and the desktop may still hand it the
+// keyboard or the pointer.
 bool Window::event(QEvent* event) {
   if (closed_) return QWidget::event(event);
   if (event->type() == QEvent::WindowActivate) {
