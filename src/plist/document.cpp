@@ -99,6 +99,7 @@ std::optional<TextInputStream> plist::OpenConverted(const FolderItem& source) {
   isBinary = true;
   org = source;
   savePath = *copy;
+  if (copy_) DeleteTemporary(*copy_);  // of an earlier Load
   copy_ = copy;
   ConvertPropertyList(*copy, PropertyListForm::Xml);
   return OpenDocument(*copy);
