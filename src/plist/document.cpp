@@ -41,7 +41,7 @@ plist::~plist() {
   if (copy_) DeleteTemporary(*copy_);
 }
 
-void plist::Load(FolderItem file, std::optional<FolderItem> fallback) {
+void plist::Load(const FolderItem& file, const std::optional<FolderItem>& fallback) {
   root_ = std::make_unique<plistDict>();
   foundDict = nullptr;
   headers.Redim(0);
