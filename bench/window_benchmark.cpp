@@ -29,10 +29,7 @@ winSumlet& OpenWindow(std::int64_t lines) {
     text += i % 5 == 0 ? "# note\n" : "x=(3.5+" + std::to_string(i) + ")*2\n";
   }
   auto* window = new winSumlet;
-  window->Loading = true;
-  window->textInput().SetText(text);
-  window->Loading = false;
-  window->Calculate();
+  window->SetEquation({}, text);
   QTextCursor caret = window->textInput().textCursor();
   const QTextBlock middle = window->textInput().document()->findBlockByNumber(static_cast<int>(lines / 10 * 5));
   caret.setPosition(middle.position() + middle.length() - 1);

@@ -11,7 +11,7 @@ namespace sumlet {
 using CharacterSet = std::uint16_t;
 
 inline constexpr CharacterSet numberCharacter = 1 << 0;  // what an operand may hold: digits, blank, "," and "."
-inline constexpr CharacterSet delimiter = 1 << 1;        // what ends a word
+inline constexpr CharacterSet delimiter = 1 << 1;        // what ends a word: every sign of the language
 inline constexpr CharacterSet plainCharacter = 1 << 2;   // what a finished number may hold: a number character or "-"
 inline constexpr CharacterSet wordCharacter = 1 << 8;    // whatever is neither plain nor a sign of the language
 inline constexpr CharacterSet parenthesis = 1 << 3;
@@ -28,16 +28,13 @@ constexpr std::array<CharacterSet, 256> BuildCharacterTable() {
     for (const char c : characters) table[static_cast<unsigned char>(c)] |= set;
   };
   mark("0123456789 ,.", numberCharacter);
-  mark(" ,.0123456789)(^*/\\+-%|", delimiter);
   mark("0123456789,. -", plainCharacter);
   mark("()", parenthesis);
   mark("|", bar);
   mark("^", powerSign);
   mark("*/\\%", productSign);
   mark("+-", sumSign);
-  for (CharacterSet& sets : table) {
-    if (sets == 0) sets = wordCharacter;
-  }
+  for (CharacterSet& sets : table) sets |= sets == 0 ? wordCharacter : delimiter;
   return table;
 }
 

@@ -1,10 +1,11 @@
-// The functions of the line language.
+// The functions of the line language: one more is a row of a table.
 
-#include <array>
-#include <optional>
+#include <algorithm>
+#include <iterator>
 
 #include "engine/arithmetic.h"
 #include "engine/errors.h"
+#include "engine/function_names.h"
 #include "engine/math_class.h"
 #include "framework/text/numbers.h"
 #include "framework/text/utf8.h"
@@ -28,15 +29,11 @@ struct TwoArguments {
 constexpr double degreesPerRadian = 57.29577951308232;     // 180 / pi
 constexpr double radiansPerDegree = 0.017453292519943295;  // pi / 180
 
-constexpr std::array<TwoArguments, 5> twoArgumentFunctions{{
-    {"atan2", ATan2},
-    {"max", Max},
-    {"mod", IntegerRemainder},
-    {"min", Min},
-    {"pow", Pow},
-}};
+constexpr TwoArguments twoArgumentFunctions[] = {
+    {"atan2", ATan2}, {"max", Max}, {"mod", IntegerRemainder}, {"min", Min}, {"pow", Pow},
+};
 
-constexpr std::array<OneArgument, 16> oneArgumentFunctions{{
+constexpr OneArgument oneArgumentFunctions[] = {
     {"abs", Abs},
     {"acos", ACos},
     {"asin", ASin},
@@ -53,26 +50,31 @@ constexpr std::array<OneArgument, 16> oneArgumentFunctions{{
     {"sin", Sin},
     {"sqrt", Sqrt},
     {"tan", Tan},
-}};
+};
 
-template <typename Functions>
-auto Find(const Functions& functions, std::string_view foldedName) {
-  auto function = functions.begin();
-  while (function != functions.end() && function->name != foldedName) ++function;
-  return function;
+constexpr auto canBeCalled = [](const auto& function) { return CanBeCalled(function.name); };
+static_assert(std::all_of(std::begin(twoArgumentFunctions), std::end(twoArgumentFunctions), canBeCalled));
+static_assert(std::all_of(std::begin(oneArgumentFunctions), std::end(oneArgumentFunctions), canBeCalled));
+
+// nullptr when there is none of this name.
+template <typename Function, std::size_t count>
+const Function* Find(const Function (&functions)[count], std::string_view foldedName) {
+  const Function* function = std::begin(functions);
+  while (function != std::end(functions) && function->name != foldedName) ++function;
+  return function == std::end(functions) ? nullptr : function;
 }
 
 }  // namespace
 
 String MathClass::DoFunction(std::string_view argument1, std::string_view argument2, std::string_view name) {
   const String folded = FoldCase(name);
-  if (const auto function = Find(twoArgumentFunctions, folded); function != twoArgumentFunctions.end()) {
+  if (const TwoArguments* function = Find(twoArgumentFunctions, folded)) {
     if (argument1.empty() || argument2.empty()) return Fail(errors::twoArgumentFormat, name);
     return WithoutClosingPoint(Format(function->apply(CDbl(argument1), CDbl(argument2)), functionFormat));
   }
   if (folded == "frac") return DecimalToFraction(CDbl(argument1));
-  const auto function = Find(oneArgumentFunctions, folded);
-  if (function == oneArgumentFunctions.end()) return Fail(errors::functionUnknown, name);
+  const OneArgument* function = Find(oneArgumentFunctions, folded);
+  if (function == nullptr) return Fail(errors::functionUnknown, name);
   if (argument1.empty()) return Fail(errors::oneArgumentFormat, name);
   return WithoutClosingPoint(Format(function->apply(CDbl(argument1)), functionFormat));
 }

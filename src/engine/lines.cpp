@@ -1,19 +1,11 @@
 // The run over the lines of an equation.
 
+#include "engine/comments.h"
 #include "engine/math_class.h"
 #include "framework/text/search.h"
 #include "framework/text/utf8.h"
 
 namespace sumlet {
-namespace {
-
-// Only the very start of a line opens a comment; the same signs later are operators or errors.
-bool IsSkipped(std::string_view line) {
-  if (line.empty() || line.front() == '\'' || line.front() == '#') return true;
-  return line.substr(0, 2) == "//";
-}
-
-}  // namespace
 
 String MathClass::Evaluate() {
   Result.clear();
@@ -26,7 +18,7 @@ String MathClass::Evaluate() {
   for (std::string_view line; lines.Next(line); ++index) {
     LastLineEvaluated = index;
     line = Trimmed(line);
-    if (IsSkipped(line)) continue;
+    if (line.empty() || IsComment(line)) continue;
     ReduceLevel = 0;
     running = Reduce(line);
     if (ResultIsError(running)) break;

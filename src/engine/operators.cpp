@@ -51,6 +51,22 @@ double IntegerQuotient(double a, double b) {
   return static_cast<double>(quotient);
 }
 
+struct BinaryOperator {
+  char sign;
+  double (*apply)(double left, double right);
+};
+
+// characters.h has the precedence of each sign.
+constexpr BinaryOperator binaryOperators[] = {
+    {'+', [](double a, double b) { return a + b; }},
+    {'-', [](double a, double b) { return a - b; }},
+    {'*', [](double a, double b) { return a * b; }},
+    {'/', [](double a, double b) { return a / b; }},
+    {'^', Pow},
+    {'\\', IntegerQuotient},
+    {'%', IntegerRemainder},
+};
+
 }  // namespace
 
 double IntegerRemainder(double a, double b) {
@@ -99,31 +115,15 @@ String MathClass::DoOperation(std::string_view left, std::string_view right, std
   const String leftNumber = CleanupNumber(left);
   const String rightNumber = CleanupNumber(right);
   if (op.empty()) return rightNumber.empty() ? leftNumber : String(errors::missingOperator);
-  const double a = CDbl(leftNumber);
-  const double b = CDbl(rightNumber);
-  double value = 0;
-  if (op == "-" && rightNumber.empty()) {
-    return WithoutClosingPoint(Format(-a, operatorFormat));
-  } else if (op == "^") {
-    value = Pow(a, b);
-  } else if (op == "*") {
-    value = a * b;
-  } else if (op == "/") {
-    value = a / b;
-  } else if (op == "\\") {
-    value = IntegerQuotient(a, b);
-  } else if (op == "+") {
-    value = a + b;
-  } else if (op == "-") {
-    value = a - b;
-  } else if (op == "%" || SameText(op, "mod")) {
-    value = IntegerRemainder(a, b);
-  } else {
-    const String answer = DoFunction(leftNumber, rightNumber, op);
-    return Fail(answer != errors::functionUnknown ? errors::oneArgumentFormat : errors::functionUnknown, op);
+  if (op == "-" && rightNumber.empty()) return WithoutClosingPoint(Format(-CDbl(leftNumber), operatorFormat));
+  const char sign = op.size() == 1 ? op.front() : SameText(op, "mod") ? '%' : '\0';
+  for (const BinaryOperator& binary : binaryOperators) {
+    if (binary.sign != sign) continue;
+    if (leftNumber.empty() || rightNumber.empty()) return Fail(errors::twoArgumentsRequired, op);
+    return WithoutClosingPoint(Format(binary.apply(CDbl(leftNumber), CDbl(rightNumber)), operatorFormat));
   }
-  if (leftNumber.empty() || rightNumber.empty()) return Fail(errors::twoArgumentsRequired, op);
-  return WithoutClosingPoint(Format(value, operatorFormat));
+  const String answer = DoFunction(leftNumber, rightNumber, op);
+  return Fail(answer != errors::functionUnknown ? errors::oneArgumentFormat : errors::functionUnknown, op);
 }
 
 }  // namespace sumlet

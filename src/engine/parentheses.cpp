@@ -3,17 +3,13 @@
 #include <array>
 
 #include "engine/errors.h"
+#include "engine/function_names.h"
 #include "engine/math_class.h"
 #include "engine/rewrite_buffer.h"
 #include "framework/text/utf8.h"
 
 namespace sumlet {
 namespace {
-
-constexpr std::size_t longestFunctionName = 5;
-
-// Whether a function name can end in `c`. It saves trying five names in front of each plain parenthesis.
-bool CanEndFunctionName(char c) { return !IsAscii(c) || (FoldAscii(c) >= 'a' && FoldAscii(c) <= 'z') || c == '2'; }
 
 // The byte offset of the parenthesis that is open last in `before`. The value put in last holds none, so it is stepped
 // over: the digits of a long number inside many parentheses are not looked at again for each of them.

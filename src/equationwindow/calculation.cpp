@@ -15,6 +15,14 @@ void winSumlet::textInput_TextChange(TextArea& /*sender*/) {
 
 void winSumlet::tmrCalculate_Action(Timer& /*sender*/) { Calculate(); }
 
+void winSumlet::SetEquation(std::string_view name, std::string_view text) {
+  Loading = true;
+  FromTemplate = name;
+  textInput().SetText(text);
+  Loading = false;
+  Calculate();
+}
+
 void winSumlet::Calculate() {
   math->equationText = textInput().Text();
   const String result = math->Evaluate();

@@ -1,13 +1,10 @@
 #include "equationwindow/line_roles.h"
 
+#include <algorithm>
+
+#include "engine/comments.h"
+
 namespace sumlet {
-namespace {
-
-bool IsComment(std::string_view line) {
-  return line.starts_with('\'') || line.starts_with('#') || line.starts_with("//");
-}
-
-}  // namespace
 
 std::vector<LineRole> LineRoles(std::string_view text, std::optional<Int32> errorLine) {
   std::vector<LineRole> roles;

@@ -26,17 +26,13 @@ void winSumlet::RestoreFrom(const MyWindowManager::Record& record) {
   };
 
   auto* window = new winSumlet(false);
-  window->Loading = true;
   window->TextSize = number("size", window->TextSize);
-  window->FromTemplate = text("name");
-  window->textInput().SetText(DecodeURLComponent(text("equation")));
   window->SetLeft(number("left", 20));
   window->SetTop(number("top", 20));
   window->SetWidth(number("width", smallestSize));
   window->SetHeight(number("height", smallestSize));
   if (VariantToBoolean(record.LoadItem("fullscreen", BooleanToVariant(false)))) window->delayToggleFullscreen();
-  window->Loading = false;
-  window->Calculate();
+  window->SetEquation(text("name"), DecodeURLComponent(text("equation")));
   window->Show();
 }
 

@@ -1,7 +1,7 @@
 // winSumlet: the document window. The equation is typed into its upper area, the result stands in the strip below.
 //
-// Whoever fills a window by program sets Loading, sets the text of textInput, clears Loading and calls Calculate, so
-// that the text does not count as typed and the result is there at once.
+// Whoever fills a window by program calls SetEquation, or does what it does: sets Loading, sets the text of textInput,
+// clears Loading and calls Calculate, so that the text does not count as typed and the result is there at once.
 #pragma once
 
 #include <functional>
@@ -54,6 +54,9 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
 
   // Asks for a name on a sheet and adds the equation to the templates when one is given. Always True: handled.
   bool _FileSaveAsTemplate_Action();
+
+  // Shows an equation that was not typed, and its result; no save is scheduled. `name` is what it came from.
+  void SetEquation(std::string_view name, std::string_view text);
 
   // Evaluates the whole equation and shows its result.
   void Calculate();

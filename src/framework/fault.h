@@ -1,6 +1,6 @@
 // Fault: the one exception of the program, for what its logic never means to do: an index out of range, a key that is
-// not there, a stream that was never opened. Only accessors of the framework throw it; only the boundary of an event
-// catches it. Every failure that is to be expected is a value instead.
+// not there, a stream that was never opened. Accessors of the framework and of property lists throw it; the boundary of
+// an event catches it, and whoever reads a damaged file. Every failure that is to be expected is a value instead.
 #pragma once
 
 #include <stdexcept>

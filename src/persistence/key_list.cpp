@@ -30,6 +30,13 @@ void AppendBigEndian(String& text, Int32 value, Int32 width) {
 
 }  // namespace
 
+KeyList NewStoredList() {
+  KeyList list;
+  list.BinaryFormat = true;
+  list.OptimizeBinaryLengthData = true;
+  return list;
+}
+
 String KeyList::GetData() { return ToString(items_.Keys(), items_.Values(), BinaryFormat); }
 
 void KeyList::AddItem(std::string_view key, const Variant& value) {

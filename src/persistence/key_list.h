@@ -94,4 +94,7 @@ class KeyList {
   std::int64_t itemsTaken_ = 0;
 };
 
+// An empty list that is written as all of the settings file is: in the binary form, lengths in the fewest bytes.
+[[nodiscard]] KeyList NewStoredList();
+
 }  // namespace sumlet

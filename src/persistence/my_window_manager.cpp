@@ -23,13 +23,6 @@ std::vector<Restorer>& Restorers() {
   return restorers;
 }
 
-KeyList NewList() {
-  KeyList list;
-  list.BinaryFormat = true;
-  list.OptimizeBinaryLengthData = true;
-  return list;
-}
-
 class KeyListRecord final : public Record {
  public:
   explicit KeyListRecord(KeyList& list) : list_(list) {}
@@ -42,20 +35,12 @@ class KeyListRecord final : public Record {
   KeyList& list_;
 };
 
-// Values of a property list have a type of their own; the fallback tells which is wanted.
 class PropertyListRecord final : public Record {
  public:
   explicit PropertyListRecord(plistDict& node) : node_(node) {}
   [[nodiscard]] bool HasItem(std::string_view key) const override { return node_.Exists(key); }
   [[nodiscard]] Variant LoadItem(std::string_view key, const Variant& fallback) const override {
-    switch (VarType(fallback)) {
-      case VariantType::Integer:
-        return Int32ToVariant(node_.GetInteger(key, VariantToInt32(fallback)));
-      case VariantType::Boolean:
-        return BooleanToVariant(node_.GetBoolean(key, VariantToBoolean(fallback)));
-      default:
-        return StringToVariant(node_.GetString(key, VariantToString(fallback)));
-    }
+    return Preferences::LoadItem(node_, key, fallback);
   }
 
  private:
@@ -82,10 +67,10 @@ void RegisterSection() {
 
 String Store() {
   if (!Preferences::RememberEquations) return {};
-  KeyList outer = NewList();
+  KeyList outer = NewStoredList();
   Int32 index = 0;
   for (const StoredWindow* window : Windows()()) {
-    KeyList record = NewList();
+    KeyList record = NewStoredList();
     if (window != nullptr) window->StoreRecord(record);
     outer.AddItem(Str(index++), StringToVariant(record.GetData()));
   }

@@ -1,6 +1,7 @@
 #include "persistence/preferences.h"
 
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "framework/fault.h"
@@ -31,20 +32,40 @@ std::optional<FolderItem> FolderIn(const FolderItem& parent, std::string_view na
   return folder;
 }
 
-void LoadSettings(KeyList& list) {
-  RunCount = VariantToInt32(LoadItem(list, "RunCount", Int32ToVariant(0)));
-  TemplatesOpen = VariantToBoolean(LoadItem(list, "TemplatesOpen", BooleanToVariant(true)));
-  TextSize = VariantToInt32(LoadItem(list, "TextSize", Int32ToVariant(defaultTextSize)));
-  RememberEquations = VariantToBoolean(LoadItem(list, "RememberEquations", BooleanToVariant(true)));
-  ShownReviewDialog = VariantToBoolean(LoadItem(list, "ShownReviewDialog", BooleanToVariant(false)));
-}
+constexpr std::string_view runCountKey = "RunCount";
 
-void LoadOlderSettings(plistDict& root) {
-  RunCount = root.GetInteger("RunCount", 0);
-  TemplatesOpen = root.GetBoolean("TemplatesOpen", true);
-  TextSize = root.GetInteger("TextSize", defaultTextSize);
-  RememberEquations = root.GetBoolean("RememberEquations", true);
-  ShownReviewDialog = root.GetBoolean("ShownReviewDialog", false);
+// A setting of the file. What its variable holds when the program starts is the default.
+struct Setting {
+  [[nodiscard]] Variant Value() const {
+    const auto* number = std::get_if<Int32*>(&variable);
+    return number != nullptr ? Int32ToVariant(**number) : BooleanToVariant(*std::get<bool*>(variable));
+  }
+  void Take(const Variant& value) const {
+    if (const auto* number = std::get_if<Int32*>(&variable)) {
+      **number = VariantToInt32(value);
+    } else {
+      *std::get<bool*>(variable) = VariantToBoolean(value);
+    }
+  }
+
+  std::string_view key;
+  std::variant<Int32*, bool*> variable;
+  Variant fallback = Value();
+};
+
+// In the order of the file.
+const Setting settings[] = {
+    {"TemplatesOpen", &TemplatesOpen},
+    {"TextSize", &TextSize},
+    {"RememberEquations", &RememberEquations},
+    {"ShownReviewDialog", &ShownReviewDialog},
+};
+
+// From the list of a settings file or the dictionary of an older one.
+template <typename Source>
+void LoadSettings(Source& source) {
+  RunCount = VariantToInt32(LoadItem(source, runCountKey, Int32ToVariant(0)));
+  for (const Setting& setting : settings) setting.Take(LoadItem(source, setting.key, setting.fallback));
 }
 
 // The dictionary of a section; nullptr when the file has something else in its place.
@@ -71,7 +92,7 @@ bool LoadOlderSection(const Section& section, plistDict& dict) {
 void PLIST_Load() {
   const std::optional<FolderItem> folder = SpecialFolder::Preferences();
   pref = std::make_unique<plist>(folder ? folder->Child("com.fernhill.sumlet.plist") : FolderItem({}));
-  LoadOlderSettings(pref->root());
+  LoadSettings(pref->root());
   bool intact = true;
   for (const Section& section : Sections()) {
     plistDict nothing;
@@ -101,6 +122,17 @@ Variant LoadItem(KeyList& list, std::string_view key, const Variant& fallback) {
   return found ? StringToVariant(std::move(value)) : fallback;
 }
 
+Variant LoadItem(plistDict& dict, std::string_view key, const Variant& fallback) {
+  switch (VarType(fallback)) {
+    case VariantType::Integer:
+      return Int32ToVariant(dict.GetInteger(key, VariantToInt32(fallback)));
+    case VariantType::Boolean:
+      return BooleanToVariant(dict.GetBoolean(key, VariantToBoolean(fallback)));
+    default:
+      return StringToVariant(dict.GetString(key, VariantToString(fallback)));
+  }
+}
+
 // The order matters: the sections look at the settings.
 void Load() {
   const std::optional<FolderItem> file = GetPrefFile(false);
@@ -120,14 +152,9 @@ void Load() {
 
 // The number of this run is not raised here, so all saves of one run write the same.
 void Save() {
-  KeyList list;
-  list.BinaryFormat = true;
-  list.OptimizeBinaryLengthData = true;
-  list.AddItem("RunCount", DoubleToVariant(RunCount + 1.0));  // a damaged file may have the largest Int32
-  list.AddItem("TemplatesOpen", BooleanToVariant(TemplatesOpen));
-  list.AddItem("TextSize", Int32ToVariant(TextSize));
-  list.AddItem("RememberEquations", BooleanToVariant(RememberEquations));
-  list.AddItem("ShownReviewDialog", BooleanToVariant(ShownReviewDialog));
+  KeyList list = NewStoredList();
+  list.AddItem(runCountKey, DoubleToVariant(RunCount + 1.0));  // a damaged file may have the largest Int32
+  for (const Setting& setting : settings) list.AddItem(setting.key, setting.Value());
   for (const Section& section : Sections()) list.AddItem(section.key, StringToVariant(section.Store()));
   if (const std::optional<FolderItem> file = GetPrefFile(true)) file->WriteBinaryFile(list.GetData());
 }

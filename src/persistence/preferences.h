@@ -54,7 +54,10 @@ void Load();
 // Writes the file anew. Where that is not possible it does nothing and says nothing.
 void Save();
 
-// The text of `key`, or `fallback` when the list does not have it whole.
+// The value of `key`, or `fallback` when the list does not have it whole. What a list has is text.
 [[nodiscard]] Variant LoadItem(KeyList& list, std::string_view key, const Variant& fallback);
+// The same from the dictionary of an older settings file, whose values have types: that of `fallback`, a text, an Int32
+// or a Boolean, is the one wanted. Adds the key when it is missing.
+[[nodiscard]] Variant LoadItem(plistDict& dict, std::string_view key, const Variant& fallback);
 
 }  // namespace sumlet::Preferences

@@ -41,7 +41,7 @@ plist::~plist() {
   if (copy_) DeleteTemporary(*copy_);
 }
 
-void plist::Load(FolderItem file, std::optional<FolderItem> fallback) {
+void plist::Load(const FolderItem& file, const std::optional<FolderItem>& fallback) {
   root_ = std::make_unique<plistDict>();
   foundDict = nullptr;
   headers.Redim(0);
@@ -99,6 +99,7 @@ std::optional<TextInputStream> plist::OpenConverted(const FolderItem& source) {
   isBinary = true;
   org = source;
   savePath = *copy;
+  if (copy_) DeleteTemporary(*copy_);  // of an earlier Load
   copy_ = copy;
   ConvertPropertyList(*copy, PropertyListForm::Xml);
   return OpenDocument(*copy);

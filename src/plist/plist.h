@@ -44,7 +44,7 @@ class plist {
   // Drops the tree and reads the file anew. A file that does not exist gives an empty document and
   // "... does not exist"; one that is no property list, cannot be read or is larger than 8 MiB gives an empty tree and
   // "Not a plist file". One that is cut short gives what it holds, without an error.
-  void Load(FolderItem file, std::optional<FolderItem> fallback);
+  void Load(const FolderItem& file, const std::optional<FolderItem>& fallback);
 
   // Deletes the converted copy of a binary file, which is deleted with the document otherwise.
   void Cleanup();

@@ -231,7 +231,7 @@ class plistDict {
   bool eof_ = false;
 };
 
-// The type words that the library itself looks at, without regard to case.
+// Whether a type is that of a node, "dict" or "array" in any case.
 [[nodiscard]] bool IsContainer(std::string_view type);
 
 }  // namespace sumlet

@@ -73,15 +73,9 @@ bool App::_FileNewWindow_Action() {
   return true;
 }
 
-// The text is none of the user's typing: it is calculated at once and schedules no save.
 void App::OpenEquation(const winTemplates::Template* chosen) {
   auto* window = new winSumlet;
-  if (!chosen) return;
-  window->Loading = true;
-  window->FromTemplate = chosen->Name;
-  window->textInput().SetText(chosen->Text);
-  window->Loading = false;
-  window->Calculate();
+  if (chosen) window->SetEquation(chosen->Name, chosen->Text);
 }
 
 void App::ScheduleSave() {

@@ -4,7 +4,6 @@
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/show_url.h"
-#include "framework/text/bytes.h"
 #include "framework/ui/qt_text.h"
 #include "shell/app.h"
 #include "shell/menus.h"

@@ -20,7 +20,8 @@ using namespace std::chrono_literals;
 
 constexpr std::size_t mostPeers = 16;
 constexpr auto peerPatience = 5s;  // a start sends its request at once
-constexpr auto rest = 1s;          // after accepting has failed, as without descriptors: it would fail again at once
+constexpr auto pauseAfterFailure =
+    1s;  // after accepting has failed, as without descriptors: it would fail again at once
 
 }  // namespace
 
@@ -61,7 +62,7 @@ void StartRequests::Accept() {
   if (!socket.IsOpen()) {
     if (errno == EAGAIN || errno == EINTR || errno == ECONNABORTED) return;
     notifier_->setEnabled(false);
-    QTimer::singleShot(rest, &owner_, [this] { notifier_->setEnabled(true); });
+    QTimer::singleShot(pauseAfterFailure, &owner_, [this] { notifier_->setEnabled(true); });
     return;
   }
   if (!IsOwnPeer(socket)) return;

@@ -15,15 +15,6 @@ constexpr std::string_view textFiles =
 // Far above any equation, and what a text area still handles.
 constexpr std::size_t largestText = std::size_t{16} << 20;
 
-void OpenEquation(std::string_view fileName, std::string_view text) {
-  auto* window = new winSumlet;
-  window->Loading = true;
-  window->FromTemplate = EquationName(fileName);
-  window->textInput().SetText(text);
-  window->Loading = false;
-  window->Calculate();
-}
-
 // Empty when a window has been opened, else what to tell about the file.
 String Import(const FolderItem& file) {
   String name = file.Path().filename().string();
@@ -31,7 +22,7 @@ String Import(const FolderItem& file) {
   if (content && content->size() > largestText) return name + " (larger than 16 MB)";
   const String text = content ? Trim(DecodeText(*content)) : String();
   if (text.empty()) return name;
-  OpenEquation(name, text);
+  (new winSumlet)->SetEquation(EquationName(name), text);
   return {};
 }
 

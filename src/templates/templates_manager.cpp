@@ -64,13 +64,9 @@ void RegisterSection() {
 }
 
 String Store() {
-  KeyList outer;
-  outer.BinaryFormat = true;
-  outer.OptimizeBinaryLengthData = true;
+  KeyList outer = NewStoredList();
   for (Int32 i = 0; i <= EquationText.Ubound(); ++i) {
-    KeyList record;
-    record.BinaryFormat = true;
-    record.OptimizeBinaryLengthData = true;
+    KeyList record = NewStoredList();
     record.AddItem("equation", StringToVariant(EncodeURLComponent(EquationText[i])));
     record.AddItem("name", StringToVariant(Key[i]));
     outer.AddItem(Str(i), StringToVariant(record.GetData()));

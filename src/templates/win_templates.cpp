@@ -3,7 +3,7 @@
 #include <QGuiApplication>
 #include <algorithm>
 
-#include "framework/ui/qt_text.h"
+#include "framework/ui/open_window.h"
 #include "persistence/preferences.h"
 #include "templates/templates_manager.h"
 
@@ -15,11 +15,9 @@ constexpr Int32 rowHeight = 60;      // pixels
 
 std::function<void(const winTemplates::Template* chosen)> winTemplates::OpenEquation;
 
-// A window that has closed is out of the list of open windows, even if it lives on for a moment.
 winTemplates& winTemplates::Instance() {
-  for (Int32 i = 0; i < WindowCount(); ++i)
-    if (auto* open = dynamic_cast<winTemplates*>(&WindowAt(i))) return *open;
-  return *new winTemplates;
+  winTemplates* open = OpenWindow<winTemplates>();
+  return open ? *open : *new winTemplates;
 }
 
 winTemplates::winTemplates() { Create(); }

@@ -178,6 +178,9 @@ TEST_F(PropertyListFile, BinaryByTheRealTool) {
   EXPECT_TRUE(fs::is_empty(temporary_));
   EXPECT_EQ(Content(file).substr(0, 6), "bplist");
   EXPECT_EQ(plist(file).root().GetInteger("RunCount"), 5);
+  document.Save();
+  document.Load(file, {});
+  EXPECT_TRUE(fs::is_empty(temporary_)) << "the copy of the first reading";
 
   // the copy's place, known since it was read, taken by another; and no place for a copy at all
   const String saved = Content(file);

@@ -12,7 +12,6 @@
 #if defined(_WIN32)
 #include <windows.h>
 #elif defined(__APPLE__)
-#include <sys/stat.h>
 #include <unistd.h>
 #endif
 

@@ -2,12 +2,9 @@
 
 #include <algorithm>
 
+#include "framework/file/file_content.h"
+
 namespace sumlet {
-namespace {
-
-constexpr std::size_t largestContent = std::size_t{1} << 30;  // as file_content.h reads it
-
-}  // namespace
 
 std::string_view TextInputStream::ReadLine() {
   const std::string_view rest = std::string_view(content_).substr(std::min(next_, content_.size()));

@@ -37,7 +37,7 @@ class TextOutputStream {
   // Adds all lines of another stream.
   void Add(const TextOutputStream& lines);
 
-  // Whether more came in than a file holds, 1 GiB. Nothing is kept then.
+  // Whether more came in than largestContent (file_content.h). Nothing is kept then.
   [[nodiscard]] bool Overflowed() const { return overflowed_; }
   [[nodiscard]] const String& Content() const { return content_; }
   [[nodiscard]] std::string_view LineEnding() const { return lineEnding_; }

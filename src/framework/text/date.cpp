@@ -5,10 +5,10 @@
 #include <cstdio>
 #include <ctime>
 
+#include "framework/text/utf8.h"
+
 namespace sumlet {
 namespace {
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Whether `text` has a digit wherever `pattern` has a "0", and the pattern's own character elsewhere.
 bool HasForm(std::string_view text, std::string_view pattern) {

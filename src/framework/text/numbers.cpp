@@ -28,8 +28,6 @@ constexpr std::array<double, 23> exactPowersOfTen{1e0,  1e1,  1e2,  1e3,  1e4,  
                                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr std::size_t digitsInUint64 = 19;  // any number of that many digits fits
 
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 // Eight characters at once as one number, the first in its lowest byte (D. Lemire, Quickly parsing eight digits, 2018).
 constexpr std::size_t blockSize = 8;
 

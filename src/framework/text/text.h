@@ -57,9 +57,9 @@ using Int32 = std::int32_t;
 inline constexpr std::string_view EndOfLine = "\n";
 [[nodiscard]] String ReplaceLineEndings(std::string_view s, std::string_view lineEnding);
 
-// Takes the first line off `rest` (1 or more characters of line ending are dropped with it) and says whether a line
-// was there. Yields the same lines as Split(ReplaceLineEndings(s, EndOfLine), EndOfLine) without building the list:
-// none for the empty text, and an empty last one behind a closing line ending.
+// The lines of a text one after the other, without their endings: Next sets `line`, a part of the text, and says
+// whether there was one. They are those of Split(ReplaceLineEndings(text, EndOfLine), EndOfLine) without building the
+// list: none for the empty text, and an empty last one behind a closing line ending.
 class LineReader {
  public:
   explicit LineReader(std::string_view text) : rest_(text), more_(!text.empty()) {}

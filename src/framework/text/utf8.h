@@ -44,5 +44,6 @@ void AppendCharacter(std::string& text, char32_t code);
 [[nodiscard]] constexpr bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 [[nodiscard]] constexpr char FoldAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 [[nodiscard]] bool IsAscii(std::string_view text);
+[[nodiscard]] constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 }  // namespace sumlet

@@ -29,8 +29,6 @@ String ColorText(Color color) {
   return text + digits;
 }
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 std::size_t SkipDigits(std::string_view s, std::size_t at) {
   while (at < s.size() && IsDigit(s[at])) ++at;
   return at;

@@ -91,6 +91,7 @@ void Window::Create(bool visible) {
 }
 
 void Window::Show() {
+  if (closed_) return;
   MoveToFront(this);
   if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
@@ -212,7 +213,10 @@ void Window::Centre() {
   if (screen) move(CentredCorner({width(), height() + StaggerStep}, screen->availableGeometry()));
 }
 
+// A window that has closed lives until control is back at the event loop, and the desktop may still hand it the
+// keyboard or the pointer.
 bool Window::event(QEvent* event) {
+  if (closed_) return QWidget::event(event);
   if (event->type() == QEvent::WindowActivate) {
     MoveToFront(this);
     if (Window* sheet = Sheet())
@@ -241,10 +245,12 @@ void Window::changeEvent(QEvent* event) {
 }
 
 void Window::closeEvent(QCloseEvent* event) {
+  if (closed_) return;
   if (Event_CancelClose(appQuitting_)) {
     event->ignore();
     return;
   }
+  closed_ = true;
   Forget(this);
   event->accept();
   if (Window* sheet = Sheet()) sheet->Close(appQuitting_);

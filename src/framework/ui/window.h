@@ -48,6 +48,7 @@ class Window : public QWidget {
   void SetHeight(Int32 height) { ResizeContent(Width(), height); }
 
   // Brings the window onto the screen, minimised or hidden before, in front of all others, and gives it the keyboard.
+  // Does nothing for one that has closed.
   void Show();
 
   // Shows a sheet at the top of `parent` and returns at once; the sheet's own events tell the outcome. It closes when
@@ -163,6 +164,7 @@ class Window : public QWidget {
   Placement placement_ = Placement::Default;
   Frame frame_ = Frame::Document;
   bool created_ = false;
+  bool closed_ = false;
   bool appQuitting_ = false;
 };
 

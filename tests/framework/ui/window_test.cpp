@@ -175,6 +175,12 @@ TEST(Window, ListRunsFromFrontToBack) {
   b.setAttribute(Qt::WA_DeleteOnClose, false);
   EXPECT_TRUE(b.Close()) << "a hidden window closes like any other";
   EXPECT_EQ(order(), "ac");
+  record.clear();
+  QCoreApplication::sendEvent(&b, &activated);
+  b.Show();
+  EXPECT_EQ(order(), "ac") << "a closed window does not come back";
+  b.Close();
+  EXPECT_EQ(record, "") << "nor raises events";
   EXPECT_THROW((void)WindowAt(2), Fault);
 }
 
