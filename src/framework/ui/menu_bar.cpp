@@ -18,6 +18,14 @@ Value& Named(const std::map<std::string, Value*>& values, const std::string& nam
   return *found->second;
 }
 
+// The menu's own action could stand in each bar, but to a screen reader an action is in the bar where it was first met:
+// once that window has closed, the menus of the others would be gone.
+void AddTo(QMenuBar& bar, QMenu& menu) {
+  auto* title = new QAction(menu.title(), &bar);
+  title->setMenu(&menu);
+  bar.addAction(title);
+}
+
 // A plain character is no shortcut of any item, and typing must not wait for an enabling pass.
 bool IsTyping(const QKeyEvent& key) {
   const Qt::KeyboardModifiers plain = Qt::ShiftModifier | Qt::KeypadModifier | Qt::GroupSwitchModifier;
@@ -63,7 +71,7 @@ QAction& MenuBar::Item(const std::string& name) const { return Named(itemsByName
 void MenuBar::AttachTo(Window& window) {
   if (window.MenuBarVisible()) {
     auto* bar = new QMenuBar;
-    for (const auto& menu : menus_) bar->addMenu(menu.get());
+    for (const auto& menu : menus_) AddTo(*bar, *menu);
     window.SetMenuBar(bar);
     return;
   }
