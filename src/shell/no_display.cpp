@@ -1,6 +1,6 @@
 // The toolkit ends the process by a call of abort() when it has no display, whatever the reason: no server told, one
-// that does not answer, a plug-in that is missing. Asking for a display ahead of the toolkit would have to repeat how it
-// finds one; its own last message ahead of the abort says the same for all reasons.
+// that does not answer, a plug-in that is missing. Asking for a display ahead of the toolkit would have to repeat how
+// it finds one; its own last message ahead of the abort says the same for all reasons.
 #include "shell/no_display.h"
 
 #include <cstdio>
