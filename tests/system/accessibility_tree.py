@@ -109,9 +109,9 @@ def calculate(editor, equation, result):
     until(lambda: f"{result} is told; told is {told}", lambda: told[-1:] == [result])
 
 
+window("Template Chooser")  # a program hears of listeners from the moment when it can be seen
 pyatspi.Registry.registerEventListener(lambda event: told.append(event.source.description),
                                        "object:property-change:accessible-description")
-
 check("Template Chooser", "Templates", "Choose", "Cancel")
 go_to(window("Template Chooser"), "Templates")
 press("Down")
