@@ -2,6 +2,7 @@
 // enabling pass cannot wait for a menu to show: it also runs when a key goes down, before shortcuts are looked up.
 #include "framework/ui/menu_bar.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
@@ -18,12 +19,12 @@ Value& Named(const std::map<std::string, Value*>& values, const std::string& nam
   return *found->second;
 }
 
-// The menu's own action could stand in each bar, but to a screen reader an action is in the bar where it was first met:
-// once that window has closed, the menus of the others would be gone.
-void AddTo(QMenuBar& bar, QMenu& menu) {
-  auto* title = new QAction(menu.title(), &bar);
-  title->setMenu(&menu);
-  bar.addAction(title);
+// To a screen reader the title of a menu is in the bar where it was first met. Once that is gone the title would be
+// missing in the bars of the other windows, so it is forgotten, and met anew in one of them.
+void ForgetTitle(QMenu& menu) {
+  if (!QAccessible::isActive()) return;
+  if (QAccessibleInterface* title = QAccessible::queryAccessibleInterface(menu.menuAction()))
+    QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(title));
 }
 
 // A plain character is no shortcut of any item, and typing must not wait for an enabling pass.
@@ -71,7 +72,10 @@ QAction& MenuBar::Item(const std::string& name) const { return Named(itemsByName
 void MenuBar::AttachTo(Window& window) {
   if (window.MenuBarVisible()) {
     auto* bar = new QMenuBar;
-    for (const auto& menu : menus_) AddTo(*bar, *menu);
+    for (const auto& menu : menus_) {
+      bar->addMenu(menu.get());
+      connect(bar, &QObject::destroyed, menu.get(), [title = menu.get()] { ForgetTitle(*title); });
+    }
     window.SetMenuBar(bar);
     return;
   }
