@@ -1,4 +1,5 @@
 // The window program: wires the parts together and runs them.
+#include <optional>
 #include <vector>
 
 #include "equationwindow/win_sumlet.h"
@@ -12,6 +13,7 @@
 #include "shell/application_icon.h"
 #include "shell/last_save.h"
 #include "shell/menus.h"
+#include "shell/no_display.h"
 #include "shell/quit_signals.h"
 #include "shell/single_instance.h"
 #include "shell/start_requests.h"
@@ -45,7 +47,9 @@ void ConnectSettings() {
 }
 
 int Run(Descriptor requests) {
+  std::optional<NoDisplayEndsProgram> noDisplay(std::in_place);
   Application application;
+  noDisplay.reset();
   Application::setApplicationName(QStringLiteral("sumlet"));
   Application::setDesktopFileName(QStringLiteral("com.fernhill.sumlet"));
   Application::setApplicationVersion(QStringLiteral(SUMLET_VERSION));

@@ -1,9 +1,16 @@
 // From typing to the result: a text change arms a timer, the timer calculates. The equation is always evaluated whole.
 #include "engine/result_text.h"
 #include "equationwindow/win_sumlet.h"
+#include "framework/ui/qt_text.h"
 #include "persistence/preferences.h"
 
 namespace sumlet {
+namespace {
+
+// What is told of a result to a screen reader: more than anybody listens to, and no megabytes over the session bus.
+constexpr Int32 spokenLength = 1000;  // characters
+
+}  // namespace
 
 // Arming the armed timer restarts it: a burst of key strokes gives one calculation, 250 ms after the last of them.
 void winSumlet::textInput_TextChange(TextArea& /*sender*/) {
@@ -15,6 +22,7 @@ void winSumlet::textInput_TextChange(TextArea& /*sender*/) {
 
 void winSumlet::tmrCalculate_Action(Timer& /*sender*/) { Calculate(); }
 
+<<<<<<< HEAD
 void winSumlet::SetEquation(std::string_view name, std::string_view text) {
   Loading = true;
   FromTemplate = name;
@@ -23,10 +31,15 @@ void winSumlet::SetEquation(std::string_view name, std::string_view text) {
   Calculate();
 }
 
+=======
+// The focus stays in the equation, so a screen reader would not look at the strip: the result is also the description
+// of the equation, whose change it tells. A result that comes out the same again is no change.
+>>>>>>> wt-a11y
 void winSumlet::Calculate() {
   math->equationText = textInput().Text();
-  const String result = math->Evaluate();
-  textOutput().SetText(ShownResult(*math, result));
+  const String result = ShownResult(*math, math->Evaluate());
+  textOutput().SetText(result);
+  textInput().setAccessibleDescription(ToQString(sumlet::Left(result, spokenLength)));
   SyntaxColoring();
   ArrangeControls();
 }

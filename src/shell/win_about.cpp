@@ -49,6 +49,7 @@ void winAbout::CreateControls() {
   stApp_ = CreateLabel(tr("Sumlet"), {20, 84, 244, 20}, QFont::Bold);
   stVersion_ = CreateLabel(tr("Version ") + QCoreApplication::applicationVersion(), {21, 107, 244, 20}, QFont::Normal);
   stCopyright_ = CreateLabel(tr("© 2026 The Sumlet developers"), {20, 132, 244, 20}, QFont::Normal);
+  Content()->setFocus();  // Tab comes to the texts, but none of them has a caret in it from the start
 }
 
 // The desktop's font may be a large one; what does not fit is set smaller.
@@ -56,7 +57,8 @@ QLabel* winAbout::CreateLabel(const QString& text, const QRect& bounds, QFont::W
   auto* label = new QLabel(text, Content());
   label->setTextFormat(Qt::PlainText);
   label->setAlignment(Qt::AlignCenter);
-  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  label->setFocusPolicy(Qt::StrongFocus);
   QFont font = label->font();
   font.setWeight(weight);
   label->setFont(FittingFont(font, text, bounds.size()));

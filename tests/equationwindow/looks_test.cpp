@@ -137,6 +137,21 @@ TEST_F(Looks, AOneLineResultIsNeitherCutNorScrolled) {
   }
 }
 
+// At such a size neither area has room for a whole line.
+TEST_F(Looks, TextLargerThanItsAreaStaysInSight) {
+  window->SetHeight(64);
+  window->ApplyTextSize(96);
+  Fill("(6");
+  Type("7");
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(window->textInput().rect().intersects(window->textInput().cursorRect()));
+  EXPECT_EQ(window->textInput().verticalScrollBar()->maximum(), 0);
+  window->SetHeight(234);
+  Fill("(6*7");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window->textOutput().verticalScrollBar()->value(), 0);
+}
+
 TEST_F(Looks, ALongResultGrowsAndScrolls) {
   Fill("foo" + String(300, 'x'));
   EXPECT_GT(window->textOutput().LineNumAtCharPos(Len(window->textOutput().Text())), 5);

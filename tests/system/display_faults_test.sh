@@ -65,3 +65,9 @@ status=0
 wait "$program" || status=$?
 ((status == 1)) || give_up "the program ended with status $status"
 [[ $(stored_windows | cut -d ' ' -f 5) == $'5*7\n5*6' ]] || give_up "stored is '$(stored_windows)'"
+
+# A start without a display says so and leaves no core dump behind.
+status=0
+env "${programEnvironment[@]}" "$1" 2>"$virtualFolder/words" || status=$?
+((status == 1)) || give_up "the start without a display ended with status $status"
+grep -qx 'sumlet: there is no display to show a window on' "$virtualFolder/words" || give_up "it said $(<"$virtualFolder/words")"

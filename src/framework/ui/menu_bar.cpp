@@ -2,6 +2,7 @@
 // enabling pass cannot wait for a menu to show: it also runs when a key goes down, before shortcuts are looked up.
 #include "framework/ui/menu_bar.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
@@ -16,6 +17,14 @@ Value& Named(const std::map<std::string, Value*>& values, const std::string& nam
   const auto found = values.find(name);
   if (found == values.end()) throw Fault("a menu item that is not there");
   return *found->second;
+}
+
+// To a screen reader the title of a menu is in the bar where it was first met. Once that is gone the title would be
+// missing in the bars of the other windows, so it is forgotten, and met anew in one of them.
+void ForgetTitle(QMenu& menu) {
+  if (!QAccessible::isActive()) return;
+  if (QAccessibleInterface* title = QAccessible::queryAccessibleInterface(menu.menuAction()))
+    QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(title));
 }
 
 // A plain character is no shortcut of any item, and typing must not wait for an enabling pass.
@@ -63,7 +72,10 @@ QAction& MenuBar::Item(const std::string& name) const { return Named(itemsByName
 void MenuBar::AttachTo(Window& window) {
   if (window.MenuBarVisible()) {
     auto* bar = new QMenuBar;
-    for (const auto& menu : menus_) bar->addMenu(menu.get());
+    for (const auto& menu : menus_) {
+      bar->addMenu(menu.get());
+      connect(bar, &QObject::destroyed, menu.get(), [title = menu.get()] { ForgetTitle(*title); });
+    }
     window.SetMenuBar(bar);
     return;
   }

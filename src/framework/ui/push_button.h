@@ -1,5 +1,5 @@
 // PushButton: a button whose caption is drawn smaller where it does not fit. It takes the focus by Tab, not by a click:
-// a click leaves the selection, or the caret, of the control being worked on where it is.
+// a click leaves the selection, or the caret, of the control being worked on where it is. A ring shows the focus.
 #pragma once
 
 #include <QPushButton>
@@ -17,6 +17,9 @@ class PushButton : public QPushButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void DrawFocusRing(QPainter& painter) const;
 };
 
 }  // namespace sumlet

@@ -12,7 +12,6 @@
 #include <QTextLayout>
 #include <QWheelEvent>
 #include <algorithm>
-#include <utility>
 
 #include "framework/ui/qt_text.h"
 
@@ -75,12 +74,21 @@ void TextArea::SetTextSize(Int32 points) {
   SetMargins();
 }
 
-// The margin at the top gives way first, so that an area as high as a line and its borders still shows that line whole.
-// The document's own margin could not: it is the same on all sides and belongs to what is scrolled.
+// The margin at the top gives way first, so that an area as high as a line and its borders still shows that line whole,
+// and one that only shows a text, made as high as its lines, all of them without a need to scroll. The document's own
+// margin could not: it is the same on all sides and belongs to what is scrolled.
+//
+// An area that is lower still shows the upper part of a line. Qt would scroll past a line that is higher than the
+// viewport, so the viewport stays as high as a line and is cut by the area.
 void TextArea::SetMargins() {
-  const int spare = height() - 2 * frameWidth() - fontMetrics().height();
+  const int space = height() - 2 * frameWidth();
+  const int line = std::max(fontMetrics().height(), 1);
+  const int spare = isReadOnly() && space >= line ? space % line : space - line;
   const int top = std::clamp(spare / 2, 0, topMargin);
-  if (std::exchange(topMargin_, top) != top) setViewportMargins(sideMargin, top, sideMargin, 0);
+  constexpr int roundedUp = 2;  // of the height of a line, as Qt looks at it
+  const int bottom = std::min(space - line - roundedUp, 0);
+  const QMargins margins(sideMargin, top, sideMargin, bottom);
+  if (margins != viewportMargins()) setViewportMargins(margins);
 }
 
 Int32 TextArea::LineNumAtCharPos(Int32 position) const {

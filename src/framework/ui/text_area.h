@@ -58,7 +58,6 @@ class TextArea : public QPlainTextEdit {
   void WrapAtWordsIfShort();
 
   LineColors* lineColors_;
-  int topMargin_ = -1;
 };
 
 }  // namespace sumlet

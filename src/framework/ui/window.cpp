@@ -208,9 +208,15 @@ void Window::Stagger() {
   move(*previous);
 }
 
+// On a small screen a window is made smaller as far as its limits allow.
 void Window::Centre() {
   const QScreen* screen = CurrentScreen();
-  if (screen) move(CentredCorner({width(), height() + StaggerStep}, screen->availableGeometry()));
+  if (!screen) return;
+  constexpr int lowerBorder = 8;
+  const QRect space = screen->availableGeometry();
+  resize(size().boundedTo(space.size() - QSize(0, StaggerStep + lowerBorder)));
+  FollowSize();
+  move(CentredCorner({width(), height() + StaggerStep}, space));
 }
 
 // A window that has closed lives until control is back at the event loop, and the desktop may still hand it the
@@ -219,6 +225,7 @@ bool Window::event(QEvent* event) {
   if (closed_) return QWidget::event(event);
   if (event->type() == QEvent::WindowActivate) {
     MoveToFront(this);
+    setAttribute(Qt::WA_KeyboardFocusChange);  // the focus shows at once, not only when Tab has been pressed
     if (Window* sheet = Sheet())
       sheet->Show();  // the window itself cannot be worked on
     else
