@@ -66,14 +66,14 @@ TEST(Language, ErrorsAreToldByAWord) {
 
 // Operators that no line can hold.
 TEST(Language, OperationsOutOfReach) {
+  // clang-format off
   const char* const rows[][5] = {
-      {" 1 2", "", "", "12", ""},
-      {"1", "2", "", "Error: Missing an Operator", ""},
-      {"1", "2", "an error", "an error", ""},
-      {"-7", "3", "Mod", "-1", ""},
+      {" 1 2", "", "", "12", ""}, {"1", "2", "", "Error: Missing an Operator", ""},
+      {"1", "2", "an error", "an error", ""}, {"-7", "3", "Mod", "-1", ""},
       {"1", "2", "Max", "Error: Format as FunctionName(arguments)", "Max"},
       {"1", "2", "foo", "Error: Function Unknown", "foo"},
   };
+  // clang-format on
   for (const auto& [left, right, op, result, details] : rows) {
     MathClass math;
     EXPECT_EQ(MathClassPeer::DoOperation(math, left, right, op), result) << op;

@@ -110,15 +110,12 @@ TEST(Numbers, AgreeWithTheCLibrary) {
 }
 
 TEST(Numbers, ConversionsKeepToTheRange) {
+  // clang-format off
   const std::pair<double, Int32> rows[] = {
-      {2.9, 2},
-      {-2.9, -2},
-      {2147483648.0, 2147483647},
-      {-2147483649.0, -2147483647 - 1},
-      {infinity, 2147483647},
-      {-infinity, -2147483647 - 1},
-      {notANumber, 0},
+      {2.9, 2}, {-2.9, -2}, {2147483648.0, 2147483647}, {-2147483649.0, -2147483647 - 1}, {infinity, 2147483647},
+      {-infinity, -2147483647 - 1}, {notANumber, 0},
   };
+  // clang-format on
   for (const auto& [value, cut] : rows) EXPECT_EQ(ToInt32(value), cut) << value;
   EXPECT_EQ(Round(-2.5), -3);
   EXPECT_EQ(Round(0.49999999999999994), 0);

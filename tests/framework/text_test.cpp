@@ -20,22 +20,13 @@ const Int32 highest = std::numeric_limits<Int32>::max();
 TEST(Text, LenCountsCharacters) {
   // A byte that belongs to no valid sequence is a character of its own: one that begins none, one of a sequence that is
   // cut short, longer than needed, a surrogate's, or behind the last code point.
+  // clang-format off
   const std::pair<std::string_view, Int32> rows[] = {
-      {"", 0},
-      {"a\0b"sv, 3},
-      {"aé€😀", 4},
-      {"e\u0301", 2},
-      {"\x80\xFF", 2},
-      {"\xC3", 1},
-      {"\xF0\x9F\x98", 3},
-      {"\xE2\x82é", 3},
-      {"\xC3\xC3\xA9", 2},
-      {"\xC0\x80", 2},
-      {"\xE0\x80\xAF", 3},
-      {"\xED\xA0\x80", 3},
-      {"\xF4\x8F\xBF\xBF", 1},
-      {"\xF4\x90\x80\x80", 4},
+      {"", 0}, {"a\0b"sv, 3}, {"aé€😀", 4}, {"e\u0301", 2}, {"\x80\xFF", 2}, {"\xC3", 1}, {"\xF0\x9F\x98", 3},
+      {"\xE2\x82é", 3}, {"\xC3\xC3\xA9", 2}, {"\xC0\x80", 2}, {"\xE0\x80\xAF", 3}, {"\xED\xA0\x80", 3},
+      {"\xF4\x8F\xBF\xBF", 1}, {"\xF4\x90\x80\x80", 4},
   };
+  // clang-format on
   for (const auto& [text, length] : rows) EXPECT_EQ(Len(text), length) << text;
 }
 
@@ -113,15 +104,13 @@ TEST(Text, InStr) {
 }
 
 TEST(Text, Replace) {
+  // clang-format off
   const std::string_view rows[][5] = {
-      {"Pi+pi", "PI", "3", "3+pi", "3+3"},
-      {"- - -", "- -", "--", "-- -", "-- -"},
-      {"    ", "  ", " ", "   ", "  "},
-      {"aa", "a", "aa", "aaa", "aaaa"},
-      {"abc", "", "y", "abc", "abc"},
-      {"é\xA9", "\xA9", "x", "éx", "éx"},
+      {"Pi+pi", "PI", "3", "3+pi", "3+3"}, {"- - -", "- -", "--", "-- -", "-- -"}, {"    ", "  ", " ", "   ", "  "},
+      {"aa", "a", "aa", "aaa", "aaaa"}, {"abc", "", "y", "abc", "abc"}, {"é\xA9", "\xA9", "x", "éx", "éx"},
       {"1\u212A2k3", "K", "·", "1·2k3", "1·2·3"},
   };
+  // clang-format on
   for (const auto& [text, old, replacement, first, every] : rows) {
     EXPECT_EQ(Replace(text, old, replacement), first) << text;
     EXPECT_EQ(ReplaceAll(text, old, replacement), every) << text;
@@ -160,14 +149,12 @@ TEST(Text, TrimAndCase) {
 
 // LineReader must cut a text into the very lines that the two functions give.
 TEST(Text, Lines) {
+  // clang-format off
   const std::pair<std::string_view, Array<String>> rows[] = {
-      {"", {}},
-      {"a\r\nb\rc\nd", {"a", "b", "c", "d"}},
-      {"a\n", {"a", ""}},
-      {"\n\r", {"", "", ""}},
-      {"\r\r\n", {"", "", ""}},
-      {"a\u2028b\v\f", {"a\u2028b\v\f"}},
+      {"", {}}, {"a\r\nb\rc\nd", {"a", "b", "c", "d"}}, {"a\n", {"a", ""}}, {"\n\r", {"", "", ""}},
+      {"\r\r\n", {"", "", ""}}, {"a\u2028b\v\f", {"a\u2028b\v\f"}},
   };
+  // clang-format on
   for (const auto& [text, lines] : rows) {
     EXPECT_EQ(Split(ReplaceLineEndings(text, EndOfLine), EndOfLine), lines) << text;
     Array<String> read;
