@@ -53,10 +53,12 @@ TEST(Language, EveryRunStartsAfresh) {
   EXPECT_EQ(math.varValue,
             (Array<String>{"3", "3.14159265358979323846264338327950", "[random]", "%", "4", "4", "", "5"}));
   math.equationText = "";
-  EXPECT_EQ(math.Evaluate() + math.ResultDetails, "");
+  math.Evaluate();
+  EXPECT_EQ(math.Result + math.ResultDetails, "");
   EXPECT_EQ(math.LastLineEvaluated, 6) << "no line was looked at";
   math.equationText = "pi-Ab";
-  EXPECT_EQ(math.Evaluate() + math.ResultDetails, "Error: Variable UnknownAb");
+  math.Evaluate();
+  EXPECT_EQ(math.Result + math.ResultDetails, "Error: Variable UnknownAb");
 }
 
 TEST(Language, ErrorsAreToldByAWord) {

@@ -55,7 +55,8 @@ inline constexpr Example workedExamples[] = {
     // no operation, no new form
     {"1.50", "1.50"}, {"5.", "5."}, {"1,000", "1,000"}, {"pi", longPi}, {"Π", longPi},
     // parentheses
-    {"-(2+3)", "-5"}, {"2-(3)", "-1"}, {"()", ""}, {"(-)-5", "5"}, {"(1,2)", "1,2"}, {"(1,2)(3)", "36"},
+    {"-(2+3)", "-5"}, {"2-(3)", "-1"}, {"()", ""}, {"(-)-5", "5"}, {"-()-(1)", "1"}, {"(1,2)", "1,2"},
+    {"(1,2)(3)", "36"},
     {"(1+2", parenthesis, ""}, {"1+2)", parenthesis, ""}, {")(", parenthesis, ")"}, {")1(2", parenthesis, "1"},
     {"1(2)\n(1", parenthesis, "1", 1},  // details of an earlier line stay
     // absolute bars
