@@ -24,7 +24,7 @@ TEST(Bytes, UrlComponents) {
   EXPECT_EQ(DecodeURLComponent(EncodeURLComponent(every)), every);
   EXPECT_EQ(EncodeURLComponent("Az09-._~ é\n\t+%<"), "Az09-._~%20%C3%A9%0A%09%2B%25%3C");
   const std::pair<const char*, const char*> leniencies[] = {
-      {"%c3%A9", "é"}, {"a+b", "a+b"}, {"50%", "50%"}, {"%4", "%4"}, {"%G1%1G%41", "%G1%1GA"}, {"%%41", "%A"},
+      {"%c3%Af", "ï"}, {"a+b", "a+b"}, {"50%", "50%"}, {"%4", "%4"}, {"%G1%1G%41", "%G1%1GA"}, {"%%41", "%A"},
   };
   for (const auto& [encoded, text] : leniencies) EXPECT_EQ(DecodeURLComponent(encoded), text) << encoded;
 }
