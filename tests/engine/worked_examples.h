@@ -26,38 +26,32 @@ constexpr auto longPi = "3.14159265358979323846264338327950";
 inline constexpr Example workedExamples[] = {
     // lines: the last one that says anything counts, and the first that fails ends the run
     {"", "", ""}, {" \n' note\n\n  # x\n// y", "", "", 4}, {"1\n2\n3", "3", "", 2}, {"1\r\n2\r3", "3", "", 2},
-    {"5\n\n' note", "5", "", 2}, {"5\n", "5", "", 1}, {"1\nfoo\n3", unknown, "foo", 1},
-    {"x=2\ny=z\nx", unknown, "z", 1}, {"x=1\nx=x+1\nx", "2"}, {"  # x\n7", "7"}, {"5 // c", twoOperands, "/", 0},
-    {"/ /5", twoOperands, "/"},
+    {"5\n\n' note", "5", "", 2}, {"1\nfoo\n3", unknown, "foo", 1}, {"x=1\nx=x+1\nx", "2"}, {"  # x\n7", "7"},
+    {"5 // c", twoOperands, "/", 0}, {"/ /5", twoOperands, "/"},
     // a line that holds the word is an error by itself
     {"error", "error", ""}, {"1+error", "1+error", ""}, {"x=Terrors\n1", "x=Terrors", "", 0},
     // operators
-    {"2+3*4", "14"}, {"8/2*3", "12"}, {"2^3^2", "64"}, {"2^-1", "0.5"}, {"-2^2", "4"}, {"2*-3", "-6"}, {"2*-3^2", "18"},
-    {"2 * - 3", "-6"}, {"0*-1", "0"}, {"1/3", "0.3333333333"}, {"2/3", "0.6666666667"}, {"(1/3)*3", "0.9999999999"},
-    {"sqrt(2)^2", "2.0000000001"}, {"1000000*1000000", "1000000000000"}, {"0.00000000001+0", "0"}, {"2.5.1+1", "3.5"},
-    {"1,000+1", "1001"}, {"1 2 3*2", "246"},
+    {"2+3*4", "14"}, {"8/2*3", "12"}, {"2^3^2", "64"}, {"2^-1", "0.5"}, {"-2^2", "4"}, {"2*-3^2", "18"},
+    {"1/3", "0.3333333333"}, {"(1/3)*3", "0.9999999999"}, {"sqrt(2)^2", "2.0000000001"}, {"0.00000000001+0", "0"},
+    {"2.5.1+1", "3.5"}, {"1 2 3*2", "246"},
     // whole-number operators cut their operands, and dividing by nothing is no error
-    {"4\\3", "1"}, {"7.9\\2", "3"}, {"4\\0", "0"}, {"7\\0.5", "0"}, {"-2147483648\\-1", "2147483648"},
-    {"99999999999\\1", "2147483647"}, {"-7%3", "-1"}, {"4%0", "4"}, {"10 mod 3", "1"}, {"2mod3", "2"}, {"5 mod 0", "5"},
-    {"-5 mod 3", "-2"},
+    {"4\\3", "1"}, {"7.9\\2", "3"}, {"7\\0.5", "0"}, {"-2147483648\\-1", "2147483648"},
+    {"99999999999\\1", "2147483647"}, {"-7%3", "-1"}, {"4%0", "4"}, {"2mod3", "2"},
     // clusters of minus signs
-    {"5--3", "8"}, {"5---3", "2"}, {"---5", "-5"}, {"--\t5-3", "2"}, {"2^--3", "8"}, {"-", "-"}, {"--", ""},
+    {"5--3", "8"}, {"---5", "-5"}, {"2^--3", "8"}, {"-", "-"}, {"--", ""},
     // an operand that is not there
-    {"+5", twoOperands, "+"}, {"5-", twoOperands, "-"}, {"5+-", twoOperands, "+"}, {"3+x", twoOperands, "+"},
-    {"3-x", unknown, "x"}, {"5-\t3", unknown, "\t"},
+    {"5-", twoOperands, "-"}, {"3+x", twoOperands, "+"}, {"3-x", unknown, "x"}, {"5-\t3", unknown, "\t"},
     // no number as a value
-    {"1/0", unknown, "inf"}, {"0/0", unknown, "nan"}, {"(-1)^0.5", unknown, "nan"}, {"1/0-1", twoOperands, "-"},
+    {"1/0", unknown, "inf"}, {"0/0", unknown, "nan"}, {"1/0-1", twoOperands, "-"},
     // what would be rewritten for ever
-    {"3--", twoOperands, "-"}, {"x--", twoOperands, "-"}, {"|3--|", twoOperands, ""},
+    {"3--", twoOperands, "-"}, {"|3--|", twoOperands, ""},
     // values side by side
-    {"2(3)", "6"}, {"(1+2)(3)", "9"}, {"2(1+2)3", "18"}, {"1+2(3)", "24"}, {"2 3+1", "24"}, {"1 000", "0"},
-    {"2pi", "6.2831853072"},
+    {"2(3)", "6"}, {"1+2(3)", "24"}, {"2 3+1", "24"}, {"1 000", "0"},
     // no operation, no new form
-    {"1.50", "1.50"}, {"5.", "5."}, {"1,000", "1,000"}, {"pi", longPi}, {"Π", longPi},
+    {"1.50", "1.50"}, {"1,000", "1,000"}, {"pi", longPi}, {"Π", longPi},
     // parentheses
-    {"-(2+3)", "-5"}, {"2-(3)", "-1"}, {"()", ""}, {"(-)-5", "5"}, {"-()-(1)", "1"}, {"(1,2)", "1,2"},
-    {"(1,2)(3)", "36"},
-    {"(1+2", parenthesis, ""}, {"1+2)", parenthesis, ""}, {")(", parenthesis, ")"}, {")1(2", parenthesis, "1"},
+    {"()", ""}, {"(-)-5", "5"}, {"-()-(1)", "1"}, {"(1,2)", "1,2"}, {"(1,2)(3)", "36"}, {"(1+2", parenthesis, ""},
+    {"1+2)", parenthesis, ""}, {")(", parenthesis, ")"}, {")1(2", parenthesis, "1"},
     {"1(2)\n(1", parenthesis, "1", 1},  // details of an earlier line stay
     // absolute bars
     {"|3", bar, ""}, {"2=3\n|3", bar, "2", 1}, {"|-3|", "3"}, {"|2-5|*2", "6"}, {"|2||3|", "6"}, {"-|3|", "-3"},
@@ -68,9 +62,9 @@ inline constexpr Example workedExamples[] = {
     {"sin=3", nameIsFunction, "sin"}, {"mod=3", nameIsFunction, "mod"}, {"frac=3", nameIsFunction, "frac"},
     {"2=3", "3", "2"}, {"x=(1,5)\nx+1", "16"}, {"x=-\n3x", twoOperands, "-"},
     // variables are words, put in as text
-    {"x", unknown, "x"}, {"1e3", unknown, "e"}, {"x=3\n2x", "6"}, {"a=1\nb=2\na+b", "3"}, {"a=2\naa", unknown, "aa"},
-    {"ab=3\nAB", "3"}, {"_é=4\n_É+1", "5"}, {"a\tb=3\na\tb", "3"}, {"pi=3\npi", "3"}, {"x=-2\n3-x", "5"},
-    {"x=-2\nx^2", "4"}, {"x1=3\nx1", unknown, "x"}, {"x1=3\nx=2\nx1", "2"},
+    {"x", unknown, "x"}, {"1e3", unknown, "e"}, {"x=3\n2x", "6"}, {"a=1\nb=2\na+b", "3"}, {"ab=3\nAB", "3"},
+    {"_é=4\n_É+1", "5"}, {"a\tb=3\na\tb", "3"}, {"pi=3\npi", "3"}, {"x=-2\n3-x", "5"}, {"x1=3\nx1", unknown, "x"},
+    {"x1=3\nx=2\nx1", "2"},
     {"\"=3\nx=frac(0.5)\nx", "1.347826087"},  // a value is read for names too: "1/2" becomes 3 1/2 3
     // a variable inside its own value
     {"inf=dec(1 1/. 5)", "inf", "inf"}, {"inf=dec(1 1/. 5)\ninf", twoOperands, "inf", 1},
@@ -78,32 +72,24 @@ inline constexpr Example workedExamples[] = {
     {"\"=dec(1 1/. 5)\ninf=frac(0.5)\n2inf", twoOperands, "inf", 2},
     // functions
     {"sqrt(16)", "4"}, {"ab\u017F(-4)", "4"},  // the long s
-    {"sqrt(2+2)", "2"}, {"sqrt(16)+1", "5"}, {"2sqrt(16)", "8"}, {"sqrt(4)sqrt(9)", "6"}, {"sin(0)", "0"},
-    {"sin(pi/2)", "1"}, {"sin(30)", "0.9880316241"}, {"asin(1)", "1.5707963268"}, {"atan(1)", "0.7853981634"},
-    {"deg(pi)", "180"}, {"rad(180)", "3.1415926536"}, {"abs(-3.5)", "3.5"}, {"abs(2,3)", "2"}, {"round(2.5)", "3"},
-    {"ceil(2.1)", "3"}, {"floor(2.7)", "2"}, {"exp(1)", "2.7182818285"}, {"log(exp(1))", "1"},
-    {"atan2(1,1)", "0.7853981634"}, {"max(1+1,2*2)", "4"}, {"pow(2,10)", "1024"}, {"sqrt(1,000)", "1"},
+    {"sqrt(4)sqrt(9)", "6"}, {"abs(2,3)", "2"}, {"max(1+1,2*2)", "4"}, {"pow(2,10)", "1024"},
     // a function writes no sign
-    {"cos(pi)", "1"}, {"sign(-5)", "1"}, {"floor(-2.5)", "3"}, {"sin(-1)-1", "-0.1585290152"}, {"max(-1,-2)", "1"},
+    {"cos(pi)", "1"}, {"sin(-1)-1", "-0.1585290152"},
     // calls that fail
     {"sqrt (4)", unknown, "sqrt"}, {"pow(2)", twoArguments, "pow"}, {"atan2(1,)", twoArguments, "atan2"},
     {"sqrt(-1)", unknown, "nan"}, {"log(0)", unknown, "inf"}, {"x(sqrt(-1))", unknown, "nan"},
     {"(log(0))()/()", unknown, "inf"}, {"mod(7,3)", twoOperands, "%"}, {"xmod(7,3)", unknown, "x"},
     {"xmod(7)", twoArguments, "mod"},
     // decimals to fractions
-    {"frac(0.5)", "\"1/2\""}, {"frac(1.5)", "\"1 1/2\""}, {"frac(0.12)", "\"3/25\""}, {"frac(7/2)", "\"3 1/2\""},
-    {"frac(0.101)", "\"101/1000\""}, {"frac(0.05)", "\"1/2\""}, {"frac(1.33)", "\"1 1/3\""}, {"frac(0.11)", "\"1/9\""},
-    {"frac(1/3)", "\"1/3\""}, {"frac(2/3)", "\"6666667/10000000\""}, {"frac(0.999)", "\"1 0/9\""},
-    {"frac(9.99)", "\"10 0/9\""}, {"frac(2)", "2"}, {"frac(0)", "0"}, {"frac()", "0"}, {"frac(-1.5)", "\"1/2\""},
-    {"frac(-0.333)", "\"-2/9\""},
+    {"frac(0.5)", "\"1/2\""}, {"frac(0.05)", "\"1/2\""}, {"frac(1/3)", "\"1/3\""}, {"frac(0.999)", "\"1 0/9\""},
+    {"frac()", "0"}, {"frac(-0.333)", "\"-2/9\""},
     {"frac(1234567891)", "\"1234567891 1/1\""},  // seven digits and an exponent: 1.234568e+9
     {"frac(0.00001234)", "\"1/5\""},  // 1.234000e-5
     {"1+frac(0.5)", notAlone, "+frac"}, {"frac(2.5)+1", notAlone, ""}, {"-- frac(0.5)", "\"1/2\"", " frac"},
     // fractions to decimals; what else stands on the line is dropped
-    {"dec(1 1/2)", "1.5"}, {"Dec( 2  3/4 )", "2.75"}, {"dec(0 1/2)", "0.5"}, {"dec(-1 1/2)", "-0.5"},
-    {"dec(1 1/2 3)", "1.5"}, {"2+dec(1 1/2)", "1.5"}, {"x=3\ndec(x 1/2)", "3.5"}, {"dec=3\ndec(1 1/2)", "16.5"},
-    {"dec(1/2)", incomplete, ""}, {"dec(3)", notAFraction, ""}, {"dec(1,2)", notAFraction, ""},
-    {"dec( 1 1/)", twoOperands, "/"},
+    {"dec(1 1/2)", "1.5"}, {"Dec( 2  3/4 )", "2.75"}, {"dec(1 1/2 3)", "1.5"}, {"2+dec(1 1/2)", "1.5"},
+    {"x=3\ndec(x 1/2)", "3.5"}, {"dec=3\ndec(1 1/2)", "16.5"}, {"dec(1/2)", incomplete, ""},
+    {"dec(3)", notAFraction, ""}, {"dec(1,2)", notAFraction, ""}, {"dec( 1 1/)", twoOperands, "/"},
 };
 // clang-format on
 
