@@ -96,6 +96,8 @@ TEST(KeyList, DamagedListsEnd) {
     EXPECT_EQ(AlertsOf([&] { items = ItemsOf(Read({row.bytes})); }), row.alerts) << testing::PrintToString(row.bytes);
     EXPECT_EQ(items, row.items) << testing::PrintToString(row.bytes);
   }
+  // cut in a length that would lead back into the first value
+  EXPECT_EQ(Read({Bytes({{"k", String(300, 'v')}}, false) + "\x01l\xFF\xFF\xFF"}).ItemCount(), 1);
 }
 
 // Records that lead to and fro between two halves of the list, each with half the list as its value; items of nothing.

@@ -55,7 +55,7 @@ TEST(Templates, Loading) {
       {Bytes({{"0", record("", "1")}, {"1", Bytes({{"name", "n"}})}}), "", {}},
       {Bytes({{"0", record("n", "1")}, {"0", record("m", "2")}, {"x", ""}}), "[n=1]", UnknownFormats({"0"})},
       {Bytes({{String(30, 'x'), ""}, {"0", "<equation>1</equation><name>n</name>"}}), "[n=1]", UnknownFormats({"0"})},
-      // taken for the text form: the whole list, a record alone, none
+      // taken for the text form: a record alone, none
       {Bytes({{"0", record("<n>", "1")}}), "", {}}, {Bytes({{"0", record("<n>", "1234567890")}}), "", {}},
       {Bytes({{"0", record("<n>", "1234567890ab")}}), "[<n>=1234567890ab]", {}},
   };
