@@ -153,6 +153,8 @@ TEST_F(Settings, Obstacles) {
       {"a folder in place of the file", [&] { fs::create_directory(file_); }},
       {"a pipe in place of the file", [&] { mkfifo(file_.c_str(), 0600); }},
       {"a full device in place of the file", [&] { fs::create_symlink("/dev/full", file_); }},
+      {"a file too large to be read",
+       [&] { (std::ofstream(file_).close(), fs::resize_file(file_, (std::uintmax_t{1} << 30) + 1)); }},
       {"a link to itself", [&] { fs::create_symlink(file_, file_); }},
       {"a file in place of the folder", [&] { (fs::rename(support, away), std::ofstream(support) << "kept"); }},
       {"a data folder that cannot be", [&] { setenv("XDG_DATA_HOME", "/dev/null/data", 1); }},
@@ -169,6 +171,13 @@ TEST_F(Settings, Obstacles) {
       EXPECT_TRUE(AlertsOf([this] { EXPECT_EQ(Saved(), "unreadable"); }).empty());
     }
   }
+}
+
+TEST_F(Settings, ARelativeDataFolderIsIgnored) {
+  setenv("XDG_DATA_HOME", "relative", 1);
+  setenv("HOME", folder_.c_str(), 1);
+  Preferences::Save();
+  EXPECT_TRUE(fs::exists(folder_ / ".local/share/Application Support/com.fernhill.sumlet/preferences"));
 }
 
 TEST_F(Settings, ALinkIsFollowed) {
