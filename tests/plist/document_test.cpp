@@ -191,8 +191,11 @@ TEST_F(PropertyListFile, BinaryByOtherTools) {
     EXPECT_TRUE(fs::is_empty(temporary_)) << script;
   }
 
-  // no place for a copy; then no tool, where the document is written as text
+  // a copy that is lost; no place for a copy; then no tool, where the document is written as text
+  Install("plutil", "rm \"$3\"");
   const FolderItem file = File("list", "BPLIST");
+  plist(file).Save(true);
+  EXPECT_EQ(Content(file), "BPLIST");
   setenv("TMPDIR", "/nowhere", 1);
   plist(file).Save(true);
   EXPECT_EQ(Content(file), "BPLIST");

@@ -48,6 +48,7 @@ TEST(PropertyListReader, Layouts) {
       {"  <key>a</key>\n  <true/>\n</dict>", ":  <key"},
       {"<key>a</key>\n<dict>\n</dict>\n</key>\n<key>b</key>\n<true/>\n</dict>\n<key>c</key>\n<true/>\n</dict>",
        "a:dict{}{b:boolean=true}=, c:boolean=true"},
+      {"<key>a</key>\n<string>1\n<dict/>\n2</string>\n</dict>", "a:string"},
       {"<key>a</key>\n<string></dict>\n<key>b</key>\n<true/>", "a:string"},
       {"no tag\n>\n\n<key>a</key>\n<true/>", ":"},
       {"<dict/>\n<true/>", ":boolean{}=true"},

@@ -120,6 +120,25 @@ TEST_F(PropertyListTree, Searching) {
   EXPECT_TRUE(!document.Find("?") && document.foundKey.empty());
 }
 
+// Many children have an index of their names; several can stand under one name, and keep their order.
+TEST(PropertyListChildren, ManyAndSeveralOfOneName) {
+  String lines;
+  for (Int32 i = 0; i < 12; ++i)
+    lines += "<key>" + Str(i / 2) + "</key>\n<dict>\n<key>k</key>\n" + Str(i) + "\n</dict>\n";
+  plistDict node;
+  TextInputStream stream(ReplaceAll(lines, "</key>\n1\n", "</key>\n<true/>\n"));
+  node.Load(&stream, "root", false, nullptr, nullptr, true);
+  TextOutputStream written;
+  node.Write(written, 0);
+  EXPECT_EQ(written.Content().find("<key>0</key>\n<dict/>\n<dict>\n\t<key>k</key>\n\t<true/>"), 0u)
+      << written.Content();
+  for (int again = 0; again < 2; ++again) node.Remove("3");
+  EXPECT_EQ(node.children().Ubound(), 10);
+  EXPECT_EQ(node.child("3").count(), 0);
+  EXPECT_EQ(&node.child("5"), &node.children().At(9));
+  EXPECT_THROW((void)node.children().At(0), Fault);
+}
+
 // Deeper than the stack, for every operation that goes down or up a tree.
 TEST(PropertyListDepth, ADeepTree) {
   constexpr int depth = 100000;
