@@ -165,6 +165,7 @@ TEST_F(PropertyListFile, BinaryByTheRealTool) {
   plist again(file);
   const fs::path stolen = again.savePath.Path().parent_path();
   fs::create_directory(folder_ / "victim");
+  fs::permissions(folder_ / "victim", fs::perms::owner_all);
   fs::create_directory_symlink(folder_ / "victim", stolen);
   again.Save();
   EXPECT_EQ(again.errorMessage, "Could not open file for saving");
