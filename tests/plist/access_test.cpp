@@ -66,11 +66,12 @@ TEST(PropertyListAccess, PresentKeys) {
   const char* lines =
       "<key>s</key>\n<string>TRUE</string>\n<key>n</key>\n<integer>&h1F</integer>\n<key>r</key>\n<real>-3.9</real>\n"
       "<key>d</key>\n<date>2026-03-04T05:06:07Z</date>\n<key>c</key>\n<string>FF8000</string>\n"
-      "<key>x</key>\n<dict/>\n<key>e</key>\n<string/>\n";
+      "<key>x</key>\n<dict/>\n<key>y</key>\n<true/>\n<key>y</key>\n<dict/>\n<key>e</key>\n<string/>\n";
   Check(lines, {
       {CALL(x.GetString("N", "y")), "&h1F", ""},
       {CALL(x.GetString("x")), "", "Key x does not exist"},
       {CALL(x.GetString("e", "y")), "", "Key e does not exist"},
+      {CALL(x.GetString("y")), "", "Illegal Type: y is a dict"},
       {CALL(Str(x.GetInteger("n")) + Str(x.GetInteger("r")) + Str(x.GetInteger("s"))), "31-30", ""},
       {CALL(Str(x.GetInteger("x"))), "0", "Illegal Type: x is a dict"},
       {CALL(Str(x.GetReal("d"))), "-1", "Type Mismatch: d is a date"},
