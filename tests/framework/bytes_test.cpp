@@ -23,6 +23,7 @@ TEST(Bytes, UrlComponents) {
   for (int byte = 0; byte < 256; ++byte) every += static_cast<char>(byte);
   EXPECT_EQ(DecodeURLComponent(EncodeURLComponent(every)), every);
   EXPECT_EQ(EncodeURLComponent("Az09-._~ é\n\t+%<"), "Az09-._~%20%C3%A9%0A%09%2B%25%3C");
+  EXPECT_EQ(DecodeURLComponent(std::string_view("%41").substr(0, 2)), "%4");
   const std::pair<const char*, const char*> leniencies[] = {
       {"%c3%Af", "ï"}, {"a+b", "a+b"}, {"50%", "50%"}, {"%4", "%4"}, {"%G1%1G%41", "%G1%1GA"}, {"%%41", "%A"},
   };
