@@ -9,18 +9,13 @@ namespace sumlet {
 namespace {
 
 TEST(Bytes, CountAndCompareBytes) {
-  EXPECT_EQ(LenB("aé€"), 6);
-  EXPECT_EQ(MidB("aé", 2, 1), "\xC3");
-  EXPECT_EQ(MidB("abc", 3), "c");
-  EXPECT_EQ(MidB("abc", 2, 9), "bc");
+  EXPECT_EQ(MidB("aé", 2, 1) + MidB("abc", 3) + MidB("abc", 2, 9),
+            "\xC3"
+            "cbc");
   EXPECT_EQ(MidB("abc", 4) + MidB("abc", 0) + MidB("abc", 2, -1), "");
   EXPECT_EQ(InStrB(1, "aBc", "b"), 0);
-  EXPECT_EQ(InStrB(1, "é€", "€"), 3);
-  EXPECT_EQ(InStrB(3, "abab", "ab"), 3);
-  EXPECT_EQ(InStrB(4, "abab", "ab"), 0);
+  EXPECT_EQ(InStrB(3, "ababé€", "ab"), 3);
   EXPECT_EQ(InStrB(9, "ab", "a"), 0);
-  EXPECT_EQ(AscB("é"), 0xC3);
-  EXPECT_EQ(ChrB(0xC3) + ChrB(0xA9), "é");
 }
 
 TEST(Bytes, UrlComponents) {
@@ -28,13 +23,15 @@ TEST(Bytes, UrlComponents) {
   for (int byte = 0; byte < 256; ++byte) every += static_cast<char>(byte);
   EXPECT_EQ(DecodeURLComponent(EncodeURLComponent(every)), every);
   EXPECT_EQ(EncodeURLComponent("Az09-._~ é\n\t+%<"), "Az09-._~%20%C3%A9%0A%09%2B%25%3C");
+  EXPECT_EQ(DecodeURLComponent(std::string_view("%41").substr(0, 2)), "%4");
   const std::pair<const char*, const char*> leniencies[] = {
-      {"%c3%A9", "é"}, {"a+b", "a+b"}, {"50%", "50%"}, {"%4", "%4"}, {"%G1%1G%41", "%G1%1GA"}, {"%%41", "%A"},
+      {"%c3%Af", "ï"}, {"a+b", "a+b"}, {"50%", "50%"}, {"%4", "%4"}, {"%G1%1G%41", "%G1%1GA"}, {"%%41", "%A"},
   };
   for (const auto& [encoded, text] : leniencies) EXPECT_EQ(DecodeURLComponent(encoded), text) << encoded;
 }
 
 TEST(Variant, Conversions) {
+  // clang-format off
   const struct {
     Variant value;
     const char* text;
@@ -43,24 +40,15 @@ TEST(Variant, Conversions) {
     bool boolean;
     bool isNumeric;
   } rows[] = {
-      {{}, "", 0, 0, false, false},
-      {"13", "13", 13, 13, true, true},
-      {" -2.9e0 ", " -2.9e0 ", -2, -2.9, true, true},
-      {"0.0", "0.0", 0, 0, false, true},
-      {"TRUE", "TRUE", 0, 0, true, false},
-      {"False", "False", 0, 0, false, false},
-      {"5 apples", "5 apples", 5, 5, false, false},
-      {"2e", "2e", 2, 2, false, false},
-      {".", ".", 0, 0, false, false},
-      {"\t5", "\t5", 0, 0, false, false},
-      {"", "", 0, 0, false, false},
+      {{}, "", 0, 0, false, false}, {"13", "13", 13, 13, true, true}, {" -2.9e0 ", " -2.9e0 ", -2, -2.9, true, true},
+      {"0.0", "0.0", 0, 0, false, true}, {"TRUE", "TRUE", 0, 0, true, false}, {"2e", "2e", 2, 2, false, false},
+      {"5 apples", "5 apples", 5, 5, false, false}, {"\t5", "\t5", 0, 0, false, false},
       {"99999999999", "99999999999", 2147483647, 99999999999.0, true, true},
-      {BooleanToVariant(true), "True", 1, 1, true, false},
-      {Int32ToVariant(-7), "-7", -7, -7, true, true},
+      {BooleanToVariant(true), "True", 1, 1, true, false}, {Int32ToVariant(-7), "-7", -7, -7, true, true},
       {DoubleToVariant(-2.9), "-2.9", -2, -2.9, true, true},
-      {DoubleToVariant(0.25), "0.25", 0, 0.25, true, true},
       {ColorToVariant({0, 10, 255}), "&h000AFF", 0xAFF, 0xAFF, true, false},
   };
+  // clang-format on
   for (const auto& row : rows) {
     EXPECT_EQ(VariantToString(row.value), row.text);
     EXPECT_EQ(VariantToInt32(row.value), row.integer) << row.text;
@@ -69,30 +57,29 @@ TEST(Variant, Conversions) {
     EXPECT_EQ(VariantToString(VariantNot(row.value)), row.boolean ? "False" : "True") << row.text;
     EXPECT_EQ(IsNumeric(row.value), row.isNumeric) << row.text;
   }
-  EXPECT_EQ(static_cast<Int32>(VarType("")), 8);
 }
 
+// A few keys are compared one by one, many have an index.
 TEST(Variant, DictionaryKeys) {
-  Dictionary map;
-  map.SetValue("Pi", "a");
-  map.SetValue("pI", "b");
-  map.SetValue(DoubleToVariant(0.1), "c");
-  map.SetValue(DoubleToVariant(0.1 + 1e-16), "d");
-  map.SetValue(DoubleToVariant(0.0), "e");
-  EXPECT_EQ(map.Count(), 4);
-  EXPECT_EQ(VariantToString(map.Value("PI")), "b");
-  EXPECT_EQ(VariantToString(map.Value(DoubleToVariant(0.1))), "c");
-  EXPECT_FALSE(map.HasKey("0") || map.HasKey(Int32ToVariant(0)));
-  EXPECT_TRUE(map.HasKey(DoubleToVariant(-0.0)));
-  map.Remove("PI");
-  map.Remove("absent");
-  EXPECT_EQ(VariantToString(map.Lookup("pi", "none")), "none");
-  EXPECT_THROW((void)map.Value("pi"), Fault);
-  for (Int32 i = 0; i < map.Count(); ++i) {
-    EXPECT_EQ(VariantToString(map.Value(map.Key(i))), VariantToString(map.Values()[i]));
+  for (const Int32 others : {0, 12}) {
+    Dictionary map;
+    map.SetValue("Pi", "a");
+    map.SetValue("pI", "b");
+    map.SetValue(DoubleToVariant(0.1), "c");
+    map.SetValue(DoubleToVariant(0.0), "e");
+    for (Int32 i = 0; i < others; ++i) map.SetValue(Int32ToVariant(100 + i), Int32ToVariant(i));
+    EXPECT_EQ(map.Count(), 3 + others);
+    EXPECT_EQ(VariantToString(map.Value("PI")), "b");
+    EXPECT_FALSE(map.HasKey("0") || map.HasKey(Int32ToVariant(0)));
+    map.Remove("PI");
+    map.Remove("absent");
+    EXPECT_EQ(VariantToString(map.Lookup("pi", "none")), "none");
+    EXPECT_THROW((void)map.Value("pi"), Fault);
+    EXPECT_EQ(VariantToString(map.Value(DoubleToVariant(-0.0))) + VariantToString(map.Values()[0]), "ec");
+    if (others > 0) {
+      EXPECT_EQ(VariantToInt32(map.Value(Int32ToVariant(105))), 5);
+    }
   }
-  map.Clear();
-  EXPECT_EQ(map.Keys().Ubound(), -1);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <random>
 
-#include "framework/text/numbers.h"
 #include "stored_bytes.h"
 
 namespace sumlet {
@@ -25,19 +24,18 @@ KeyList Read(std::initializer_list<std::string_view> pieces) {
 TEST(KeyList, KnownBytes) {
   EXPECT_EQ(Bytes({{"name", "a"}, {"size", "13"}}), PageBytes("The items `name` = `a`"));
   EXPECT_EQ(Bytes({}), PageBytes("A list without items"));
+  // clang-format off
   const std::pair<std::size_t, std::string_view> widths[] = {
-      {0, "\x01\x01k\x01v\x04long\x00"sv},
-      {255, "\x01\x01k\x01v\x04long\xFF"sv},
-      {256, "\x02\x01k\x00\x01v\x04long\x01\x00"sv},
-      {65535, "\x02\x01k\x00\x01v\x04long\xFF\xFF"sv},
+      {0, "\x01\x01k\x01v\x04long\x00"sv}, {255, "\x01\x01k\x01v\x04long\xFF"sv},
+      {256, "\x02\x01k\x00\x01v\x04long\x01\x00"sv}, {65535, "\x02\x01k\x00\x01v\x04long\xFF\xFF"sv},
       {65536, "\x04\x01k\x00\x00\x00\x01v\x04long\x00\x01\x00\x00"sv},
   };
+  // clang-format on
   for (const auto& [longest, head] : widths) {
     const Items items = {{"k", "v"}, {"long", String(longest, '\xFE')}};
     EXPECT_EQ(Bytes(items), String(head) + items[1].second) << longest;
     EXPECT_EQ(ItemsOf(Read({Bytes(items)})), items) << longest;
   }
-  EXPECT_EQ(Bytes({{String(255, 'k'), ""}}), "\x01\xFF" + String(256, 'k').replace(255, 1, 1, '\0'));
 }
 
 TEST(KeyList, OutputByFlags) {
@@ -51,8 +49,7 @@ TEST(KeyList, OutputByFlags) {
   list.BinaryFormat = false;
   list.AddItem("Key", BooleanToVariant(true));
   EXPECT_EQ(list.GetData(), "<k>-5</k><key>True</key>");
-  EXPECT_EQ(list.StrLong(1e21), "1000000000000000000000");
-  EXPECT_EQ(Val(list.StrLong(1.0 / 3)), 1.0 / 3);
+  EXPECT_EQ(list.StrLong(1e21) + list.StrLong(-0.5), "1000000000000000000000-0.5");
 }
 
 // A cut may fall anywhere, and a piece may be one byte or none: the items are those of the whole. A damaged list that
@@ -60,26 +57,20 @@ TEST(KeyList, OutputByFlags) {
 TEST(KeyList, PiecesGiveTheSameItemsAsTheWhole) {
   const Items items = {{"name", "a"}, {"", ""}, {"size", "13"}, {"in", Bytes({{"k", String(40, 'v')}})}, {"end", ""}};
   std::mt19937 random(3);
-  const AlertLog alerts;
   for (int round = 0; round < 800; ++round) {
     String bytes = Bytes(items, round % 2 == 0);
     const int flips = round / 2 % 4;
     for (int flip = 0; flip < flips; ++flip) bytes[1 + random() % (bytes.size() - 1)] ^= 1 << random() % 8;
     const Items whole = ItemsOf(Read({bytes}));
     EXPECT_TRUE(flips > 0 || whole == items);
-    const auto expectWhole = [&](Items pieces, std::size_t cut) {
-      if (flips > 0 && pieces.size() == whole.size() + 1) pieces.pop_back();
-      ASSERT_EQ(pieces, whole) << "round " << round << " cut at " << cut;
-    };
-    KeyList dripped = Read({});
-    for (const char& byte : bytes) dripped.AddData({&byte, 1});
-    expectWhole(ItemsOf(dripped), 0);
     for (std::size_t cut = 1; cut <= bytes.size(); ++cut) {
       const std::string_view view = bytes;
-      expectWhole(ItemsOf(Read({view.substr(0, cut), "", view.substr(cut)})), cut);
+      Items pieces =
+          ItemsOf(Read({view.substr(0, cut), "", view.substr(cut, 1), view.substr(std::min(cut + 1, bytes.size()))}));
+      if (flips > 0 && pieces.size() == whole.size() + 1) pieces.pop_back();
+      ASSERT_EQ(pieces, whole) << "round " << round << " cut at " << cut;
     }
   }
-  EXPECT_TRUE(alerts.Texts().empty());
 }
 
 TEST(KeyList, DamagedListsEnd) {
@@ -90,7 +81,7 @@ TEST(KeyList, DamagedListsEnd) {
     std::vector<String> alerts;
   } rows[] = {
       {"", {}, UnknownFormats({"0"})}, {"\x03\x01k\x01v", {}, UnknownFormats({"3"})}, {"\xFF", {}, UnknownFormats({"255"})},
-      {"\x01", {}, {}}, {"\x01\x05", {}, {}}, {"\x01\x01k\x09v", {}, {}}, {"\x01\xFFk", {}, {}}, {"\x02\x01k\x01v\x01k", {}, {}},
+      {"\x01", {}, {}}, {"\x01\xFFk", {}, {}}, {"\x02\x01k\x01v\x01k", {}, {}},
       {"\x01\x01k\x01v\x05", {}, {}},  // behind an item, one byte alone makes it wait
       {"\x01\x01k\x01v\x01k", {{"k", "v"}}, {}},
       {"\x04\x01k\xFF\xFF\xFF\xFA"sv, {}, {}},                         // back to itself
@@ -101,14 +92,16 @@ TEST(KeyList, DamagedListsEnd) {
   };
   // clang-format on
   for (const auto& row : rows) {
-    const AlertLog alerts;
-    EXPECT_EQ(ItemsOf(Read({row.bytes})), row.items) << testing::PrintToString(row.bytes);
-    EXPECT_EQ(alerts.Texts(), row.alerts) << testing::PrintToString(row.bytes);
+    Items items;
+    EXPECT_EQ(AlertsOf([&] { items = ItemsOf(Read({row.bytes})); }), row.alerts) << testing::PrintToString(row.bytes);
+    EXPECT_EQ(items, row.items) << testing::PrintToString(row.bytes);
   }
+  // cut in a length that would lead back into the first value
+  EXPECT_EQ(Read({Bytes({{"k", String(300, 'v')}}, false) + "\x01l\xFF\xFF\xFF"}).ItemCount(), 1);
 }
 
-// Records that lead to and fro between two halves of the list, each with half the list as its value.
-TEST(KeyList, ValuesThatOverlapDoNotFillMemory) {
+// Records that lead to and fro between two halves of the list, each with half the list as its value; items of nothing.
+TEST(KeyList, HostileListsDoNotFillMemory) {
   const Int32 hops = 2000;
   String bytes = "\x04";
   for (const Int32 length : {5 * (hops - 1), -5 * hops}) {
@@ -118,14 +111,10 @@ TEST(KeyList, ValuesThatOverlapDoNotFillMemory) {
   }
   std::size_t taken = 0;
   for (const auto& [key, value] : ItemsOf(Read({bytes}))) taken += value.size();
-  EXPECT_GT(taken, bytes.size());
-  EXPECT_LE(taken, bytes.size() * 4);
-}
-
-TEST(KeyList, ItemsOfNothingDoNotFillMemory) {
-  const Int32 million = 1'000'000;
-  EXPECT_EQ(Read({"\x01" + String(std::size_t{2} * million, '\0')}).ItemCount(), million);
-  EXPECT_LT(Read({"\x01" + String(std::size_t{20} * million, '\0')}).ItemCount(), 3 * million);
+  EXPECT_TRUE(taken > bytes.size() && taken <= bytes.size() * 4) << taken;
+  const std::size_t million = 1'000'000;
+  EXPECT_EQ(Read({"\x01" + String(2 * million, '\0')}).ItemCount(), 1'000'000);
+  EXPECT_LT(Read({"\x01" + String(20 * million, '\0')}).ItemCount(), 3'000'000);
 }
 
 TEST(KeyList, FormIsDetected) {
@@ -135,17 +124,15 @@ TEST(KeyList, FormIsDetected) {
       {"<a>1</a>", true}, {x.substr(12) + "<a></a>", true}, {x.substr(11) + "<a></a>", false},
       {"<" + x.substr(9) + "></" + x.substr(10) + ">", true}, {"<" + x.substr(8) + "></x>", false},
       {"<k>" + x + "</" + x.substr(10) + ">", true}, {"<k>" + x + "</" + x.substr(9) + ">", false},
-      {"<k></k", false}, {">a<", false}, {"\x01\x01k\x01v", false}, {"\x01\x01k\x05<x>ab", true},
+      {"<k></k", false}, {"\x01\x01k\x05<x>ab", true},
       // an opening tag alone, which ends with byte 32 or 33
-      {"<k>", true}, {"<" + x.substr(10) + ">", true}, {"<" + x.substr(9) + ">", false},
+      {"<" + x.substr(10) + ">", true}, {"<" + x.substr(9) + ">", false},
   };
   // clang-format on
   for (const auto& [bytes, expected] : isText) {
-    const AlertLog alerts;
     KeyList list;
-    list.AddData(bytes);
+    AlertsOf([&list, &data = bytes] { list.AddData(data); });
     EXPECT_EQ(list.BinaryFormat, !expected) << bytes;
-    EXPECT_TRUE(!expected || list.ItemCount() == 0) << bytes;
   }
 }
 
@@ -154,11 +141,8 @@ TEST(KeyList, TextFormAnswersFromTheBuffer) {
   list.RemoveItemsAsFound = true;
   list.AddData("<name>a<b>c</name><size>1");
   Variant value = "old";
-  EXPECT_FALSE(list.GetItem("Name", value) || list.HasItem("Name"));
+  EXPECT_FALSE(list.GetItem("Name", value) || list.HasItem("Name") || list.GetItem("size", value));
   for (int again = 0; again < 2; ++again) EXPECT_EQ(list.GetItem("name"), "a<b>c");
-  EXPECT_TRUE(list.HasItem("size"));
-  EXPECT_FALSE(list.GetItem("size", value));
-  EXPECT_EQ(VariantToString(value), "");
   list.AddData("3</size>");
   EXPECT_EQ(list.GetItem("size"), "13");
   list.ReduceBuffer();
@@ -168,14 +152,11 @@ TEST(KeyList, TextFormAnswersFromTheBuffer) {
 TEST(KeyList, WaitingItems) {
   KeyList list = Read({"\x01\x04Name\x01v\x04Size\x02"sv});
   Variant value;
-  EXPECT_TRUE(list.HasItem("size"));
   EXPECT_FALSE(list.GetItem("size", value));
   list.ReduceBuffer();
   EXPECT_TRUE(list.HasItem("SIZE"));
   list.AddData("13");
   EXPECT_EQ(ItemsOf(list), (Items{{"Name", "v"}, {"Size", "13"}}));
-  const AlertLog alerts;
-  EXPECT_FALSE(list.HasItem("") || Read({"\x09"}).HasItem(""));
 }
 
 // A list that forgets what it has taken goes on for ever.
@@ -192,35 +173,29 @@ TEST(KeyList, LongStream) {
 
 // Long lists keep an index of their keys; they have to answer like a plain search from front to back.
 TEST(KeyList, LookUpsInShortAndLongLists) {
-  for (const Int32 count : {4, 16, 17, 100}) {
+  for (const Int32 count : {4, 17, 100}) {
     std::mt19937 random(static_cast<unsigned>(count));
     Items plain;
     KeyList list;
     list.BinaryFormat = list.RemoveItemsAsFound = true;
     for (Int32 step = 0; step < 40 * count; ++step) {
       const String key = (random() % 2 == 0 ? "é" : "É") + Str(static_cast<Int32>(random() % count));
-      const auto isSame = [&key](const auto& item) { return SameText(item.first, key); };
+      const auto item = std::find_if(plain.begin(), plain.end(), [&](auto& i) { return SameText(i.first, key); });
+      const bool isThere = item != plain.end();
       const auto action = random() % 16;
       if (action < 8 && list.ItemCount() < count) {
         plain.emplace_back(key, Str(step));
         list.AddItem(key, plain.back().second);
-      } else if (action < 14) {
-        const auto item = std::find_if(plain.begin(), plain.end(), isSame);
-        const bool isThere = item != plain.end();
+      } else if (action < 15) {
         ASSERT_EQ(list.HasItem(key), isThere);
         ASSERT_EQ(list.GetItem(key), isThere ? item->second : "");
         if (isThere) plain.erase(item);
-      } else if (action == 14) {
-        list.RemoveItem(key);
-        std::erase_if(plain, isSame);
       } else {
+        list.RemoveItem(key);
+        std::erase_if(plain, [&](auto& other) { return SameText(other.first, key); });
         ASSERT_EQ(ItemsOf(list), plain);
       }
-      ASSERT_EQ(list.ItemCount(), static_cast<Int32>(plain.size()));
     }
-    list.RemoveAllItems();
-    EXPECT_EQ(list.BinUbound(), -1);
-    EXPECT_THROW((void)list.GetItem(0), Fault);
   }
 }
 

@@ -1,34 +1,31 @@
-// The settings file, in a folder of the test's own: what is written, and what any content or obstacle leads to.
+// The settings file and the older kind, a property list, which is read where there is none; in a folder of the test's
+// own: what is written, and what any content or obstacle leads to.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <random>
 
-#include "persistence/my_window_manager.h"
-#include "persistence/preferences.h"
 #include "stored_bytes.h"
-#include "templates/templates_manager.h"
 
 namespace sumlet {
 namespace {
 
 namespace fs = std::filesystem;
 
+const String examples =
+    "[Variables Example=# You can use multiple variables\nx=2\ny=x+2\ny+2]"
+    "[Function Example=# See Help menu for more functions \n\ny=max(ceil(30.9),30)]";
+
 class Settings : public testing::Test {
  protected:
-  static void SetUpTestSuite() {
-    TemplatesManager::RegisterSection();
-    MyWindowManager::RegisterSection();
-  }
-
   Settings() {
-    MyWindowManager::SetWindowList([] { return std::vector<const MyWindowManager::StoredWindow*>(); });
+    RegisterStores();
     setenv("XDG_DATA_HOME", folder_.c_str(), 1);
     setenv("XDG_CONFIG_HOME", folder_.c_str(), 1);
     fs::create_directories(file_.parent_path());
@@ -43,20 +40,20 @@ class Settings : public testing::Test {
     Preferences::RememberEquations = Preferences::ShownReviewDialog = true;
     TemplatesManager::Key = TemplatesManager::EquationText = templates;
   }
-
+  static String Shown() {
+    String text = Str(Preferences::RunCount) + " " + Str(Preferences::TextSize);
+    text += Preferences::TemplatesOpen ? " open" : "";
+    text += Preferences::RememberEquations ? " remember" : "";
+    return text + (Preferences::ShownReviewDialog ? " reviewed" : "");
+  }
   static void ExpectDefaults() {
-    EXPECT_EQ(Preferences::RunCount, 0);
-    EXPECT_EQ(Preferences::TextSize, 13);
-    EXPECT_TRUE(Preferences::TemplatesOpen && Preferences::RememberEquations && !Preferences::ShownReviewDialog);
-    EXPECT_EQ(TemplatesManager::Key, (Array<String>{"Variables Example", "Function Example"}));
-    EXPECT_EQ(TemplatesManager::EquationText[0], "# You can use multiple variables\nx=2\ny=x+2\ny+2");
-    EXPECT_EQ(TemplatesManager::EquationText[1], "# See Help menu for more functions \n\ny=max(ceil(30.9),30)");
+    EXPECT_EQ(Shown(), "0 13 open remember");
+    EXPECT_EQ(Templates(), examples);
   }
 
   static std::vector<String> AlertsOfLoad() {
-    const AlertLog alerts;
-    Preferences::Load();
-    return alerts.Texts();
+    opened.clear();
+    return AlertsOf(Preferences::Load);
   }
   std::vector<String> AlertsOfLoading(std::string_view content) const {
     std::ofstream(file_, std::ios::binary) << content;
@@ -74,6 +71,7 @@ class Settings : public testing::Test {
 
   const fs::path folder_ = NewFolder();
   const fs::path file_ = folder_ / "Application Support/com.fernhill.sumlet/preferences";
+  const FolderItem older_{folder_ / "com.fernhill.sumlet.plist"};
 };
 
 // Without a file there are the defaults and the examples, once.
@@ -90,8 +88,7 @@ TEST_F(Settings, FirstRuns) {
   EXPECT_EQ(fs::status(file_).permissions(), fs::perms::owner_read | fs::perms::owner_write);
   SetAll(7, {"old"});
   EXPECT_TRUE(AlertsOfLoad().empty());
-  EXPECT_EQ(Preferences::RunCount, 1);
-  EXPECT_EQ(TemplatesManager::Key.Ubound(), -1);
+  EXPECT_EQ(Shown() + Templates(), "1 13 open remember");
 }
 
 TEST_F(Settings, ValuesAreReadByKey) {
@@ -99,34 +96,31 @@ TEST_F(Settings, ValuesAreReadByKey) {
   const Items items = {{"TextSize", ""}, {"TEMPLATELIST", list},    {"?", "\xFF"},      {"RunCount", "99999999999"},
                        {"RunCount", ""}, {"RememberEquations", ""}, {"WindowList", ""}, {"TemplatesOpen", "TRUE"}};
   EXPECT_TRUE(AlertsOfLoading(Bytes(items)).empty());
-  EXPECT_EQ(Preferences::RunCount, 2147483647);
-  EXPECT_EQ(Preferences::TextSize, 0);  // an empty value is no missing value
-  EXPECT_TRUE(Preferences::TemplatesOpen && !Preferences::RememberEquations && !Preferences::ShownReviewDialog);
-  EXPECT_EQ(TemplatesManager::Key, Array<String>{"n"});
-  const String saved = Saved();
+  EXPECT_EQ(Shown() + Templates(), "2147483647 0 open[n=1]");  // an empty value is no missing value
+  Preferences::Save();
   EXPECT_TRUE(AlertsOfLoad().empty());
   EXPECT_EQ(Preferences::RunCount, 2147483647);
 }
 
 TEST_F(Settings, DamagedFiles) {
   const String sevens = Bytes({{"0", "\x07"}, {"1", "\x07"}, {"x", ""}});
+  // clang-format off
   const std::pair<String, std::vector<String>> rows[] = {
-      {"", UnknownFormats({"0", "0"})},
-      {"\x01", UnknownFormats({"0", "0"})},
-      {"A", UnknownFormats({"65", "0", "0"})},
+      {"", UnknownFormats({"0", "0"})}, {"A", UnknownFormats({"65", "0", "0"})},
       {"<RunCount>5</RunCount>", UnknownFormats({"60", "0", "0"})},
-      {Bytes({{"TemplateList", "\x03"}, {"WindowList", "\x01"}}), UnknownFormats({"3"})},
       {Bytes({{"TemplateList", sevens}, {"WindowList", "\x01"}}), UnknownFormats({"7", "0"})},
       {Bytes({{"TemplateList", "\x01"}, {"WindowList", Bytes({{"0", ""}, {"1", ""}})}}), UnknownFormats({"0"})},
   };
+  // clang-format on
   for (const auto& [content, alerts] : rows) {
     EXPECT_EQ(AlertsOfLoading(content), alerts) << testing::PrintToString(content);
     ExpectDefaults();
   }
 }
 
-// Whatever length is left of a file, its whole items are there and the others have their defaults.
-TEST_F(Settings, CutAtEveryLength) {
+// Whatever length is left of a file, its whole items are there and the others have their defaults. One flipped byte can
+// damage a list and one that lies in it, and each is told of once.
+TEST_F(Settings, CutAtEveryLengthAndFlippedAtEveryByte) {
   SetAll(4, {"first", "second"});
   const String content = Saved();
   // An item is dropped as well while one byte alone is left behind it.
@@ -134,6 +128,7 @@ TEST_F(Settings, CutAtEveryLength) {
     const std::size_t end = nextKey.empty() ? content.size() : content.find(nextKey) - 1;
     return length == end || length > end + 1;
   };
+  std::mt19937 random(7);
   for (std::size_t length = 0; length <= content.size(); ++length) {
     const bool hasTemplates = isWhole(length, "WindowList");
     const auto missing = (hasTemplates ? 0u : 1u) + (isWhole(length, "") ? 0u : 1u);
@@ -142,19 +137,10 @@ TEST_F(Settings, CutAtEveryLength) {
     EXPECT_EQ(Preferences::TextSize, isWhole(length, "RememberEquations") ? 20 : 13) << length;
     EXPECT_EQ(Preferences::ShownReviewDialog, isWhole(length, "TemplateList")) << length;
     EXPECT_EQ(TemplatesManager::Key.Ubound(), Preferences::RunCount == 0 || hasTemplates ? 1 : -1) << length;
-  }
-}
-
-// One flipped byte can damage a list and one that lies in it, and each is told of once.
-TEST_F(Settings, FlippedBytes) {
-  SetAll(4, {"first", "second"});
-  const String content = Saved();
-  std::mt19937 random(7);
-  for (std::size_t i = 0; i < content.size(); ++i) {
     for (const unsigned flip : {1u, 0x80u, 0xFFu, static_cast<unsigned>(random())}) {
       String damaged = content;
-      damaged[i] = static_cast<char>(static_cast<unsigned char>(damaged[i]) ^ flip);
-      EXPECT_LE(AlertsOfLoading(damaged).size(), i == 0 ? 3u : 2u) << i << " " << flip;
+      if (length < content.size()) damaged[length] = static_cast<char>(damaged[length] ^ static_cast<char>(flip));
+      EXPECT_LE(AlertsOfLoading(damaged).size(), length == 0 ? 3u : 2u) << length << " " << flip;
     }
   }
 }
@@ -167,41 +153,31 @@ TEST_F(Settings, Obstacles) {
       {"a folder in place of the file", [&] { fs::create_directory(file_); }},
       {"a pipe in place of the file", [&] { mkfifo(file_.c_str(), 0600); }},
       {"a full device in place of the file", [&] { fs::create_symlink("/dev/full", file_); }},
+      {"a file too large to be read",
+       [&] { (std::ofstream(file_).close(), fs::resize_file(file_, (std::uintmax_t{1} << 30) + 1)); }},
       {"a link to itself", [&] { fs::create_symlink(file_, file_); }},
       {"a file in place of the folder", [&] { (fs::rename(support, away), std::ofstream(support) << "kept"); }},
-      {"a dead link in place of the folder",
-       [&] { (fs::rename(support, away), fs::create_symlink("/none/x", support)); }},
       {"a data folder that cannot be", [&] { setenv("XDG_DATA_HOME", "/dev/null/data", 1); }},
   };
   for (const auto& [obstacle, Place] : rows) {
     SCOPED_TRACE(obstacle);
     fs::remove_all(support);
-    fs::remove_all(away);
     fs::create_directories(file_.parent_path());
     Place();
     for (int again = 0; again < 2; ++again) {
       SetAll(7, {"old"});
       EXPECT_TRUE(AlertsOfLoad().empty());
       ExpectDefaults();
-      const AlertLog alerts;
-      EXPECT_EQ(Saved(), "unreadable");
-      EXPECT_TRUE(alerts.Texts().empty());
+      EXPECT_TRUE(AlertsOf([this] { EXPECT_EQ(Saved(), "unreadable"); }).empty());
     }
   }
 }
 
-TEST_F(Settings, ForbiddenPlaces) {
-  if (geteuid() == 0) return;  // nothing is forbidden to root
-  const String content = Saved();
-  fs::permissions(file_, fs::perms::owner_write);
-  EXPECT_TRUE(AlertsOfLoad().empty());
-  ExpectDefaults();
-  fs::permissions(file_, fs::perms::owner_read);
-  EXPECT_EQ(Saved(), content);
-  fs::remove(file_);
-  fs::permissions(file_.parent_path(), fs::perms::owner_read | fs::perms::owner_exec);
-  EXPECT_EQ(Saved(), "unreadable");
-  fs::permissions(file_.parent_path(), fs::perms::owner_all);
+TEST_F(Settings, ARelativeDataFolderIsIgnored) {
+  setenv("XDG_DATA_HOME", "relative", 1);
+  setenv("HOME", folder_.c_str(), 1);
+  Preferences::Save();
+  EXPECT_TRUE(fs::exists(folder_ / ".local/share/Application Support/com.fernhill.sumlet/preferences"));
 }
 
 TEST_F(Settings, ALinkIsFollowed) {
@@ -224,6 +200,55 @@ TEST_F(Settings, NoRoom) {
   EXPECT_EQ(Saved(), content);
   setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, handler);
+}
+
+String Dict(const char* key, const String& lines) {
+  return "<key>" + String(key) + "</key>\n<dict>\n" + lines + "</dict>\n";
+}
+String Record(const char* key, const char* equation, const char* name = nullptr) {
+  String lines = "<key>equation</key>\n<string>" + String(equation) + "</string>\n";
+  if (name != nullptr) lines += "<key>name</key>\n<string>" + String(name) + "</string>\n";
+  return Dict(key, lines);
+}
+
+TEST_F(Settings, TheOlderKind) {
+  const String runs = "<key>runcount</key>\n<integer>3</integer>\n";
+  const String left = "<key>left</key>\n<integer>7</integer>\n<key>fullscreen</key>\n<true/>\n";
+  const String windows = Dict("WindowList", Dict("0", left + "<key>equation</key>\n<string>1%2B1</string>\n") +
+                                                Dict("1", "") + Record("2", "back"));
+  const struct {
+    String lines;
+    const char* settings;
+    String templates;
+    const char* windows;
+  } rows[] = {
+      {"<key>RunCount</key>\n<string>x</string>\n<key>TextSize</key>\n<real>20.9</real>\n", "0 20 open remember",
+       examples, ""},
+      {runs + Dict("TemplateList", Record("1", "a%0Ab", "n") + Record("0", "", "") + Dict("2", "")) + windows,
+       "3 13 open remember", "[=][n=a\nb]", "[back@20][1+1@7 full]"},
+      // keys that do not count up: those that are missing come into being, empty
+      {runs + Dict("TemplateList", Record("a", "1", "n") + Record("0", "2", "m")), "3 13 open remember", "[m=2]", ""},
+      {"<key>RememberEquations</key>\n<string>true</string>\n" + windows, "0 13 open", examples, ""},
+      // what is out of place ends it
+      {runs + "<key>TemplateList</key>\n<string>x</string>\n" + windows, "3 13 open remember", "", ""},
+      {runs + Dict("TemplateList", Record("0", "1", "n") + "<key>1</key>\n<string>x</string>\n") + windows,
+       "3 13 open remember", "[n=1]", ""},
+      {runs + Dict("TemplateList", "") + "<key>WindowList</key>\n<array>\n<string>x</string>\n</array>\n",
+       "3 13 open remember", "", ""},
+  };
+  for (const auto& row : rows) {
+    const String content = "<?xml?>\n<plist>\n<dict>\n" + row.lines + "</dict>\n</plist>\n";
+    std::ofstream(older_.Path(), std::ios::binary) << content;
+    EXPECT_TRUE(AlertsOfLoad().empty());
+    EXPECT_EQ(Shown(), row.settings) << row.lines;
+    EXPECT_EQ(Templates(), row.templates) << row.lines;
+    EXPECT_EQ(opened, row.windows) << row.lines;
+    EXPECT_EQ(older_.ReadBinaryFile(), content);
+  }
+  Preferences::TextSize = 30;
+  Preferences::Save();
+  AlertsOfLoad();
+  EXPECT_EQ(Preferences::TextSize, 30) << "once the settings are saved, it is read no more";
 }
 
 }  // namespace

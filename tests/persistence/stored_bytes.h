@@ -1,33 +1,32 @@
-// What the tests of the stored forms share: alerts that are listed instead of shown, and lists in short.
+// What the tests of the stored forms share: alerts that are listed instead of shown, lists in short, and what loading
+// leaves in the two stores.
 #pragma once
 
-#include <initializer_list>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "framework/message.h"
+#include "framework/text/bytes.h"
+#include "framework/text/numbers.h"
 #include "persistence/key_list.h"
+#include "persistence/my_window_manager.h"
+#include "persistence/preferences.h"
+#include "templates/templates_manager.h"
 
 namespace sumlet {
 
-// Keeps every alert shown while it lives.
-class AlertLog {
- public:
-  AlertLog() {
-    previous_ = SetMessageHandler([this](std::string_view text) { texts_.emplace_back(text); });
-  }
-  AlertLog(const AlertLog&) = delete;
-  AlertLog& operator=(const AlertLog&) = delete;
-  ~AlertLog() { SetMessageHandler(std::move(previous_)); }
-  [[nodiscard]] const std::vector<String>& Texts() const { return texts_; }
+// The alerts that `action` shows.
+template <typename Action>
+std::vector<String> AlertsOf(Action action) {
+  std::vector<String> texts;
+  MessageHandler before = SetMessageHandler([&texts](std::string_view text) { texts.emplace_back(text); });
+  action();
+  SetMessageHandler(std::move(before));
+  return texts;
+}
 
- private:
-  MessageHandler previous_;
-  std::vector<String> texts_;
-};
-
-inline std::vector<String> UnknownFormats(std::initializer_list<const char*> numbers) {
+inline std::vector<String> UnknownFormats(const std::vector<const char*>& numbers) {
   std::vector<String> texts;
   for (const char* number : numbers) texts.push_back(String("Critical err: Input Format unknown: ") + number);
   return texts;
@@ -45,11 +44,34 @@ inline String Bytes(const Items& items, bool optimized = true) {
 
 inline Items ItemsOf(const KeyList& list) {
   Items items(static_cast<std::size_t>(list.ItemCount()));
-  for (Int32 i = 0; i < list.ItemCount(); ++i) {
-    auto& [key, value] = items[static_cast<std::size_t>(i)];
-    list.BinGetItem(i, key, value);
-  }
+  for (Int32 i = 0; auto& [key, value] : items) list.BinGetItem(i++, key, value);
   return items;
+}
+
+// The templates, "[name=text]" each.
+inline String Templates() {
+  String text;
+  for (Int32 i = 0; i <= TemplatesManager::Key.Ubound(); ++i)
+    text += "[" + TemplatesManager::Key[i] + "=" + TemplatesManager::EquationText[i] + "]";
+  return text;
+}
+
+// The windows that loading has opened, in their order: "[text@left]" each, or "[chooser]".
+inline String opened;
+
+// Registers both sections and restorers that list the windows. The chooser has something to tell of its own.
+inline void RegisterStores() {
+  using MyWindowManager::Record;
+  TemplatesManager::RegisterSection();
+  MyWindowManager::RegisterSection();
+  MyWindowManager::SetWindowList([] { return std::vector<const MyWindowManager::StoredWindow*>(); });
+  MyWindowManager::RegisterRestorer({"template", [](const Record&) { (opened += "[chooser]", MsgBox("chooser")); }});
+  MyWindowManager::RegisterRestorer(
+      {"equation", [](const Record& record) {
+         opened += "[" + DecodeURLComponent(VariantToString(record.LoadItem("equation", ""))) + "@" +
+                   Str(VariantToInt32(record.LoadItem("left", Int32ToVariant(20)))) +
+                   (VariantToBoolean(record.LoadItem("fullscreen", BooleanToVariant(false))) ? " full]" : "]");
+       }});
 }
 
 // The bytes of the hexadecimal block of the format's page that stands behind `heading`.

@@ -4,12 +4,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "framework/text/bytes.h"
-#include "framework/text/numbers.h"
-#include "persistence/my_window_manager.h"
-#include "persistence/preferences.h"
 #include "stored_bytes.h"
-#include "templates/templates_manager.h"
 
 namespace sumlet {
 
@@ -29,21 +24,9 @@ String PageBytes(std::string_view heading) {
 
 namespace {
 
-using Lines = std::vector<String>;
-
-Lines Templates() {
-  Lines lines;
-  for (Int32 i = 0; i <= TemplatesManager::Key.Ubound(); ++i) {
-    lines.push_back(TemplatesManager::Key[i] + ": " + TemplatesManager::EquationText[i]);
-  }
-  return lines;
-}
-
 std::vector<String> LoadTemplates(std::string_view data, Int32 runCount = 1) {
-  const AlertLog alerts;
   Preferences::RunCount = runCount;
-  TemplatesManager::Load(data);
-  return alerts.Texts();
+  return AlertsOf([data] { TemplatesManager::Load(data); });
 }
 
 TEST(Templates, Storing) {
@@ -54,29 +37,29 @@ TEST(Templates, Storing) {
   EXPECT_EQ(TemplatesManager::Store(), "\x01");
 
   const String hard = "# <é>\t50%\n\n\xFF" + String(70000, 'x');
-  TemplatesManager::Key = {"b", "B", "empty", "<", "é\n", "a"};
-  TemplatesManager::EquationText = {"1", hard, "", "3", "4", "5"};
+  TemplatesManager::Key = {"b", "B", "empty", "é\n"};
+  TemplatesManager::EquationText = {"1", hard, "", "4"};
   EXPECT_TRUE(LoadTemplates(TemplatesManager::Store()).empty());
-  EXPECT_EQ(Templates(), (Lines{"b: 1", "B: " + hard, "<: 3", "é\n: 4", "a: 5"}));
+  EXPECT_EQ(Templates(), "[b=1][B=" + hard + "][é\n=4]");
 }
 
 TEST(Templates, Loading) {
   const auto record = [](const char* name, const char* text) { return Bytes({{"equation", text}, {"name", name}}); };
-  const String tagged = "<equation>1</equation><name>n</name>";
+  // clang-format off
   const struct {
     String data;
-    Lines templates;
+    const char* templates;
     std::vector<String> alerts;
   } rows[] = {
-      {Bytes({{"1", record("n", "%31")}, {"0", record("m", "2%")}}), {"m: 2%", "n: 1"}, {}},
-      {Bytes({{"0", record("", "1")}, {"1", Bytes({{"name", "n"}})}}), {}, {}},
-      {Bytes({{"0", record("n", "1")}, {"0", record("m", "2")}}), {"n: 1"}, UnknownFormats({"0"})},
-      {Bytes({{String(30, 'x'), ""}, {"0", tagged}}), {"n: 1"}, UnknownFormats({"0"})},
-      // taken for the text form: the whole list, a record alone, none
-      {Bytes({{"0", record("<n>", "1")}}), {}, {}},
-      {Bytes({{"0", record("<n>", "1234567890")}}), {}, {}},
-      {Bytes({{"0", record("<n>", "1234567890ab")}}), {"<n>: 1234567890ab"}, {}},
+      {Bytes({{"1", record("n", "%31")}, {"0", record("m", "2%")}}), "[m=2%][n=1]", {}},
+      {Bytes({{"0", record("", "1")}, {"1", Bytes({{"name", "n"}})}}), "", {}},
+      {Bytes({{"0", record("n", "1")}, {"0", record("m", "2")}, {"x", ""}}), "[n=1]", UnknownFormats({"0"})},
+      {Bytes({{String(30, 'x'), ""}, {"0", "<equation>1</equation><name>n</name>"}}), "[n=1]", UnknownFormats({"0"})},
+      // taken for the text form: a record alone, none
+      {Bytes({{"0", record("<n>", "1")}}), "", {}}, {Bytes({{"0", record("<n>", "1234567890")}}), "", {}},
+      {Bytes({{"0", record("<n>", "1234567890ab")}}), "[<n>=1234567890ab]", {}},
   };
+  // clang-format on
   for (const auto& row : rows) {
     EXPECT_EQ(LoadTemplates(row.data), row.alerts) << row.data;
     EXPECT_EQ(Templates(), row.templates) << row.data;
@@ -86,16 +69,17 @@ TEST(Templates, Loading) {
 }
 
 TEST(Templates, AddingANameThatExists) {
+  // clang-format off
   const struct {
     const char* name;
     DialogButton answer;
-    Lines templates;
+    const char* templates;
   } rows[] = {
-      {"new", DialogButton::Cancel, {"a: 1", "B: 2", "b: 3", "new: 9"}},  // nothing is asked
-      {"b", DialogButton::Action, {"a: 1", "B: 9", "b: 3"}},
-      {"A", DialogButton::Cancel, {"a: 1", "B: 2", "b: 3"}},
-      {"A", DialogButton::Alternate, {"a: 1", "B: 2", "b: 3", "A: 9"}},
+      {"new", DialogButton::Cancel, "[a=1][B=2][b=3][new=9]"},  // nothing is asked
+      {"b", DialogButton::Action, "[a=1][B=9][b=3]"}, {"A", DialogButton::Cancel, "[a=1][B=2][b=3]"},
+      {"A", DialogButton::Alternate, "[a=1][B=2][b=3][A=9]"},
   };
+  // clang-format on
   for (const auto& row : rows) {
     TemplatesManager::Key = {"a", "B", "b"};
     TemplatesManager::EquationText = {"1", "2", "3"};
@@ -111,103 +95,67 @@ TEST(Templates, AddingANameThatExists) {
   }
   EXPECT_THROW(TemplatesManager::Remove(4), Fault);
   TemplatesManager::Remove(1);
-  EXPECT_EQ(Templates(), (Lines{"a: 1", "b: 3", "A: 9"}));
+  EXPECT_EQ(Templates(), "[a=1][b=3][A=9]");
 }
 
 class FakeWindow final : public MyWindowManager::StoredWindow {
  public:
-  FakeWindow(const char* key, String text) : key_(key), text_(std::move(text)) {}
+  FakeWindow(const char* key, const char* text) : key_(key), text_(text) {}
   virtual ~FakeWindow() = default;
-  void StoreRecord(KeyList& record) const override {
-    ++stored_;
-    record.AddItem(key_, EncodeURLComponent(text_));
-  }
-  [[nodiscard]] int Stored() const { return stored_; }
+  void StoreRecord(KeyList& record) const override { record.AddItem(key_, EncodeURLComponent(text_)); }
 
  private:
-  mutable int stored_ = 0;
   const char* key_;
-  String text_;
+  const char* text_;
 };
 
-// Windows in the order in which they were opened.
-class Session : public testing::Test {
- protected:
-  static void SetUpTestSuite() {
-    using MyWindowManager::Record;
-    MyWindowManager::RegisterRestorer({"template", [](const Record&) {
-                                         opened.emplace_back("chooser");
-                                         MsgBox("of the window's own");
-                                       }});
-    MyWindowManager::RegisterRestorer(
-        {"equation", [](const Record& record) {
-           const String text = DecodeURLComponent(VariantToString(record.LoadItem("equation", "")));
-           opened.push_back(text + "@" + Str(VariantToInt32(record.LoadItem("left", Int32ToVariant(20)))));
-         }});
-  }
+std::vector<String> LoadWindows(std::string_view data) {
+  opened.clear();
+  return AlertsOf([data] { MyWindowManager::Load(data); });
+}
 
-  static std::vector<String> AlertsOfLoad(std::string_view data) {
-    const AlertLog alerts;
-    opened.clear();
-    MyWindowManager::Load(data);
-    return alerts.Texts();
-  }
-
-  Session() { Preferences::RememberEquations = true; }
-
-  static inline Lines opened;
-};
-
-TEST_F(Session, WindowsComeBackFrontLast) {
+TEST(Session, WindowsComeBackFrontLast) {
+  RegisterStores();
+  Preferences::RememberEquations = true;
   const FakeWindow front("equation", "1\n");
   const FakeWindow chooser("template", "True");
-  const FakeWindow back("equation", "");
   MyWindowManager::SetWindowList([&] {
-    return std::vector<const MyWindowManager::StoredWindow*>{&front, nullptr, &chooser, &back};
+    return std::vector<const MyWindowManager::StoredWindow*>{&front, nullptr, &chooser};
   });
   const String stored = MyWindowManager::Store();
-  EXPECT_EQ(stored, Bytes({{"0", Bytes({{"equation", "1%0A"}})},
-                           {"1", Bytes({})},
-                           {"2", Bytes({{"template", "True"}})},
-                           {"3", Bytes({{"equation", ""}})}}));
-  EXPECT_EQ(front.Stored(), 1) << "encoding a long text is most of a save";
-  EXPECT_EQ(AlertsOfLoad(stored).size(), 1u);
-  EXPECT_EQ(opened, (Lines{"@20", "chooser", "1\n@20"}));
+  EXPECT_EQ(stored, Bytes({{"0", Bytes({{"equation", "1%0A"}})}, {"1", "\x01"}, {"2", Bytes({{"template", "True"}})}}));
+  EXPECT_EQ(LoadWindows(stored).size(), 1u);
+  EXPECT_EQ(opened, "[chooser][1\n@20]");
 
   Preferences::RememberEquations = false;
   EXPECT_EQ(MyWindowManager::Store(), "");
-  EXPECT_TRUE(AlertsOfLoad(stored).empty());
-  EXPECT_TRUE(AlertsOfLoad("").empty());
-  EXPECT_TRUE(opened.empty());
+  EXPECT_TRUE(LoadWindows(stored).empty() && LoadWindows("").empty() && opened.empty());
 }
 
-TEST_F(Session, DamagedRecords) {
+TEST(Session, DamagedRecords) {
+  RegisterStores();
+  Preferences::RememberEquations = true;
+  // clang-format off
   const struct {
     String record;
-    Lines opened;
+    const char* opened;
     std::vector<String> alerts;
   } rows[] = {
-      {Bytes({{"left", "7"}, {"equation", "1%"}}), {"1%@7"}, {}},
-      {Bytes({{"left", "7"}, {"text", "1"}}), {}, {}},
-      {Bytes({{"equation", "1"}, {"template", ""}}), {"chooser"}, {"of the window's own"}},
-      {Bytes({{"left", "x"}, {"equation", "12345"}}).substr(0, 20), {"@0"}, {}},  // the text is cut off
-      {Bytes({{"equation", "1"}, {"left", "-70000"}}).substr(0, 20), {"1@20"}, {}},
-      {"", {}, UnknownFormats({"0"})},
-      {"\x05k", {}, UnknownFormats({"5"})},
+      {Bytes({{"left", "7"}, {"equation", "1%"}}), "[1%@7]", {}}, {Bytes({{"left", "7"}, {"text", "1"}}), "", {}},
+      {Bytes({{"equation", "1"}, {"template", ""}}), "[chooser]", {"chooser"}},
+      {Bytes({{"left", "x"}, {"equation", "12345"}}).substr(0, 20), "[@0]", {}},  // the text is cut off
+      {Bytes({{"equation", "1"}, {"left", "-70000"}}).substr(0, 20), "[1@20]", {}}, {"", "", UnknownFormats({"0"})},
+      {"\x05k", "", UnknownFormats({"5"})},
   };
+  // clang-format on
   for (const auto& row : rows) {
-    const String sound = Bytes({{"equation", "2"}});
-    EXPECT_EQ(AlertsOfLoad(Bytes({{"0", sound}, {"1", row.record}})), row.alerts) << row.record;
-    Lines expected = row.opened;
-    expected.emplace_back("2@20");
-    EXPECT_EQ(opened, expected) << row.record;
+    EXPECT_EQ(LoadWindows(Bytes({{"0", Bytes({{"equation", "2"}})}, {"1", row.record}})), row.alerts) << row.record;
+    EXPECT_EQ(opened, String(row.opened) + "[2@20]") << row.record;
   }
   // What is wrong with many records is told once, what a window has to tell each time.
   const String chooser = Bytes({{"template", ""}});
-  EXPECT_EQ(AlertsOfLoad(Bytes({{"0", ""}, {"1", chooser}, {"2", ""}, {"3", chooser}})).size(), 3u);
-  EXPECT_EQ(AlertsOfLoad(""), UnknownFormats({"0"}));
-  EXPECT_TRUE(AlertsOfLoad(Bytes({{"0", Bytes({{"name", "<a></a>"}})}})).empty());
-  EXPECT_TRUE(opened.empty());
+  EXPECT_EQ(LoadWindows(Bytes({{"0", ""}, {"1", chooser}, {"2", ""}, {"3", chooser}})).size(), 3u);
+  EXPECT_EQ(LoadWindows(""), UnknownFormats({"0"}));
 }
 
 }  // namespace

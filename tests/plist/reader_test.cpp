@@ -12,13 +12,8 @@ void Read(plistDict& node, std::string_view lines, bool asArray = false) {
   node.Load(&stream, "root", asArray, nullptr, nullptr, true);
 }
 
-struct Row {
-  const char* lines;
-  const char* tree;
-};
-
 TEST(PropertyListReader, Layouts) {
-  const Row rows[] = {
+  const std::pair<const char*, const char*> rows[] = {
       // values
       {"<key>a</key>\n<string>x &lt;y&GT; &amp;</string>\n</dict>", "a:string=x <y> &amp;"},
       {"\t<KEY>a</KEY>\r\n\t<Integer>-1</INTEGER>\r\n\t<key>A</key>\r<TRUE/>\r</Dict>\r<key>b</key>", "a:boolean=true"},
@@ -27,7 +22,6 @@ TEST(PropertyListReader, Layouts) {
       {"<key>a</key>\n<string>1</string> 2\n<key>b</key> \n<true/>", "a:string=1, b</key> :boolean=true"},
       // several lines: joined by CR, with one behind the last, but for data
       {"<key>a</key>\n\t<string>1\n\t\t  2\n\n3</string>\n</dict>", "a:string=1\r  2\r3\r"},
-      {"<key>a</key>\n<string>1\n2&lt;\n</string>\n</dict>", "a:string=1\r2<\r"},
       {"<key>a</key>\n<string>1>2\n3</string>\n</dict>", "a:string=3\r"},
       {"<key>a</key>\n<data>\n\tAAEC\n\tAwQ=\n\t</data>\n</dict>", "a:data=AAECAwQ="},
       {"<key>a</key>\n<string>1\n<key>b</key>\n2</string>\n</dict>", "a:string, b:=1\r2\r"},
@@ -44,29 +38,25 @@ TEST(PropertyListReader, Layouts) {
        "a:dict{:boolean=false}, b:boolean=true, d:boolean=true"},
       {"<key>a</key>\n<dict></dict>\n<key>b</key>\n<true/>\n</dict>\n<key>c</key>\n<true/>\n</dict>",
        "a:dict{b:boolean=true}, c:boolean=true"},
-      {"<key>a</key>\n<dict>\n<key>b</key>\n<string>1</string></dict>\n<key>c</key>\n<true/>\n</dict>",
-       "a:dict{b:string=1, c:boolean=true}"},
       {"<key>a</key>\n<dict>\n<true/>\n</dict><key>b</key>\n<true/>\n</dict>\n<key>c</key>\n<true/>",
        "a:dict{:boolean=true, b:boolean=true}, c:boolean=true"},
       // array keys count lines
       {"<key>a</key>\n<array>\n<true/>\n\n<true/><false/>\n<string>1\n2</string>\n<dict/>\n</array>\n</dict>",
        "a:array[0:boolean=true, 2:boolean=false, 3:string=1\r2\r, 4:dict{}]"},
-      {"<key>a</key>\n<array></array>\n<true/>\n</array>\n</dict>", "a:array[0:boolean=true]"},
       // out of place
       {"<key>a</key>\n<true/>\n<!-- note -->\n<key>b</key>\n<true/>\n</dict>", "a:!-- note --=true"},
       {"  <key>a</key>\n  <true/>\n</dict>", ":  <key"},
-      {"<key>a\n</key>\n<true/>\n</dict>", "a:boolean=true"},
       {"<key>a</key>\n<dict>\n</dict>\n</key>\n<key>b</key>\n<true/>\n</dict>\n<key>c</key>\n<true/>\n</dict>",
        "a:dict{}{b:boolean=true}=, c:boolean=true"},
+      {"<key>a</key>\n<string>1\n<dict/>\n2</string>\n</dict>", "a:string"},
       {"<key>a</key>\n<string></dict>\n<key>b</key>\n<true/>", "a:string"},
       {"no tag\n>\n\n<key>a</key>\n<true/>", ":"},
-      {"", ""},
       {"<dict/>\n<true/>", ":boolean{}=true"},
   };
-  for (const Row& row : rows) {
+  for (const auto& [lines, tree] : rows) {
     plistDict node;
-    Read(node, row.lines);
-    EXPECT_EQ(TreeText(node), row.tree) << row.lines;
+    Read(node, lines);
+    EXPECT_EQ(TreeText(node), tree) << lines;
   }
 }
 
@@ -92,17 +82,12 @@ TEST(PropertyListReader, HostileTexts) {
   const int many = 100000;
   const String texts[] = {
       repeat("<key>a</key>\n<dict>\n", many),
-      repeat("<key>a</key><array>", many),
       repeat("<dict>\n", many) + repeat("</dict>\n", many),
       repeat("<array>\n<dict/><dict/>", many),
-      repeat("<dict/>", many),
-      "<" + repeat("</", 5 * many) + ">\n" + repeat("</", 5 * many),
       "<" + repeat("</s", 3 * many) + ">\n" + repeat("</S", 3 * many),
-      "<key>" + repeat("k", 10 * many) + "</key>\n<string>" + repeat("&lt;", many),
       "<string>" + repeat("x\n", 5 * many),
       "<" + repeat("k", many) + ">\n" + repeat("x\n", many),
       "<key>" + repeat("k", many) + "</key>\n" + repeat("<dict/>\n<true/>\n", many),
-      repeat(String("\0\x01\t", 3), many) + "<key>a</key>",
   };
   for (const String& text : texts) {
     plistDict node;
