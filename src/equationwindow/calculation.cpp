@@ -22,7 +22,6 @@ void winSumlet::textInput_TextChange(TextArea& /*sender*/) {
 
 void winSumlet::tmrCalculate_Action(Timer& /*sender*/) { Calculate(); }
 
-<<<<<<< HEAD
 void winSumlet::SetEquation(std::string_view name, std::string_view text) {
   Loading = true;
   FromTemplate = name;
@@ -31,10 +30,8 @@ void winSumlet::SetEquation(std::string_view name, std::string_view text) {
   Calculate();
 }
 
-=======
 // The focus stays in the equation, so a screen reader would not look at the strip: the result is also the description
 // of the equation, whose change it tells. A result that comes out the same again is no change.
->>>>>>> wt-a11y
 void winSumlet::Calculate() {
   math->equationText = textInput().Text();
   const String result = ShownResult(*math, math->Evaluate());
