@@ -81,17 +81,13 @@ TEST_F(SingleInstance, BearsEveryPeer) {
 }
 
 TEST(SingleInstanceName, IsThatOfTheSettingsFolder) {
-  const QByteArray before = qgetenv("XDG_DATA_HOME");
-  const auto nameIn = [](const char* folder) {
-    qputenv("XDG_DATA_HOME", folder);
+  const auto nameIn = [](const String& folder) {
+    qputenv("XDG_DATA_HOME", folder.c_str());
     return SingleInstanceName();
   };
-  const String name = nameIn("/tmp/none/data");
   for (const char* same : {"/tmp/none/data/", "/tmp/none/../none//data", "/tmp/./none/data"})
-    EXPECT_EQ(nameIn(same), name);
-  EXPECT_NE(nameIn("/tmp/none/data2"), name);
-  EXPECT_LT(nameIn(std::string(4000, '/').append("x").c_str()).size(), 100);
-  qputenv("XDG_DATA_HOME", before);
+    EXPECT_EQ(nameIn(same), nameIn("/tmp/none/data"));
+  EXPECT_LT(nameIn(String(4000, '/') + "x").size(), 100);
 }
 
 }  // namespace
