@@ -63,8 +63,10 @@ TEST_F(ApplicationLife, SavesFiveMinutesAfterTheLastKey) {
   QTest::keyClick(&b->textInput(), Qt::Key_2);
   clock.Advance(299999);
   EXPECT_EQ(record, "");
-  clock.Advance(600000);
-  EXPECT_EQ(record, "save with 2;");
+  for (const Int32 milliseconds : {1, 600000}) {
+    clock.Advance(milliseconds);
+    EXPECT_EQ(record, "save with 2;");
+  }
 }
 
 // The desktop says "quit" by an event of the toolkit; without the program's own way, that would close windows first.

@@ -101,8 +101,10 @@ TEST_F(Menus, EditItemsActOnTheTextWithTheFocus) {
   MenuBar1().Choose("EditCut");
   window.Show();
   window.textOutput().setFocus();
+  window.textOutput().selectAll();
   QCoreApplication::processEvents();
   MenuBar1().Choose("EditClear");
+  EXPECT_EQ(window.textOutput().Text(), "2");
   EXPECT_EQ(window.textInput().Text(), "7x=2");
 }
 

@@ -75,6 +75,8 @@ TEST_F(SingleInstance, BearsEveryPeer) {
     peers.push_back(Connect(bytes));
   for (int i = 0; i < 40; ++i) peers.push_back(Connect("start"));  // and then nothing more
   EXPECT_EQ(StartAgain(), Start::HandedOver);
+  char byte = 0;
+  EXPECT_EQ(recv(peers.front().Number(), &byte, 1, MSG_DONTWAIT), 0) << "who says nothing makes room for others";
   for (Descriptor& peer : peers) peer.Close();
   EXPECT_EQ(StartAgain(), Start::HandedOver);
   EXPECT_EQ(reopened, 2);

@@ -82,9 +82,11 @@ TEST_F(NamePrompt, GoesWithItsWindowAndItsDialog) {
   EXPECT_EQ(log, "Canceled old;");
   EXPECT_EQ(WindowCount(), 0);
   auto& other = *new Owner;
+  other.dialog->Canceled = [this](NameProviderDialog&) { log += "from the grave"; };
   other.dialog->ShowWithin(other);
   other.dialog.reset();
   EXPECT_EQ(WindowCount(), 1);
+  EXPECT_EQ(log, "Canceled old;");
 }
 
 // The program is ended while the handler asks a question: window, dialog and sheet are gone when it comes back.
