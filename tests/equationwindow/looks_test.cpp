@@ -1,14 +1,9 @@
-#include <gtest/gtest.h>
-
 #include <QScrollBar>
-#include <QTest>
 #include <QTextBlock>
 #include <QTextLayout>
 
-#include "equationwindow/area_layout.h"
+#include "equationwindow/equation_fixture.h"
 #include "equationwindow/line_roles.h"
-#include "equationwindow/win_sumlet.h"
-#include "framework/ui/manual_clock.h"
 
 namespace sumlet {
 namespace {
@@ -22,8 +17,7 @@ TEST(LineRoles, ByTheFirstCharacters) {
       {"", {}, ""},
       {"x=1\n// note\n  # note", {}, "oco"},
       {"'a\n#b\n/c\n//\n\n", {}, "ccoco"},
-      {"1\nfoo\n3", 1, "oeo"},
-      {"1\n# foo", 1, "oc"},  // a comment stays one
+      {"1\n# foo", 1, "oc"},
       {"1\nfoo\n", 7, "oo"},
       {"a\r\nb\rc", 2, "ooeo"},  // a CR LF is two line ends
   };
@@ -34,38 +28,8 @@ TEST(LineRoles, ByTheFirstCharacters) {
   }
 }
 
-TEST(AreaLayout, TheResultTakesWhatItNeeds) {
-  const struct {
-    Int32 windowHeight, lineHeight, lines;
-    Int32 inputHeight, outputTop, outputHeight;
-    bool scrolls;
-  } rows[] = {
-      {234, 16, 1, 215, 216, 19, false},  {234, 16, 0, 215, 216, 19, false}, {234, 16, 2, 199, 200, 35, true},
-      {900, 16, 3, 849, 850, 51, true},   {64, 16, 9, 16, 17, 47, true},     {234, 115, 1, 115, 116, 118, false},
-      {64, 115, 1, 115, 116, -52, false}, {234, 19, 1, 212, 213, 22, false},
-  };
-  for (const auto& row : rows) {
-    const AreaLayout layout = LayOutAreas(row.windowHeight, row.lineHeight, row.lines);
-    EXPECT_EQ(layout.inputTop, -1);
-    EXPECT_EQ(layout.inputHeight, row.inputHeight) << row.windowHeight << " " << row.lineHeight << " " << row.lines;
-    EXPECT_EQ(layout.outputTop, row.outputTop) << row.windowHeight << " " << row.lineHeight << " " << row.lines;
-    EXPECT_EQ(layout.outputHeight, row.outputHeight) << row.windowHeight << " " << row.lineHeight << " " << row.lines;
-    EXPECT_EQ(layout.outputScrolls, row.scrolls) << row.lines;
-  }
-}
-
-class Looks : public testing::Test {
+class Looks : public EquationFixture {
  protected:
-  ~Looks() override {
-    window->Close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
-  void Fill(std::string_view text) {
-    window->Loading = true;
-    window->textInput().SetText(text);
-    window->Loading = false;
-    window->Calculate();
-  }
   // For each line its coloured beginning and the colour.
   [[nodiscard]] String Colors() const {
     String text;
@@ -78,62 +42,56 @@ class Looks : public testing::Test {
     }
     return text;
   }
-  void Type(const char* keys) { QTest::keyClicks(&window->textInput(), keys); }
-  void CaretTo(int position) {
+  void TypeAt(int position, const char* keys) {
     QTextCursor caret = window->textInput().textCursor();
     caret.setPosition(position);
     window->textInput().setTextCursor(caret);
+    QTest::keyClicks(&window->textInput(), keys);
   }
-
-  ManualClock clock;
-  winSumlet* window = new winSumlet;
 };
 
 TEST_F(Looks, ColorsFollowTheCalculationAndTheTyping) {
   Fill("# 𝜋\nfoo\n# b");
   EXPECT_EQ(Colors(), "grey 0+4;red 0+3;grey 0+3;");
-  CaretTo(6);
-  Type("xy");
+  TypeAt(6, "xy");
   EXPECT_EQ(Colors(), "grey 0+4;red 0+5;grey 0+3;") << "typed into a line";
   QTest::keyClick(&window->textInput(), Qt::Key_Return);
   EXPECT_EQ(Colors(), "grey 0+4;red 0+3;red 0+2;grey 0+3;") << "broken in two";
-  QTest::keyClick(&window->textInput(), Qt::Key_Backspace);
-  QTest::keyClick(&window->textInput(), Qt::Key_Backspace);
-  CaretTo(13);
-  Type("z");
+  for (int i = 0; i < 2; ++i) QTest::keyClick(&window->textInput(), Qt::Key_Backspace);
+  TypeAt(13, "z");
   EXPECT_EQ(window->textInput().Text(), "# 𝜋\nfxoo\n# bz");
   EXPECT_TRUE(Colors().ends_with("grey 0+3;")) << "at the very end";
   clock.Advance(250);
   EXPECT_EQ(Colors(), "grey 0+4;red 0+4;grey 0+4;");
+  EXPECT_EQ(window->tmrCalculate().Mode(), TimerMode::Off) << "colouring is no change";
+  EXPECT_EQ(window->textInput().textCursor().position(), 14);
+  window->textInput().undo();
+  EXPECT_EQ(window->textInput().Text(), "# 𝜋\nfxoo\n# b");
   Fill("1\n2");
   EXPECT_EQ(Colors(), ";;");
 }
 
-TEST_F(Looks, ColoringIsNoChange) {
-  Fill("# a\nfoo");
-  CaretTo(2);
-  Type("b");
-  clock.Advance(250);
-  EXPECT_EQ(window->tmrCalculate().Mode(), TimerMode::Off);
-  EXPECT_EQ(window->textInput().textCursor().position(), 3);
-  window->textInput().undo();
-  EXPECT_EQ(window->textInput().Text(), "# a\nfoo");
-}
-
 TEST_F(Looks, AOneLineResultIsNeitherCutNorScrolled) {
   Fill("x=2\nx*21");
+  TextArea& output = window->textOutput();
   for (const Int32 size : {11, 13, 24, 96}) {
     for (const Int32 height : {64, 234, 900}) {
       window->SetHeight(height);
       window->ApplyTextSize(size);
       QCoreApplication::processEvents();
-      TextArea& output = window->textOutput();
       const int line = output.fontMetrics().height();
       EXPECT_GE(window->textInput().height(), line) << size << " " << height;
       if (2 * line + 10 > height) continue;  // no room for a line of each
       EXPECT_EQ(output.verticalScrollBar()->maximum(), 0) << size << " " << height;
       EXPECT_GE(output.viewport()->height(), line) << size << " " << height;
     }
+  }
+  window->ApplyTextSize(13);
+  for (const bool isLong : {true, false}) {
+    Fill(isLong ? "foo" + String(300, 'x') : "1");
+    EXPECT_EQ(output.LineNumAtCharPos(Len(Result())) > 5, isLong);
+    EXPECT_EQ(output.verticalScrollBarPolicy() == Qt::ScrollBarAsNeeded, isLong);
+    EXPECT_EQ(output.height() > 100, isLong);
   }
 }
 
@@ -142,7 +100,7 @@ TEST_F(Looks, TextLargerThanItsAreaStaysInSight) {
   window->SetHeight(64);
   window->ApplyTextSize(96);
   Fill("(6");
-  Type("7");
+  TypeAt(2, "7");
   QCoreApplication::processEvents();
   EXPECT_TRUE(window->textInput().rect().intersects(window->textInput().cursorRect()));
   EXPECT_EQ(window->textInput().verticalScrollBar()->maximum(), 0);
@@ -150,16 +108,6 @@ TEST_F(Looks, TextLargerThanItsAreaStaysInSight) {
   Fill("(6*7");
   QCoreApplication::processEvents();
   EXPECT_EQ(window->textOutput().verticalScrollBar()->value(), 0);
-}
-
-TEST_F(Looks, ALongResultGrowsAndScrolls) {
-  Fill("foo" + String(300, 'x'));
-  EXPECT_GT(window->textOutput().LineNumAtCharPos(Len(window->textOutput().Text())), 5);
-  EXPECT_EQ(window->textOutput().verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
-  EXPECT_GT(window->textOutput().height(), 100);
-  Fill("1");
-  EXPECT_EQ(window->textOutput().LineNumAtCharPos(1), 1);
-  EXPECT_EQ(window->textOutput().verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
 }
 
 }  // namespace

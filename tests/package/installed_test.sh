@@ -1,10 +1,8 @@
 #!/usr/bin/env bash
 # Installs the package into a tree of its own, works both programs from there, and removes it again:
 # installed_test.sh FOLDER, the one of the package. Status 77 where a tool that this needs is missing.
-set -euo pipefail
-
-source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/virtual_display.sh"
-skip_without dpkg dpkg-shlibdeps file fakeroot appstreamcli identify Xvfb openbox xdotool xclip xprop
+source "$(dirname "${BASH_SOURCE[0]}")/../system/desktop.sh"
+skip_without dpkg dpkg-shlibdeps file fakeroot appstreamcli identify
 
 package=$(echo "$1"/*.deb)
 tree=$virtualFolder/tree
@@ -53,17 +51,14 @@ for file in "$icons/scalable/apps/$icon.svg" "$icons/symbolic/apps/$icon-symboli
 done
 
 # The desktop's way to the program, and from its window back to the entry.
-start_display 1024x768
 start_window "$bin/$(entry_value Exec)"
 open_equation
 type_keys 6*7
 press Tab
-result_reads() { press ctrl+a ctrl+c && [[ $(get_clipboard) == "$1" ]]; }
-wait_for 15 result_reads 42 || give_up "the window does not calculate"
+expect_text 42
 class=$(entry_value StartupWMClass)
 expect "class of the window" "WM_CLASS(STRING) = \"$class\", \"$class\"" "$(xprop -id "$window" WM_CLASS)"
-kill -s TERM "$program"
-wait "$program" || give_up "the program does not end well"
+quit TERM
 
 manage_package --purge sumlet
 left=$(find "$tree" -mindepth 1 -not -path "$tree/var*" -o -path '*/info/*' -not -name format)

@@ -1,81 +1,19 @@
 #include "shell/review.h"
 
-#include <gtest/gtest.h>
-
 #include <QDesktopServices>
-#include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QUrl>
 
-#include "framework/message.h"
 #include "framework/show_url.h"
 #include "framework/ui/browser.h"
-#include "framework/ui/manual_clock.h"
+#include "framework/ui/window_fixture.h"
 #include "persistence/preferences.h"
+#include "shell/app.h"
+#include "shell/menus.h"
 #include "shell/web_addresses.h"
 
 namespace sumlet {
 namespace {
-
-class Review : public testing::Test {
- protected:
-  Review() {
-    qputenv("XDG_DATA_HOME", home.path().toUtf8());
-    SetDialogHandler([this](const MessageDialog&) {
-      ++asked;
-      savedFirst = Preferences::GetPrefFile(false) && Preferences::GetPrefFile(false)->Exists();
-      return answer;
-    });
-  }
-  ~Review() override {
-    SetDialogHandler({});
-    Preferences::RunCount = 0;
-    Preferences::ShownReviewDialog = false;
-  }
-  void Start() {
-    timer.SetPeriod(100);
-    timer.SetMode(TimerMode::Single);
-    clock.Advance(100);
-  }
-
-  QTemporaryDir home;
-  ManualClock clock;
-  int asked = 0;
-  DialogButton answer = DialogButton::Cancel;
-  bool savedFirst = false;
-  int shared = 0;
-  ReviewTimer timer{[this] { ++shared; }};
-};
-
-TEST_F(Review, AsksOnceAtTheFifthStart) {
-  const struct {
-    Int32 runCount;
-    bool shown;
-    bool asks;
-  } rows[] = {{0, false, false}, {3, false, false},  {4, false, true},
-              {4, true, false},  {100, false, true}, {-1, false, false}};
-  for (const auto& row : rows) {
-    asked = 0;
-    Preferences::RunCount = row.runCount;
-    Preferences::ShownReviewDialog = row.shown;
-    Start();
-    Start();
-    EXPECT_EQ(asked, row.asks ? 1 : 0) << row.runCount << row.shown;
-    EXPECT_EQ(Preferences::ShownReviewDialog, row.shown || row.asks);
-  }
-  EXPECT_EQ(shared, 0);
-}
-
-TEST_F(Review, SavesFirstAndSharesOnTheAction) {
-  Preferences::RunCount = 4;
-  answer = DialogButton::Action;
-  Start();
-  EXPECT_TRUE(savedFirst);
-  EXPECT_EQ(shared, 1);
-  Preferences::Load();
-  EXPECT_TRUE(Preferences::ShownReviewDialog) << "in the file";
-  EXPECT_EQ(Preferences::RunCount, 5);
-}
 
 // Takes the addresses in place of the desktop, which calls a slot by its name; this one is setSource.
 class Desktop final : public QTextBrowser {
@@ -96,23 +34,49 @@ class Desktop final : public QTextBrowser {
   }
 };
 
-TEST(WebAddresses, ReachTheDesktopEncoded) {
+class Review : public WindowFixture {
+ protected:
   Desktop desktop;
-  const struct {
-    String address;
-    const char* opened;
-  } rows[] = {
-      {WebAddresses::Website(), "https://www.sumlet.example/sumlet.html"},
-      {WebAddresses::Feedback(), "https://www.sumlet.example/contact.html?s=Sumlet"},
-      {WebAddresses::Share(), "https://share.sumlet.example/sharer.php?u=https%3A%2F%2Fwww.sumlet.example%2Fsumlet%2F"},
-      {WebAddresses::Store(), "macappstore://store.sumlet.example/us/app/sumlet/id0?ls=1&mt=12"},
-      {"https://www.sumlet.example/50%", ""},
-  };
-  for (const auto& row : rows) {
-    desktop.opened.clear();
-    ShowURL(row.address);
-    EXPECT_EQ(desktop.opened, row.opened) << row.address;
+};
+
+TEST_F(Review, AsksOnceAtTheFifthStart) {
+  int asked = 0, shared = 0;
+  bool savedFirst = false;
+  DialogButton answer = DialogButton::Cancel;
+  SetDialogHandler([&](const MessageDialog&) {
+    ++asked;
+    savedFirst = Preferences::GetPrefFile(false) && Preferences::GetPrefFile(false)->Exists();
+    return answer;
+  });
+  ReviewTimer timer([&shared] { ++shared; });
+  // runs before, whether it has been shown, how often it asks
+  const std::tuple<Int32, bool, int> rows[] = {
+      {-1, false, 0}, {3, false, 0}, {4, true, 0}, {100, false, 1}, {4, false, 1}};
+  for (const auto& [runCount, shown, asks] : rows) {
+    asked = shared = 0;
+    Preferences::RunCount = runCount;
+    Preferences::ShownReviewDialog = shown;
+    answer = runCount == 100 ? DialogButton::Cancel : DialogButton::Action;
+    for (int i = 0; i < 2; ++i) timer.Expire();
+    EXPECT_EQ(asked, asks) << runCount << shown;
+    EXPECT_EQ(shared, runCount == 100 ? 0 : asks);
   }
+  EXPECT_TRUE(savedFirst);
+  Preferences::Load();
+  EXPECT_TRUE(Preferences::ShownReviewDialog) << "in the file";
+  EXPECT_EQ(Preferences::RunCount, 5);
+}
+
+TEST_F(Review, WebAddressesReachTheDesktopEncoded) {
+  App app;
+  app.AppendMenuItems();
+  MenuBar1().Choose("Share");
+  EXPECT_EQ(desktop.opened, "https://share.sumlet.example/sharer.php?u=https%3A%2F%2Fwww.sumlet.example%2Fsumlet%2F");
+  ShowURL(WebAddresses::Store());
+  EXPECT_EQ(desktop.opened, "macappstore://store.sumlet.example/us/app/sumlet/id0?ls=1&mt=12");
+  desktop.opened.clear();
+  ShowURL("https://www.sumlet.example/50%");
+  EXPECT_EQ(desktop.opened, "") << "no address";
 }
 
 }  // namespace

@@ -75,23 +75,21 @@ TEST_F(SingleInstance, BearsEveryPeer) {
     peers.push_back(Connect(bytes));
   for (int i = 0; i < 40; ++i) peers.push_back(Connect("start"));  // and then nothing more
   EXPECT_EQ(StartAgain(), Start::HandedOver);
+  char byte = 0;
+  EXPECT_EQ(recv(peers.front().Number(), &byte, 1, MSG_DONTWAIT), 0) << "who says nothing makes room for others";
   for (Descriptor& peer : peers) peer.Close();
   EXPECT_EQ(StartAgain(), Start::HandedOver);
   EXPECT_EQ(reopened, 2);
 }
 
 TEST(SingleInstanceName, IsThatOfTheSettingsFolder) {
-  const QByteArray before = qgetenv("XDG_DATA_HOME");
-  const auto nameIn = [](const char* folder) {
-    qputenv("XDG_DATA_HOME", folder);
+  const auto nameIn = [](const String& folder) {
+    qputenv("XDG_DATA_HOME", folder.c_str());
     return SingleInstanceName();
   };
-  const String name = nameIn("/tmp/none/data");
   for (const char* same : {"/tmp/none/data/", "/tmp/none/../none//data", "/tmp/./none/data"})
-    EXPECT_EQ(nameIn(same), name);
-  EXPECT_NE(nameIn("/tmp/none/data2"), name);
-  EXPECT_LT(nameIn(std::string(4000, '/').append("x").c_str()).size(), 100);
-  qputenv("XDG_DATA_HOME", before);
+    EXPECT_EQ(nameIn(same), nameIn("/tmp/none/data"));
+  EXPECT_LT(nameIn(String(4000, '/') + "x").size(), 100);
 }
 
 }  // namespace

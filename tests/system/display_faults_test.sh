@@ -1,26 +1,16 @@
 #!/usr/bin/env bash
 # Takes away from the finished program what a desktop gives it, one after the other: the session bus, the right time,
 # the window manager, the display: display_faults_test.sh PROGRAM. Status 77 where a tool that this needs is missing.
-set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/desktop.sh"
+skip_without faketime
 
-folder=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-source "$folder/../../scripts/virtual_display.sh"
-skip_without Xvfb openbox xdotool xclip xprop faketime python3
-
-settings="$virtualFolder/home/.local/share/Application Support/com.fernhill.sumlet/preferences"
-stored_windows() { python3 -B "$folder/settings_file.py" show "$settings"; }
-
-area_reads() {
-  press ctrl+a ctrl+c
-  [[ $(get_clipboard && echo .) == "$1." ]]
-}
 # calculates TEXT RESULT [COMMAND...]: typed in place of what is there; the command runs before the result can be there
 calculates() {
   press ctrl+a
   type_keys "$1"
   "${@:3}"
   press Tab
-  wait_for 30 area_reads "$2" || give_up "expected '$2' for $1, but the area reads '$(get_clipboard)'"
+  expect_text "$2"
   press shift+Tab
 }
 
@@ -35,7 +25,6 @@ programEnvironment+=(LD_PRELOAD="$preload" FAKETIME_TIMESTAMP_FILE="$virtualFold
   FAKETIME_DONT_FAKE_MONOTONIC=1 ASAN_OPTIONS=verify_asan_link_order=0
   DBUS_SESSION_BUS_ADDRESS=unix:path="$virtualFolder/none")
 
-start_display 1024x768
 displayServer=${virtualProcesses[0]}
 windowManager=${virtualProcesses[1]}
 start_window "$1"
@@ -64,7 +53,8 @@ kill -s KILL "$displayServer"
 status=0
 wait "$program" || status=$?
 ((status == 1)) || give_up "the program ended with status $status"
-[[ $(stored_windows | cut -d ' ' -f 5) == $'5*7\n5*6' ]] || give_up "stored is '$(stored_windows)'"
+stored=$(settings_file show "$settings" | cut -d ' ' -f 5)
+[[ $stored == $'5*7\n5*6' ]] || give_up "stored is '$stored'"
 
 # A start without a display says so and leaves no core dump behind.
 status=0

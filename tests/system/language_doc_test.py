@@ -34,26 +34,22 @@ def document_examples(text):
 
 
 class Documents(unittest.TestCase):
-    def check(self, place, equation, result):
-        run = subprocess.run([PROGRAM], input=equation.encode(), stdout=subprocess.PIPE, timeout=60, check=False)
-        with self.subTest(place=place, equation=equation):
-            self.assertEqual(run.stdout.decode().strip(), result)
-
-    def test_examples_in_documents(self):
+    def test_examples(self):
+        examples = []
         for name, least in [("README.md", 2), ("docs/language.md", 100)]:
-            examples = list(document_examples((ROOT / name).read_text(encoding="utf-8")))
-            self.assertGreaterEqual(len(examples), least, name)
-            for number, equation, result in examples:
-                self.check(f"{name}:{number}", equation, result)
-
-    def test_example_equations(self):
+            found = list(document_examples((ROOT / name).read_text(encoding="utf-8")))
+            self.assertGreaterEqual(len(found), least, name)
+            examples += [(f"{name}:{number}", equation, result) for number, equation, result in found]
         paths = sorted((ROOT / "examples").glob("*.txt"))
         self.assertGreaterEqual(len(paths), 4)
         for path in paths:
             text = path.read_text(encoding="utf-8")
-            results = re.findall(r"^# Result: (.*)$", text, re.MULTILINE)
-            self.assertEqual(len(results), 1, path.name)
-            self.check(path.name, text, results[0])
+            (result,) = re.findall(r"^# Result: (.*)$", text, re.MULTILINE)
+            examples.append((path.name, text, result))
+        for place, equation, result in examples:
+            run = subprocess.run([PROGRAM], input=equation.encode(), stdout=subprocess.PIPE, timeout=60, check=False)
+            with self.subTest(place=place, equation=equation):
+                self.assertEqual(run.stdout.decode().strip(), result)
 
 
 if __name__ == "__main__":

@@ -1,38 +1,9 @@
 #!/usr/bin/env bash
 # Works in two windows of the finished program, quits it, starts it again and finds everything as it was; then starts it
 # once more beside itself: session_test.sh PROGRAM. Status 77 where a tool that this needs is missing.
-set -euo pipefail
-
-folder=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-source "$folder/../../scripts/virtual_display.sh"
-skip_without Xvfb openbox xdotool xclip xprop python3
-
-settings="$virtualFolder/home/.local/share/Application Support/com.fernhill.sumlet/preferences"
-settings_file() { python3 -B "$folder/settings_file.py" "$@"; }
-
-# expect_windows LINE...: the windows of the settings file, front to back
-expect_windows() {
-  local stored
-  stored=$(settings_file show "$settings") || give_up "the settings file cannot be read"
-  [[ $stored == "$(printf '%s\n' "$@")" ]] || give_up "expected the windows '$*', but stored is '$stored'"
-}
-
-# quit SIGNAL: the program ends with status 0
-quit() {
-  local status=0
-  kill -s "$1" "$program"
-  wait "$program" || status=$?
-  ((status == 0)) || give_up "the program ended with status $status on $1"
-}
+source "$(dirname "${BASH_SOURCE[0]}")/desktop.sh"
 
 start_again() { env "${programEnvironment[@]}" "$1" || give_up "the second start ended with status $?"; }
-
-# The window whose text the keys would go to has TEXT for its text.
-window_reads() {
-  press ctrl+a ctrl+c
-  [[ $(get_clipboard && echo .) == "$1." ]]
-}
-expect_text() { wait_for 15 window_reads "$1" || give_up "expected '$1', but the window reads '$(get_clipboard)'"; }
 
 is_active() { [[ $(xdotool getactivewindow) == "$1" ]]; }
 expect_active() { wait_for 15 is_active "$1" || give_up "expected window $1, but the active one is $(xdotool getactivewindow)"; }
@@ -47,9 +18,7 @@ two_windows() { (($(windows | wc -l) == 2)); }
 one_window() { (($(windows | wc -l) == 1)); }
 no_window() { ! windows; }
 has_moved() { xdotool getwindowgeometry "$back" | grep -q 'Position: 50[0-9],3[5-9]'; }
-chooser_is_active() { xdotool getactivewindow getwindowname | grep -qx 'Template Chooser'; }
 
-start_display 1024x768
 settings_file write "$settings" '100 80 365 234 front' '420 300 300 200 back'
 
 # Restored, the front window in front. Text typed into both, one of them moved, and the order changed.
@@ -92,7 +61,7 @@ press alt+F4
 wait_for 15 no_window || give_up "the last window does not close"
 kill -0 "$program" || give_up "the program has ended with its last window"
 start_again "$1"
-wait_for 15 chooser_is_active || give_up "the chooser does not come up"
+expect_title 'Template Chooser'
 quit HUP
 expect_windows chooser
 

@@ -1,14 +1,10 @@
 // Works the whole program at random by a clock that the test moves, and looks whether its memory stays as it is.
 //
 // SUMLET_SOAK_SECONDS is how much time passes, of the moved clock (300); SUMLET_SOAK_SEED begins another series.
-#include <gtest/gtest.h>
 #include <malloc.h>
 
-#include <QApplication>
 #include <QClipboard>
 #include <QPixmapCache>
-#include <QTemporaryDir>
-#include <QTest>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
@@ -16,9 +12,8 @@
 #include <random>
 
 #include "equationwindow/win_sumlet.h"
-#include "framework/message.h"
 #include "framework/ui/file_dialogs.h"
-#include "framework/ui/manual_clock.h"
+#include "framework/ui/window_fixture.h"
 #include "persistence/preferences.h"
 #include "shell/app.h"
 #include "shell/menus.h"
@@ -66,13 +61,11 @@ constexpr const char* commands[] = {
     "HelpSumletHelp", "ApplePreferences"};
 
 // A program as main.cpp puts it together, and a user who does whatever comes to mind.
-class Soak : public testing::Test {
+class Soak : public WindowFixture {
  protected:
   static constexpr Int32 mostWindows = 8;
 
   Soak() {
-    qputenv("XDG_DATA_HOME", folder_.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", folder_.path().toUtf8());
     TemplatesManager::RegisterSection();
     MyWindowManager::RegisterSection();
     MyWindowManager::SetWindowList([] {
@@ -88,22 +81,14 @@ class Soak : public testing::Test {
     SetMenuAttacher([](Window& window) { MenuBar1().AttachTo(window); });
     SetMessageHandler([this](std::string_view) { ++alerts_; });
     SetDialogHandler([this](const MessageDialog&) { return static_cast<DialogButton>(Any(3)); });
-    const FolderItem file(folder_.filePath("exported.txt").toStdString());
+    const FolderItem file(folder.filePath("exported.txt").toStdString());
     SetFileDialogs({[file](const OpenDialog&) {
-                      return std::vector<FolderItem>{file, file};
+                      return std::vector{file, file};
                     },
                     [file](const SaveAsDialog&, Window&) { return file; }});
     QPixmapCache::setCacheLimit(0);  // it would fill up slowly
     app_.BindMenuHandlers();
     app_.Event_Open();
-  }
-
-  ~Soak() override {
-    CloseAll();
-    SetFileDialogs({});
-    SetDialogHandler(nullptr);
-    SetMessageHandler(nullptr);
-    winSumlet::ScheduleSave = nullptr;
   }
 
   [[nodiscard]] Int32 Any(std::size_t count) { return static_cast<Int32>(random_() % count); }
@@ -184,7 +169,7 @@ class Soak : public testing::Test {
     while (WindowCount() > mostWindows) WindowAt(WindowCount() - 1).Close();
     while (TemplatesManager::Key.Ubound() > 10) TemplatesManager::Remove(0);
     HandleEvents();
-    clock_.Advance(Any(400));
+    clock.Advance(Any(400));
     HandleEvents();
   }
 
@@ -217,8 +202,6 @@ class Soak : public testing::Test {
     return std::accumulate(values, values + count, 0.0) / static_cast<double>(count);
   }
 
-  QTemporaryDir folder_;
-  ManualClock clock_;
   App app_;
   Int32 seed_ = NumberFromEnvironment("SUMLET_SOAK_SEED", 1);
   std::mt19937 random_{static_cast<unsigned>(seed_)};
@@ -232,12 +215,12 @@ TEST_F(Soak, MemoryStaysFlat) {
   std::vector<double> bytes;
   ShowAllLetters();
   for (std::size_t rest = 0; rest < rests; ++rest) {
-    for (const Int32 end = clock_.Now() + step; clock_.Now() < end;) Act();
+    for (const Int32 end = clock.Now() + step; clock.Now() < end;) Act();
     bytes.push_back(BytesAtRest());
   }
   const double first = Mean(bytes.data(), rests / 10);
   const double last = Mean(bytes.data() + rests - rests / 10, rests / 10);
-  std::cout << "Seed " << seed_ << ", " << clock_.Now() / 1000 << " s, " << alerts_ << " alerts; bytes in use at first "
+  std::cout << "Seed " << seed_ << ", " << clock.Now() / 1000 << " s, " << alerts_ << " alerts; bytes in use at first "
             << first << ", at last " << last << "\n";
   EXPECT_LT(last, first + mostGrowth);
 }

@@ -1,52 +1,25 @@
 #include "framework/ui/window.h"
 
-#include <gtest/gtest.h>
-
-#include <QCoreApplication>
 #include <QLayout>
 #include <QMenuBar>
 
 #include "framework/fault.h"
 #include "framework/ui/base_window.h"
+#include "framework/ui/window_fixture.h"
 
 namespace sumlet {
 namespace {
 
-constexpr Locks allEdges = Lock::Left | Lock::Top | Lock::Right | Lock::Bottom;
-
-TEST(LockedBounds, FollowTheEdges) {
-  const QRect control(10, 20, 30, 40);
-  const struct {
-    Locks locks;
-    QSize after;  // of a content of 100 x 100
-    QRect bounds;
-  } rows[] = {
-      {{}, {200, 300}, control},
-      {Lock::Right, {200, 300}, {110, 20, 30, 40}},
-      {Lock::Bottom, {200, 300}, {10, 220, 30, 40}},
-      {Lock::Left | Lock::Right, {200, 300}, {10, 20, 130, 40}},
-      {allEdges, {200, 300}, {10, 20, 130, 240}},
-      {allEdges, {90, 80}, {10, 20, 20, 20}},
-      {allEdges, {10, 10}, {10, 20, 0, 0}},
-  };
-  for (const auto& row : rows)
-    EXPECT_EQ(LockedBounds(control, {100, 100}, row.after, row.locks), row.bounds) << row.locks.toInt();
-}
-
 TEST(StaggeredCorner, StaysOnTheScreen) {
-  const QRect screen(100, 50, 400, 300);
-  const struct {
-    QSize size;
-    std::optional<QPoint> previous;
-    QPoint corner;
-  } rows[] = {
+  const std::tuple<QSize, std::optional<QPoint>, QPoint> rows[] = {
       {{200, 200}, {}, {124, 74}},
       {{200, 200}, QPoint(148, 130), {172, 74}},   // would leave at the bottom
       {{200, 200}, QPoint(290, 74), {124, 98}},    // would leave at the right
       {{200, 200}, QPoint(2000, 74), {124, 74}},   // the one before was on a screen that is gone
       {{4000, 3000}, QPoint(124, 74), {100, 50}},  // none
   };
-  for (const auto& row : rows) EXPECT_EQ(StaggeredCorner(row.size, screen, row.previous), row.corner);
+  for (const auto& [size, previous, corner] : rows)
+    EXPECT_EQ(StaggeredCorner(size, QRect(100, 50, 400, 300), previous), corner);
 }
 
 class RecordingWindow final : public BaseWindow {
@@ -55,7 +28,6 @@ class RecordingWindow final : public BaseWindow {
     Create();
   }
   bool refuses = false;
-  QWidget* control = nullptr;
 
  protected:
   void Layout() override {
@@ -68,22 +40,16 @@ class RecordingWindow final : public BaseWindow {
     SetSizeLimits({64, 64}, {800, 700});
     SetWidth(300);
     SetHeight(200);
-    SetPlacement(Placement::Staggered);
   }
-  void CreateControls() override {
-    Note("Controls");
-    control = new QWidget(Content());
-    AddControl(*control, {-1, -1, 302, 202}, allEdges);
-  }
+  void CreateControls() override { Note("Controls"); }
   void AddMenuHandlers() override { Note("Handlers"); }
-  void Event_Open() override { Note(isVisible() ? "Open, visible" : "Open"); }
+  void Event_Open() override { Note("Open"); }
   void Event_Resized() override { Note("Resized"); }
   void Event_Moved() override { Note("Moved"); }
   bool Event_CancelClose(bool appQuitting) override {
     Note(appQuitting ? "CancelClose, quitting" : "CancelClose");
     return refuses;
   }
-  void Maximize() override { Note("Maximize"); }
   void Minimize() override { Note("Minimize"); }
   void Restore() override { Note("Restore"); }
 
@@ -93,8 +59,12 @@ class RecordingWindow final : public BaseWindow {
   bool withMenuBar_;
 };
 
-TEST(Window, RaisesItsEventsInOrder) {
+class WindowTest : public WindowFixture {
+ protected:
   std::string record;
+};
+
+TEST_F(WindowTest, RaisesItsEventsInOrder) {
   const QPointer<RecordingWindow> window = new RecordingWindow(&record);
   const auto expect = [&](const char* events) {
     QCoreApplication::processEvents();
@@ -102,85 +72,72 @@ TEST(Window, RaisesItsEventsInOrder) {
     record.clear();
   };
   EXPECT_TRUE(window->isVisible());
-  EXPECT_EQ(record.substr(0, record.find("Open;") + 5), "Layout;Controls;Handlers;Open;");
+  EXPECT_TRUE(record.starts_with("Layout;Controls;Handlers;Open;")) << record;
   EXPECT_EQ(record.find("Resized"), std::string::npos);
   QCoreApplication::processEvents();
   record.clear();
-
   window->SetWidth(310);
   expect("Resized;");
   window->SetWidth(310);
   expect("");
   window->SetLeft(window->Left() + 5);
   expect("Moved;");
-  window->setWindowState(Qt::WindowMinimized);
-  EXPECT_TRUE(window->Minimized);
-  expect("Minimize;");
-  window->setWindowState(Qt::WindowNoState);
-  EXPECT_FALSE(window->Minimized);
-  expect("Restore;");
-
-  window->refuses = true;
-  EXPECT_FALSE(window->Close(true));
-  EXPECT_EQ(WindowCount(), 1);
-  window->refuses = false;
-  EXPECT_TRUE(window->Close());
-  EXPECT_EQ(WindowCount(), 0);
+  for (const bool minimized : {true, false}) {
+    window->setWindowState(minimized ? Qt::WindowMinimized : Qt::WindowNoState);
+    EXPECT_EQ(window->Minimized, minimized);
+    expect(minimized ? "Minimize;" : "Restore;");
+  }
+  for (const bool refuses : {true, false}) {
+    window->refuses = refuses;
+    EXPECT_EQ(window->Close(refuses), !refuses);
+    EXPECT_EQ(WindowCount(), refuses ? 1 : 0);
+  }
   EXPECT_FALSE(window.isNull()) << "it lives until control is back at the event loop";
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(window.isNull());
   expect("CancelClose, quitting;CancelClose;");
 }
 
-TEST(Window, SizeIsThatOfTheContent) {
+TEST_F(WindowTest, SizeIsThatOfTheContent) {
   for (const bool withMenuBar : {false, true}) {
-    std::string record;
-    RecordingWindow window(&record, withMenuBar);
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    const struct {
-      QSize wanted;
-      QSize got;
-    } rows[] = {{{300, 200}, {300, 200}}, {{64, 64}, {64, 64}}, {{1, -5}, {64, 64}}, {{9999, 9999}, {800, 700}}};
+    auto& window = *new RecordingWindow(&record, withMenuBar);
+    const std::pair<QSize, QSize> wantedAndGot[] = {
+        {{310, 210}, {310, 210}}, {{1, -5}, {64, 64}}, {{9999, 9999}, {800, 700}}};
     for (const bool visible : {true, false}) {
       window.setVisible(visible);
-      for (const auto& row : rows) {
-        window.SetWidth(row.wanted.width());
-        window.SetHeight(row.wanted.height());
-        EXPECT_EQ(QSize(window.Width(), window.Height()), row.got);
-        EXPECT_EQ(window.control->geometry(), QRect(QPoint(-1, -1), row.got + QSize(2, 2)));
-        if (!visible) continue;
-        EXPECT_EQ(window.control->parentWidget()->size(), row.got);
-        EXPECT_EQ(window.control->parentWidget()->y() > 0, withMenuBar);
+      for (const auto& [wanted, got] : wantedAndGot) {
+        window.SetWidth(wanted.width());
+        window.SetHeight(wanted.height());
+        EXPECT_EQ(QSize(window.Width(), window.Height()), got);
+        EXPECT_EQ(window.height() > got.height(), withMenuBar);
       }
     }
   }
 }
 
-TEST(Window, ListRunsFromFrontToBack) {
-  std::string record;
-  RecordingWindow a(&record), b(&record), c(&record);
-  const auto order = [&] {
-    std::string names;
-    for (Int32 i = 0; i < WindowCount(); ++i) names += &WindowAt(i) == &a ? 'a' : &WindowAt(i) == &b ? 'b' : 'c';
-    return names;
+TEST_F(WindowTest, ListRunsFromFrontToBack) {
+  auto *a = new RecordingWindow(&record), *b = new RecordingWindow(&record), *c = new RecordingWindow(&record);
+  const auto expect = [&](const std::vector<RecordingWindow*>& order) {
+    ASSERT_EQ(WindowCount(), static_cast<Int32>(order.size()));
+    for (Int32 i = 0; i < WindowCount(); ++i) EXPECT_EQ(&WindowAt(i), order[static_cast<std::size_t>(i)]);
   };
-  EXPECT_EQ(order(), "cba");
-  b.Show();
-  EXPECT_EQ(order(), "bca");
+  expect({c, b, a});
+  b->Show();
+  expect({b, c, a});
   QEvent activated(QEvent::WindowActivate);
-  QCoreApplication::sendEvent(&a, &activated);
-  EXPECT_EQ(order(), "abc");
-  b.hide();
-  EXPECT_EQ(order(), "abc");
-  b.setAttribute(Qt::WA_DeleteOnClose, false);
-  EXPECT_TRUE(b.Close()) << "a hidden window closes like any other";
-  EXPECT_EQ(order(), "ac");
+  QCoreApplication::sendEvent(a, &activated);
+  b->hide();
+  expect({a, b, c});
+  b->setAttribute(Qt::WA_DeleteOnClose, false);
+  EXPECT_TRUE(b->Close()) << "a hidden window closes like any other";
+  expect({a, c});
   record.clear();
-  QCoreApplication::sendEvent(&b, &activated);
-  b.Show();
-  EXPECT_EQ(order(), "ac") << "a closed window does not come back";
-  b.Close();
-  EXPECT_EQ(record, "") << "nor raises events";
+  QCoreApplication::sendEvent(b, &activated);
+  b->Show();
+  expect({a, c});
+  b->Close();
+  EXPECT_EQ(record, "") << "a closed window does not come back, nor does it raise events";
+  delete b;
   EXPECT_THROW((void)WindowAt(2), Fault);
 }
 

@@ -1,0 +1,33 @@
+// What the tests of windows share: time stands still, the settings have a folder of their own, and in the end nobody
+// answers a dialog any more and all windows are gone.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "framework/message.h"
+#include "framework/ui/manual_clock.h"
+#include "framework/ui/window.h"
+
+namespace sumlet {
+
+class WindowFixture : public testing::Test {
+ protected:
+  WindowFixture() {
+    for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"}) qputenv(variable, folder.path().toUtf8());
+  }
+  void TearDown() override {
+    SetMessageHandler({});
+    SetDialogHandler({});
+    while (WindowCount() > 0) WindowAt(0).Close(true);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
+  QTemporaryDir folder;
+  ManualClock clock;
+};
+
+}  // namespace sumlet
