@@ -67,7 +67,8 @@ Window& WindowAt(Int32 index) { return *OpenWindows()[index]; }
 void SetWindowListChanged(std::function<void()> changed) { ListChanged() = std::move(changed); }
 void SetMenuAttacher(std::function<void(Window& window)> attach) { MenuAttacher() = std::move(attach); }
 
-Window::Window() : layout_(new QVBoxLayout(this)), content_(new QWidget) {
+Window::Window() : content_(new QWidget) {
+  layout_ = new QVBoxLayout(this);  // tells the window of itself: not before all members have their values
   setAttribute(Qt::WA_DeleteOnClose);
   layout_->setContentsMargins(0, 0, 0, 0);
   // The limits of the window are those of the content, with the menu bar on top.

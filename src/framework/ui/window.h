@@ -150,7 +150,7 @@ class Window : public QWidget {
   void Stagger();
   void Centre();
 
-  QVBoxLayout* layout_;  // the menu bar, if any, goes on top of it by QLayout::setMenuBar
+  QVBoxLayout* layout_ = nullptr;  // the menu bar, if any, goes on top of it by QLayout::setMenuBar
   QWidget* content_;
   QPoint frameOffset_;  // from the frame's corner to the window's own, while not in full screen
   QSize contentSize_;   // the size that the controls are laid out for
