@@ -90,14 +90,12 @@ void Restructure(plist& document, unsigned how) {
 }
 
 }  // namespace
-}  // namespace sumlet
 
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-  using namespace sumlet;
-  const std::string_view input = Input(data, size);
+void CheckInput(std::string_view input) {
   static plist document(FolderItem("/nowhere/at/all"));
+  const std::string_view lines = input.substr(std::min<std::size_t>(1, input.size()));
   plistDict node;
-  Read(node, input.substr(std::min<std::size_t>(1, input.size())), nullptr);
+  Read(node, lines, nullptr);
   CheckNode(node);
   const String written = Written(node);
   if (BearsReadingBack(node)) {
@@ -106,8 +104,9 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     Check(Written(again) == written, "what is written is read back");
   }
   document.Load(FolderItem("/nowhere/at/all"), {});
-  Read(document.root(), input.substr(std::min<std::size_t>(1, input.size())), &document);
+  Read(document.root(), lines, &document);
   Restructure(document, input.empty() ? 0 : static_cast<unsigned char>(input.front()));
   (void)Written(document.root());
-  return 0;
 }
+
+}  // namespace sumlet

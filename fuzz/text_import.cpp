@@ -40,12 +40,11 @@ void CheckLines(const String& text) {
 }
 
 }  // namespace
-}  // namespace sumlet
 
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-  const std::string_view bytes = sumlet::Input(data, size);
-  const sumlet::String text = sumlet::DecodeText(bytes);
-  sumlet::CheckDecoding(bytes, text);
-  sumlet::CheckLines(text);
-  return 0;
+void CheckInput(std::string_view input) {
+  const String text = DecodeText(input);
+  CheckDecoding(input, text);
+  CheckLines(text);
 }
+
+}  // namespace sumlet

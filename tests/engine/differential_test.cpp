@@ -5,7 +5,6 @@
 #include <random>
 #include <vector>
 
-#include "engine/math_class.h"
 #include "engine/plain_rewriting.h"
 #include "engine/worked_examples.h"
 
@@ -79,7 +78,7 @@ class TextGenerator {
   std::mt19937 random_{1};
 };
 
-String Described(const PlainOutcome& run) {
+String Described(const Outcome& run) {
   String text = "[" + run.result + "] details [" + run.details + "] line " + std::to_string(run.lastLine);
   for (Int32 i = 0; i <= run.varKey.Ubound(); ++i) text += " [" + run.varKey[i] + "=" + run.varValue[i] + "]";
   return text;
@@ -97,11 +96,10 @@ TEST(Differential, RandomTexts) {
     math.equationText = text;
     math.Evaluate();
     if (InStr(text, "rnd") > 0) continue;  // it needs only end
-    std::optional<PlainOutcome> plain = EvaluatePlainly(text, budget);
+    std::optional<Outcome> plain = EvaluatePlainly(text, budget);
     if (!plain) continue;
     if (text.empty()) plain->lastLine = lastLine;
-    ASSERT_EQ(Described({math.Result, math.ResultDetails, math.LastLineEvaluated, math.varKey, math.varValue}),
-              Described(*plain))
+    ASSERT_EQ(Described(OutcomeOf(math)), Described(*plain))
         << "round " << round << ": " << testing::PrintToString(text);
     ++compared;
     if (!math.ResultIsError()) ++values;

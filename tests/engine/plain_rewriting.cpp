@@ -103,7 +103,7 @@ class PlainRewriting {
  public:
   explicit PlainRewriting(std::size_t budget) : budget_(budget) {}
 
-  PlainOutcome Evaluate(std::string_view equationText) {
+  Outcome Evaluate(std::string_view equationText) {
     const Array<String> lines = Split(ReplaceLineEndings(equationText, EndOfLine), EndOfLine);
     AddVariable("pi", "3.14159265358979323846264338327950");
     AddVariable("π", "3.14159265358979323846264338327950");
@@ -371,12 +371,12 @@ class PlainRewriting {
 
   std::size_t budget_;
   Int32 reduceLevel_ = 0;
-  PlainOutcome outcome_;
+  Outcome outcome_;
 };
 
 }  // namespace
 
-std::optional<PlainOutcome> EvaluatePlainly(std::string_view text, std::size_t budget) {
+std::optional<Outcome> EvaluatePlainly(std::string_view text, std::size_t budget) {
   try {
     return PlainRewriting(budget).Evaluate(text);
   } catch (const OutOfBudget&) {
