@@ -2,7 +2,9 @@
 // leaves in the two stores.
 #pragma once
 
+#include <initializer_list>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -40,6 +42,14 @@ inline String Bytes(const Items& items, bool optimized = true) {
   list.OptimizeBinaryLengthData = optimized;
   for (const auto& [key, value] : items) list.AddItem(key, value);
   return list.GetData();
+}
+
+// The list that `pieces` make, read one after the other as a binary one.
+inline KeyList ReadList(std::initializer_list<std::string_view> pieces) {
+  KeyList list;
+  list.BinaryFormat = true;
+  for (const std::string_view piece : pieces) list.AddData(piece);
+  return list;
 }
 
 inline Items ItemsOf(const KeyList& list) {
