@@ -82,7 +82,7 @@ inline constexpr Example workedExamples[] = {
     {"xmod(7)", twoArguments, "mod"},
     // decimals to fractions
     {"frac(0.5)", "\"1/2\""}, {"frac(0.05)", "\"1/2\""}, {"frac(1/3)", "\"1/3\""}, {"frac(0.999)", "\"1 0/9\""},
-    {"frac()", "0"}, {"frac(-0.333)", "\"-2/9\""},
+    {"frac()", "0"}, {"frac(-0.333)", "\"-2/9\""}, {"frac(-2.5)", "\"1/2\""},
     {"frac(1234567891)", "\"1234567891 1/1\""},  // seven digits and an exponent: 1.234568e+9
     {"frac(0.00001234)", "\"1/5\""},  // 1.234000e-5
     {"1+frac(0.5)", notAlone, "+frac"}, {"frac(2.5)+1", notAlone, ""}, {"-- frac(0.5)", "\"1/2\"", " frac"},

@@ -83,9 +83,6 @@ TEST_F(PropertyListFile, Places) {
   missing.Delete();
   plist fallback(missing, File("other", newHeaders + "<key>a</key>\n<true/>\n</dict>\n"));
   EXPECT_EQ(TreeText(fallback.root()), "a:boolean=true");
-  fallback.SaveAsInvisible(FolderItem(folder_ / "not looked at"));
-  EXPECT_EQ(TreeText(plist(missing).root()), "a:boolean=true");
-
   EXPECT_EQ(plist(FolderItem(folder_)).errorMessage, "Not a plist file");
   none.savePath = FolderItem(folder_ / "no/such/folder");
   none.Save(true);

@@ -7,9 +7,9 @@
 namespace sumlet {
 namespace {
 
-void Read(plistDict& node, std::string_view lines, bool asArray = false) {
+void Read(plistDict& node, std::string_view lines) {
   TextInputStream stream{String(lines)};
-  node.Load(&stream, "root", asArray, nullptr, nullptr, true);
+  node.Load(&stream, "root", false, nullptr, nullptr, true);
 }
 
 TEST(PropertyListReader, Layouts) {
@@ -58,18 +58,6 @@ TEST(PropertyListReader, Layouts) {
     Read(node, lines);
     EXPECT_EQ(TreeText(node), tree) << lines;
   }
-}
-
-TEST(PropertyListReader, TheNodeItself) {
-  plistDict node;
-  node.SetString("old", "1");
-  node.AddChild("kept");
-  Read(node, "<true/>\n\n<string>1\n2</string>\n</array>\n", true);
-  EXPECT_EQ(TreeText(node), "0:boolean=true, 2:string=1\r2\r");
-  EXPECT_EQ(node.indexOf(), 3);
-  EXPECT_EQ(node.name(), "root");
-  EXPECT_EQ(node.children().Ubound(), 1);
-  EXPECT_THROW(node.Load(nullptr, "root", false, nullptr, nullptr, true), Fault);
 }
 
 // Each has to end, in a time that grows with its length alone.
