@@ -80,23 +80,15 @@ String FractionToDecimal(const String& argument) {
 bool IsError(const String& text) { return Has(text, "Error"); }
 bool IsNumberCharacter(const String& c) { return Has(numberCharacters, c); }
 
+// The first operator of those that bind tightest; `op` is empty when there is none. A "-" in front is a sign.
 void LookupNextOp(const String& text, Int32& position, String& op) {
-  Int32 best = Len(text) + 1;
-  const auto search = [&](const String& sign, Int32 from, Int32 lowest) {
-    const Int32 place = InStr(from, text, sign);
-    if (place < lowest || place >= best) return;
-    best = place;
-    op = sign;
-  };
-  search("^", position, 1);
-  if (op.empty()) {
-    for (const char* sign : {"*", "/", "\\", "%"}) search(sign, position, 1);
+  for (const char* level : {"^", "*/\\%", "+-"}) {
+    for (position = 1; position <= Len(text); ++position) {
+      op = Mid(text, position, 1);
+      if (Has(level, op) && (op != "-" || position > 1)) return;
+    }
   }
-  if (op.empty()) {
-    search("+", position, 1);
-    search("-", std::max(2, position), 2);
-  }
-  if (!op.empty()) position = best;
+  op.clear();
 }
 
 class PlainRewriting {
@@ -177,11 +169,8 @@ class PlainRewriting {
 
   Step ParenthesesStep(const String& text) {
     Int32 open = InStr(text, "(");
-    Int32 close = InStr(open, text, ")");
-    for (Int32 next = InStr(open + 1, text, "("); next > 0 && next < close; next = InStr(open + 1, text, "(")) {
-      open = next;
-      close = InStr(open, text, ")");
-    }
+    for (Int32 next = open; next > 0 && next < InStr(open, text, ")"); next = InStr(open + 1, text, "(")) open = next;
+    const Int32 close = InStr(open, text, ")");
     String inner = Mid(text, open + 1, close - open - 1);
     const bool hasComma = Has(inner, ",");
     const String a = Reduce(hasComma ? NthField(inner, ",", 1) : inner);
@@ -238,47 +227,25 @@ class PlainRewriting {
 
   Step OperatorStep(const String& text, Int32 pos, const String& op) {
     const Int32 n = Len(text);
-    Int32 start = 0;
-    Int32 end = 0;
-    String left;
-    String right;
-    bool seen = false;
-    for (Int32 i = pos - 1; i >= 1; --i) {
-      const String c = Mid(text, i, 1);
-      if (!IsNumberCharacter(c)) {
-        start = i + 1;
-        if (seen && c == "-") {
-          Int32 k = i - 1;
-          while (k >= 1 && Mid(text, k, 1) == " ") --k;
-          if (k < 1 || !IsNumberCharacter(Mid(text, k, 1))) start = i;
-        }
-        left = Mid(text, start, pos - start);
-        break;
-      }
-      if (i == 1) {
-        start = 1;
-        left = Left(text, pos - 1);
-      }
-      if (c != " ") seen = true;
+    const auto isSpace = [&text](Int32 i) { return Mid(text, i, 1) == " "; };
+    const auto isNumber = [&text](Int32 i) { return IsNumberCharacter(Mid(text, i, 1)); };
+    Int32 start = pos;
+    while (start > 1 && isNumber(start - 1)) --start;
+    if (start > 1 && Mid(text, start - 1, 1) == "-" && !Trim(Mid(text, start, pos - start)).empty()) {
+      Int32 ahead = start - 2;
+      while (ahead >= 1 && isSpace(ahead)) --ahead;
+      if (ahead < 1 || !isNumber(ahead)) --start;
     }
-    seen = false;
-    for (Int32 i = pos + 1; i <= n && end == 0; ++i) {
-      const String c = Mid(text, i, 1);
-      if ((!seen && c == "-") || c == " ") continue;
-      if (!IsNumberCharacter(c)) {
-        end = i - 1;
-      } else if (i == n) {
-        end = n;
-      }
-      if (end > 0) right = Mid(text, pos + 1, end - pos);
-      seen = true;
-    }
-    if (pos == 1 || pos == n) return Fail(twoArgumentsRequired, op);
-    // No right operand ends, so the whole text would come back behind the value, minus signs and all, for ever.
-    if (end == 0 && op == "-") return Fail(twoArgumentsRequired, op);
+    const String left = Mid(text, start, pos - start);
+    Int32 behind = pos + 1;
+    while (behind <= n && (isSpace(behind) || Mid(text, behind, 1) == "-")) ++behind;
+    // A "-" with only signs behind it would bring the whole text back behind the value, for ever.
+    if (pos == 1 || behind > n) return Fail(twoArgumentsRequired, op);
+    while (behind <= n && isNumber(behind)) ++behind;
+    const String right = Mid(text, pos + 1, behind - pos - 1);
     const String value = DoOperation(left, right, op);
     if (IsError(value)) return End(value);
-    return GoOn(Trim(Left(text, start - 1) + " " + value + " " + Mid(text, end + 1)));
+    return GoOn(Trim(Left(text, start - 1) + " " + value + " " + Mid(text, behind)));
   }
 
   String DoOperation(const String& leftOperand, const String& rightOperand, const String& op) {
