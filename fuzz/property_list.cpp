@@ -8,22 +8,12 @@
 #include "framework/fault.h"
 #include "framework/text/numbers.h"
 #include "plist/plist.h"
+#include "plist/tree_text.h"
 
 namespace sumlet {
 namespace {
 
 constexpr const char* leafTypes[] = {"string", "integer", "real", "double", "date", "boolean"};
-
-void Read(plistDict& node, std::string_view lines, plist* document) {
-  TextInputStream stream{String(lines)};
-  node.Load(&stream, "root", false, nullptr, document, true);
-}
-
-String Written(const plistDict& node) {
-  TextOutputStream stream;
-  node.Write(stream, 1);
-  return stream.Content();
-}
 
 // A text of one line without a character that the lines give a meaning to.
 bool IsPlain(std::string_view text) {
@@ -95,16 +85,16 @@ void CheckInput(std::string_view input) {
   static plist document(FolderItem("/nowhere/at/all"));
   const std::string_view lines = input.substr(std::min<std::size_t>(1, input.size()));
   plistDict node;
-  Read(node, lines, nullptr);
+  ReadLines(node, lines);
   CheckNode(node);
   const String written = Written(node);
   if (BearsReadingBack(node)) {
     plistDict again;
-    Read(again, written + "</dict>\n", nullptr);
+    ReadLines(again, written + "</dict>\n");
     Check(Written(again) == written, "what is written is read back");
   }
   document.Load(FolderItem("/nowhere/at/all"), {});
-  Read(document.root(), lines, &document);
+  ReadLines(document.root(), lines, &document);
   Restructure(document, input.empty() ? 0 : static_cast<unsigned char>(input.front()));
   (void)Written(document.root());
 }

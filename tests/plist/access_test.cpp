@@ -31,8 +31,7 @@ struct Row {
 void Check(std::string_view lines, const std::vector<Row>& rows) {
   for (const Row& row : rows) {
     plist document(FolderItem("/nowhere/at/all"));
-    TextInputStream stream{String(lines)};
-    document.root().Load(&stream, "root", false, nullptr, &document, true);
+    ReadLines(document.root(), lines, &document);
     document.error = true;
     document.errorMessage = "earlier";
     EXPECT_EQ(row.run(document.root()), row.result) << row.call;

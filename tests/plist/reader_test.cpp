@@ -7,11 +7,6 @@
 namespace sumlet {
 namespace {
 
-void Read(plistDict& node, std::string_view lines) {
-  TextInputStream stream{String(lines)};
-  node.Load(&stream, "root", false, nullptr, nullptr, true);
-}
-
 TEST(PropertyListReader, Layouts) {
   const std::pair<const char*, const char*> rows[] = {
       // values
@@ -55,7 +50,7 @@ TEST(PropertyListReader, Layouts) {
   };
   for (const auto& [lines, tree] : rows) {
     plistDict node;
-    Read(node, lines);
+    ReadLines(node, lines);
     EXPECT_EQ(TreeText(node), tree) << lines;
   }
 }
@@ -79,7 +74,7 @@ TEST(PropertyListReader, HostileTexts) {
   };
   for (const String& text : texts) {
     plistDict node;
-    Read(node, text);
+    ReadLines(node, text);
     EXPECT_LE(node.count(), 2) << text.substr(0, 20);
   }
 }
