@@ -19,7 +19,6 @@ bool IsUtf8(std::string_view text) {
 
 void CheckDecoding(std::string_view bytes, const String& text) {
   Check(IsUtf8(text), "the text is UTF-8");
-  Check(text.size() <= 3 * bytes.size(), "no byte becomes more than three");
   Check(DecodeText(String(byteOrderMark) + text) == text, "text with a mark is the text");
   const bool hasMark =
       bytes.starts_with(byteOrderMark) || bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");

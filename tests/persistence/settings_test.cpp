@@ -98,7 +98,6 @@ TEST_F(Settings, ValuesAreReadByKey) {
 
 TEST_F(Settings, DamagedFiles) {
   const std::pair<String, std::vector<String>> rows[] = {
-      {"A", UnknownFormats({"65", "0", "0"})},
       {"<RunCount>5</RunCount>", UnknownFormats({"60", "0", "0"})},
       {Bytes({{"TemplateList", "\x01"}, {"WindowList", Bytes({{"0", ""}, {"1", ""}})}}), UnknownFormats({"0"})},
   };
