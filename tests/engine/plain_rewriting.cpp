@@ -80,15 +80,14 @@ String FractionToDecimal(const String& argument) {
 bool IsError(const String& text) { return Has(text, "Error"); }
 bool IsNumberCharacter(const String& c) { return Has(numberCharacters, c); }
 
-// The first operator of those that bind tightest; `op` is empty when there is none. A "-" in front is a sign.
-void LookupNextOp(const String& text, Int32& position, String& op) {
+// The place of the first operator of those that bind tightest, or 0. A "-" in front is a sign.
+Int32 NextOperator(const String& text) {
   for (const char* level : {"^", "*/\\%", "+-"}) {
-    for (position = 1; position <= Len(text); ++position) {
-      op = Mid(text, position, 1);
-      if (Has(level, op) && (op != "-" || position > 1)) return;
+    for (Int32 i = 1; i <= Len(text); ++i) {
+      if (Has(level, Mid(text, i, 1)) && (i > 1 || Left(text, 1) != "-")) return i;
     }
   }
-  op.clear();
+  return 0;
 }
 
 class PlainRewriting {
@@ -148,10 +147,8 @@ class PlainRewriting {
     if (Left(text, 2) == "- ") text = "-" + Mid(text, 3);
     if (Has(text, "(")) return ParenthesesStep(text);
     if (Has(text, "|")) return BarsStep(text);
-    Int32 position = 0;
-    String op;
-    LookupNextOp(text, position, op);
-    return op.empty() ? NoOperatorStep(text) : OperatorStep(text, position, op);
+    const Int32 place = NextOperator(text);
+    return place == 0 ? NoOperatorStep(text) : OperatorStep(text, place);
   }
 
   Step AssignmentStep(const String& text) {
@@ -209,24 +206,21 @@ class PlainRewriting {
   }
 
   Step NoOperatorStep(const String& untrimmed) {
-    const Int32 n = Len(untrimmed);
     const String text = Trim(untrimmed);
-    String bad;
-    for (Int32 i = 1; i <= n; ++i) {
-      const String c = Mid(text, i, 1);
-      if (!Has(digitsAndSigns, c)) {
-        bad += c;
-      } else if (!bad.empty()) {
-        break;
-      }
-    }
-    if (!bad.empty()) return Fail("Error: Variable Unknown", bad);
+    const Int32 n = Len(text);
+    const auto isKnown = [&text](Int32 i) { return Has(digitsAndSigns, Mid(text, i, 1)); };
+    Int32 begin = 1;
+    while (begin <= n && isKnown(begin)) ++begin;
+    Int32 end = begin;
+    while (end <= n && !isKnown(end)) ++end;
+    if (end > begin) return Fail("Error: Variable Unknown", Mid(text, begin, end - begin));
     if (!Has(text, " ")) return End(text);
     return GoOn(ReplaceAll(ReplaceWhileThere(text, "  ", " "), " ", "*"));
   }
 
-  Step OperatorStep(const String& text, Int32 pos, const String& op) {
+  Step OperatorStep(const String& text, Int32 pos) {
     const Int32 n = Len(text);
+    const String op = Mid(text, pos, 1);
     const auto isSpace = [&text](Int32 i) { return Mid(text, i, 1) == " "; };
     const auto isNumber = [&text](Int32 i) { return IsNumberCharacter(Mid(text, i, 1)); };
     Int32 start = pos;
