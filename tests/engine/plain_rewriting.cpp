@@ -1,6 +1,5 @@
 #include "engine/plain_rewriting.h"
 
-#include <algorithm>
 #include <numeric>
 #include <utility>
 #include <vector>

@@ -76,7 +76,7 @@ inline constexpr Example workedExamples[] = {
     // a function writes no sign
     {"cos(pi)", "1"}, {"sin(-1)-1", "-0.1585290152"},
     // calls that fail
-    {"sqrt (4)", unknown, "sqrt"}, {"pow(2)", twoArguments, "pow"}, {"atan2(1,)", twoArguments, "atan2"},
+    {"sqrt (4)", unknown, "sqrt"}, {"sqrt()", oneArgument, "sqrt"}, {"pow(2)", twoArguments, "pow"}, {"atan2(1,)", twoArguments, "atan2"},
     {"sqrt(-1)", unknown, "nan"}, {"log(0)", unknown, "inf"}, {"x(sqrt(-1))", unknown, "nan"},
     {"(log(0))()/()", unknown, "inf"}, {"mod(7,3)", twoOperands, "%"}, {"xmod(7,3)", unknown, "x"},
     {"xmod(7)", twoArguments, "mod"},

@@ -59,17 +59,13 @@ inline Items ItemsOf(const KeyList& list) {
 }
 
 // A window whose record is a list of texts.
-class FakeWindow final : public MyWindowManager::StoredWindow {
- public:
-  explicit FakeWindow(Items fields) : fields_(std::move(fields)) {}
-  virtual ~FakeWindow() = default;
-  [[nodiscard]] bool operator==(const FakeWindow& other) const { return fields_ == other.fields_; }
+struct FakeWindow final : MyWindowManager::StoredWindow {
+  explicit FakeWindow(Items items) : fields(std::move(items)) {}
+  [[nodiscard]] bool operator==(const FakeWindow& other) const { return fields == other.fields; }
   void StoreRecord(KeyList& record) const override {
-    for (const auto& [key, value] : fields_) record.AddItem(key, value);
+    for (const auto& [key, value] : fields) record.AddItem(key, value);
   }
-
- private:
-  Items fields_;
+  Items fields;
 };
 
 // The templates, "[name=text]" each.
