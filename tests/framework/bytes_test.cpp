@@ -68,6 +68,8 @@ TEST(Variant, DictionaryKeys) {
     EXPECT_EQ(VariantToString(map.Lookup("pi", "none")), "none");
     EXPECT_THROW((void)map.Value("pi"), Fault);
     EXPECT_EQ(VariantToString(map.Value(DoubleToVariant(0.0))), "c");
+    map.Clear();
+    EXPECT_FALSE(map.HasKey(Int32ToVariant(101)));
   }
 }
 

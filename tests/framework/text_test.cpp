@@ -131,7 +131,7 @@ TEST(Text, TrimAndCase) {
 
 TEST(Text, Codes) {
   EXPECT_EQ(Chr(65) + Chr(0x3C0) + Chr(0x1F600), "Aπ😀");
-  EXPECT_EQ(Chr(-1) + Chr(0xD800) + Chr(0x110000), "\uFFFD\uFFFD\uFFFD");
+  EXPECT_EQ(Chr(-1) + Chr(0xD800) + Chr(0xDFFF) + Chr(0x110000), "\uFFFD\uFFFD\uFFFD\uFFFD");
   EXPECT_TRUE(Asc("😀") == 0x1F600 && Asc("\xFF") == 255 && Asc("") == 0);
 }
 
