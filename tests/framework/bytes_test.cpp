@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <tuple>
-
 #include "framework/text/variant.h"
 
 namespace sumlet {
@@ -32,7 +30,13 @@ TEST(Bytes, UrlComponents) {
 
 TEST(Variant, Conversions) {
   // clang-format off
-  const std::tuple<Variant, const char*, Int32, double, bool, bool> rows[] = {
+  const struct {
+    Variant value;
+    const char* text;
+    Int32 integer;
+    double number;
+    bool boolean, isNumeric;
+  } rows[] = {
       {{}, "", 0, 0, false, false}, {"13", "13", 13, 13, true, true}, {" -2.9e0 ", " -2.9e0 ", -2, -2.9, true, true},
       {"0.0", "0.0", 0, 0, false, true}, {"TRUE", "TRUE", 0, 0, true, false}, {"2e", "2e", 2, 2, false, false},
       {"5 apples", "5 apples", 5, 5, false, false}, {"\t5", "\t5", 0, 0, false, false},
