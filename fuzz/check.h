@@ -1,4 +1,4 @@
-// Check: what a fuzz target says must hold. The fuzzer keeps the input of a run that aborts.
+// What the fuzz targets share.
 #pragma once
 
 #include <cstdio>
@@ -7,14 +7,14 @@
 
 namespace sumlet {
 
+// What a target does with an input.
+void CheckInput(std::string_view input);
+
+// What a target says must hold. The fuzzer keeps the input of a run that aborts.
 inline void Check(bool holds, const char* expectation) {
   if (holds) return;
   std::fprintf(stderr, "Broken: %s\n", expectation);
   std::abort();
-}
-
-inline std::string_view Input(const unsigned char* data, std::size_t size) {
-  return {reinterpret_cast<const char*>(data), size};
 }
 
 }  // namespace sumlet

@@ -40,7 +40,6 @@ void Check(std::initializer_list<Hostile> rows) {
 TEST(Hostile, DeepNesting) {
   const std::size_t n = 100'000;
   Check({
-      {"opening left", Times(n, "(") + "1" + Times(n, "+1)"), "100001"},
       {"opening right for ever", Times(n, "(1+"), parenthesis},
       {"wrong order behind a value", "(1)" + Times(n, ")1") + Times(n, "2("), parenthesis, "2"},
       {"empty pairs inside each other", Times(n, "(") + Times(n, ")"), ""},
@@ -57,7 +56,6 @@ TEST(Hostile, LongLines) {
   Check({
       {"differences", "1" + Times(n, "-1"), "-99999"},
       {"products and sums", Times(n, "1*1+") + "1", "100001"},
-      {"sums and powers", Times(n, "1+1^") + "1", "100001"},
       {"numbers side by side", "1" + Times(n, " 1"), "1"},
       {"operators behind a number", "5" + Times(n, "*"), twoOperands, "*"},
       {"spaced signs of an operand", "5-" + Times(n, "- ") + "3", "2"},
@@ -73,11 +71,8 @@ TEST(Hostile, AMegabyteOfOneCharacter) {
   const std::size_t n = 1'000'000;
   const String letters(n, 'a');
   Check({
-      {"digits", String(n, '0') + "1+1." + String(n, '0') + "1", "2"},
       {"digits beyond every number", String(n, '9') + "+1", unknown, "inf"},
       {"blanks", "1" + String(n, ' ') + "+" + String(n, ' ') + "1", "2"},
-      {"commas in a call", "max(1,2" + String(n, ',') + ")", "2"},
-      {"points", String(n, '.') + "+1", "1"},
       {"a variable's name", letters + "=2\n" + letters + "+1", "3"},
       {"NUL bytes", String(n, '\0'), unknown, String(n, '\0')},
       {"line endings", String(n, '\r') + "7", "7"},

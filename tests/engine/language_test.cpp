@@ -6,21 +6,12 @@
 #include "framework/text/numbers.h"
 
 namespace sumlet {
-
-class MathClassPeer {
- public:
-  static String DoOperation(MathClass& math, const char* left, const char* right, const char* op) {
-    return math.DoOperation(left, right, op);
-  }
-};
-
 namespace {
 
 TEST(Language, WorkedExamples) {
   for (const Example& example : workedExamples) {
     MathClass math(example.text);
     EXPECT_EQ(math.Evaluate(), example.result) << example.text;
-    EXPECT_EQ(math.Result, example.result) << example.text;
     EXPECT_TRUE(example.details != nullptr || !math.ResultIsError()) << example.text;
     if (example.details != nullptr) {
       EXPECT_EQ(math.ResultDetails, example.details) << example.text;
@@ -46,41 +37,9 @@ TEST(Language, RandomNumbers) {
   EXPECT_EQ(EvaluateRandom("x=RND\nx-x"), "0") << "a stored one stays";
 }
 
-TEST(Language, EveryRunStartsAfresh) {
-  MathClass math("Ab=1\nPI=3\nc=aB+pi\naB=c\nx=\n2=5\nd=q");
-  EXPECT_EQ(math.Evaluate(), "Error: Variable Unknown");
-  EXPECT_EQ(math.varKey, (Array<String>{"pi", "π", "RND", "mod", "Ab", "c", "x", "2"}));
-  EXPECT_EQ(math.varValue,
-            (Array<String>{"3", "3.14159265358979323846264338327950", "[random]", "%", "4", "4", "", "5"}));
-  math.equationText = "";
-  math.Evaluate();
-  EXPECT_EQ(math.Result + math.ResultDetails, "");
-  EXPECT_EQ(math.LastLineEvaluated, 6) << "no line was looked at";
-  math.equationText = "pi-Ab";
-  math.Evaluate();
-  EXPECT_EQ(math.Result + math.ResultDetails, "Error: Variable UnknownAb");
-}
-
 TEST(Language, ErrorsAreToldByAWord) {
   const MathClass math("|");
   EXPECT_TRUE(!math.ResultIsError() && math.ResultIsError("an eRRoR inside") && !math.ResultIsError("err or"));
-}
-
-// Operators that no line can hold.
-TEST(Language, OperationsOutOfReach) {
-  // clang-format off
-  const char* const rows[][5] = {
-      {" 1 2", "", "", "12", ""}, {"1", "2", "", "Error: Missing an Operator", ""},
-      {"1", "2", "an error", "an error", ""}, {"-7", "3", "Mod", "-1", ""},
-      {"1", "2", "Max", "Error: Format as FunctionName(arguments)", "Max"},
-      {"1", "2", "foo", "Error: Function Unknown", "foo"},
-  };
-  // clang-format on
-  for (const auto& [left, right, op, result, details] : rows) {
-    MathClass math;
-    EXPECT_EQ(MathClassPeer::DoOperation(math, left, right, op), result) << op;
-    EXPECT_EQ(math.ResultDetails, details) << op;
-  }
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "engine/plain_rewriting.h"
 
-#include <algorithm>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -80,30 +79,21 @@ String FractionToDecimal(const String& argument) {
 bool IsError(const String& text) { return Has(text, "Error"); }
 bool IsNumberCharacter(const String& c) { return Has(numberCharacters, c); }
 
-void LookupNextOp(const String& text, Int32& position, String& op) {
-  Int32 best = Len(text) + 1;
-  const auto search = [&](const String& sign, Int32 from, Int32 lowest) {
-    const Int32 place = InStr(from, text, sign);
-    if (place < lowest || place >= best) return;
-    best = place;
-    op = sign;
-  };
-  search("^", position, 1);
-  if (op.empty()) {
-    for (const char* sign : {"*", "/", "\\", "%"}) search(sign, position, 1);
+// The place of the first operator of those that bind tightest, or 0. A "-" in front is a sign.
+Int32 NextOperator(const String& text) {
+  for (const char* level : {"^", "*/\\%", "+-"}) {
+    for (Int32 i = 1; i <= Len(text); ++i) {
+      if (Has(level, Mid(text, i, 1)) && (i > 1 || Left(text, 1) != "-")) return i;
+    }
   }
-  if (op.empty()) {
-    search("+", position, 1);
-    search("-", std::max(2, position), 2);
-  }
-  if (!op.empty()) position = best;
+  return 0;
 }
 
 class PlainRewriting {
  public:
   explicit PlainRewriting(std::size_t budget) : budget_(budget) {}
 
-  PlainOutcome Evaluate(std::string_view equationText) {
+  Outcome Evaluate(std::string_view equationText) {
     const Array<String> lines = Split(ReplaceLineEndings(equationText, EndOfLine), EndOfLine);
     AddVariable("pi", "3.14159265358979323846264338327950");
     AddVariable("π", "3.14159265358979323846264338327950");
@@ -156,10 +146,8 @@ class PlainRewriting {
     if (Left(text, 2) == "- ") text = "-" + Mid(text, 3);
     if (Has(text, "(")) return ParenthesesStep(text);
     if (Has(text, "|")) return BarsStep(text);
-    Int32 position = 0;
-    String op;
-    LookupNextOp(text, position, op);
-    return op.empty() ? NoOperatorStep(text) : OperatorStep(text, position, op);
+    const Int32 place = NextOperator(text);
+    return place == 0 ? NoOperatorStep(text) : OperatorStep(text, place);
   }
 
   Step AssignmentStep(const String& text) {
@@ -177,11 +165,8 @@ class PlainRewriting {
 
   Step ParenthesesStep(const String& text) {
     Int32 open = InStr(text, "(");
-    Int32 close = InStr(open, text, ")");
-    for (Int32 next = InStr(open + 1, text, "("); next > 0 && next < close; next = InStr(open + 1, text, "(")) {
-      open = next;
-      close = InStr(open, text, ")");
-    }
+    for (Int32 next = open; next > 0 && next < InStr(open, text, ")"); next = InStr(open + 1, text, "(")) open = next;
+    const Int32 close = InStr(open, text, ")");
     String inner = Mid(text, open + 1, close - open - 1);
     const bool hasComma = Has(inner, ",");
     const String a = Reduce(hasComma ? NthField(inner, ",", 1) : inner);
@@ -220,65 +205,40 @@ class PlainRewriting {
   }
 
   Step NoOperatorStep(const String& untrimmed) {
-    const Int32 n = Len(untrimmed);
     const String text = Trim(untrimmed);
-    String bad;
-    for (Int32 i = 1; i <= n; ++i) {
-      const String c = Mid(text, i, 1);
-      if (!Has(digitsAndSigns, c)) {
-        bad += c;
-      } else if (!bad.empty()) {
-        break;
-      }
-    }
-    if (!bad.empty()) return Fail("Error: Variable Unknown", bad);
+    const Int32 n = Len(text);
+    const auto isKnown = [&text](Int32 i) { return Has(digitsAndSigns, Mid(text, i, 1)); };
+    Int32 begin = 1;
+    while (begin <= n && isKnown(begin)) ++begin;
+    Int32 end = begin;
+    while (end <= n && !isKnown(end)) ++end;
+    if (end > begin) return Fail("Error: Variable Unknown", Mid(text, begin, end - begin));
     if (!Has(text, " ")) return End(text);
     return GoOn(ReplaceAll(ReplaceWhileThere(text, "  ", " "), " ", "*"));
   }
 
-  Step OperatorStep(const String& text, Int32 pos, const String& op) {
+  Step OperatorStep(const String& text, Int32 pos) {
     const Int32 n = Len(text);
-    Int32 start = 0;
-    Int32 end = 0;
-    String left;
-    String right;
-    bool seen = false;
-    for (Int32 i = pos - 1; i >= 1; --i) {
-      const String c = Mid(text, i, 1);
-      if (!IsNumberCharacter(c)) {
-        start = i + 1;
-        if (seen && c == "-") {
-          Int32 k = i - 1;
-          while (k >= 1 && Mid(text, k, 1) == " ") --k;
-          if (k < 1 || !IsNumberCharacter(Mid(text, k, 1))) start = i;
-        }
-        left = Mid(text, start, pos - start);
-        break;
-      }
-      if (i == 1) {
-        start = 1;
-        left = Left(text, pos - 1);
-      }
-      if (c != " ") seen = true;
+    const String op = Mid(text, pos, 1);
+    const auto isSpace = [&text](Int32 i) { return Mid(text, i, 1) == " "; };
+    const auto isNumber = [&text](Int32 i) { return IsNumberCharacter(Mid(text, i, 1)); };
+    Int32 start = pos;
+    while (start > 1 && isNumber(start - 1)) --start;
+    if (start > 1 && Mid(text, start - 1, 1) == "-" && !Trim(Mid(text, start, pos - start)).empty()) {
+      Int32 ahead = start - 2;
+      while (ahead >= 1 && isSpace(ahead)) --ahead;
+      if (ahead < 1 || !isNumber(ahead)) --start;
     }
-    seen = false;
-    for (Int32 i = pos + 1; i <= n && end == 0; ++i) {
-      const String c = Mid(text, i, 1);
-      if ((!seen && c == "-") || c == " ") continue;
-      if (!IsNumberCharacter(c)) {
-        end = i - 1;
-      } else if (i == n) {
-        end = n;
-      }
-      if (end > 0) right = Mid(text, pos + 1, end - pos);
-      seen = true;
-    }
-    if (pos == 1 || pos == n) return Fail(twoArgumentsRequired, op);
-    // No right operand ends, so the whole text would come back behind the value, minus signs and all, for ever.
-    if (end == 0 && op == "-") return Fail(twoArgumentsRequired, op);
+    const String left = Mid(text, start, pos - start);
+    Int32 behind = pos + 1;
+    while (behind <= n && (isSpace(behind) || Mid(text, behind, 1) == "-")) ++behind;
+    // A "-" with only signs behind it would bring the whole text back behind the value, for ever.
+    if (pos == 1 || behind > n) return Fail(twoArgumentsRequired, op);
+    while (behind <= n && isNumber(behind)) ++behind;
+    const String right = Mid(text, pos + 1, behind - pos - 1);
     const String value = DoOperation(left, right, op);
     if (IsError(value)) return End(value);
-    return GoOn(Trim(Left(text, start - 1) + " " + value + " " + Mid(text, end + 1)));
+    return GoOn(Trim(Left(text, start - 1) + " " + value + " " + Mid(text, behind)));
   }
 
   String DoOperation(const String& leftOperand, const String& rightOperand, const String& op) {
@@ -371,12 +331,12 @@ class PlainRewriting {
 
   std::size_t budget_;
   Int32 reduceLevel_ = 0;
-  PlainOutcome outcome_;
+  Outcome outcome_;
 };
 
 }  // namespace
 
-std::optional<PlainOutcome> EvaluatePlainly(std::string_view text, std::size_t budget) {
+std::optional<Outcome> EvaluatePlainly(std::string_view text, std::size_t budget) {
   try {
     return PlainRewriting(budget).Evaluate(text);
   } catch (const OutOfBudget&) {

@@ -9,20 +9,26 @@
 #include <optional>
 #include <string_view>
 
-#include "framework/text/text.h"
+#include "engine/math_class.h"
 
 namespace sumlet {
 
-struct PlainOutcome {
+// What a run leaves; every field means what the property of MathClass means.
+struct Outcome {
   String result;
   String details;
   Int32 lastLine = 0;
   Array<String> varKey;
   Array<String> varValue;
+  [[nodiscard]] bool operator==(const Outcome&) const = default;
 };
 
-// Evaluates `text` as MathClass::Evaluate does; every field means what the property there means. Gives nothing when the
-// rewritten texts together exceed `budget` bytes: this evaluator is no judge of texts that long.
-[[nodiscard]] std::optional<PlainOutcome> EvaluatePlainly(std::string_view text, std::size_t budget);
+inline Outcome OutcomeOf(const MathClass& math) {
+  return {math.Result, math.ResultDetails, math.LastLineEvaluated, math.varKey, math.varValue};
+}
+
+// Evaluates `text` as MathClass::Evaluate does. Gives nothing when the rewritten texts together exceed `budget` bytes:
+// this evaluator is no judge of texts that long.
+[[nodiscard]] std::optional<Outcome> EvaluatePlainly(std::string_view text, std::size_t budget);
 
 }  // namespace sumlet

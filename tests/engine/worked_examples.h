@@ -76,13 +76,13 @@ inline constexpr Example workedExamples[] = {
     // a function writes no sign
     {"cos(pi)", "1"}, {"sin(-1)-1", "-0.1585290152"},
     // calls that fail
-    {"sqrt (4)", unknown, "sqrt"}, {"pow(2)", twoArguments, "pow"}, {"atan2(1,)", twoArguments, "atan2"},
+    {"sqrt (4)", unknown, "sqrt"}, {"sqrt()", oneArgument, "sqrt"}, {"pow(2)", twoArguments, "pow"}, {"atan2(1,)", twoArguments, "atan2"},
     {"sqrt(-1)", unknown, "nan"}, {"log(0)", unknown, "inf"}, {"x(sqrt(-1))", unknown, "nan"},
     {"(log(0))()/()", unknown, "inf"}, {"mod(7,3)", twoOperands, "%"}, {"xmod(7,3)", unknown, "x"},
     {"xmod(7)", twoArguments, "mod"},
     // decimals to fractions
     {"frac(0.5)", "\"1/2\""}, {"frac(0.05)", "\"1/2\""}, {"frac(1/3)", "\"1/3\""}, {"frac(0.999)", "\"1 0/9\""},
-    {"frac()", "0"}, {"frac(-0.333)", "\"-2/9\""},
+    {"frac()", "0"}, {"frac(-0.333)", "\"-2/9\""}, {"frac(-2.5)", "\"1/2\""},
     {"frac(1234567891)", "\"1234567891 1/1\""},  // seven digits and an exponent: 1.234568e+9
     {"frac(0.00001234)", "\"1/5\""},  // 1.234000e-5
     {"1+frac(0.5)", notAlone, "+frac"}, {"frac(2.5)+1", notAlone, ""}, {"-- frac(0.5)", "\"1/2\"", " frac"},

@@ -9,9 +9,7 @@ namespace sumlet {
 namespace {
 
 TEST(Bytes, CountAndCompareBytes) {
-  EXPECT_EQ(MidB("aé", 2, 1) + MidB("abc", 3) + MidB("abc", 2, 9),
-            "\xC3"
-            "cbc");
+  EXPECT_EQ(MidB("aé", 2, 1) + MidB("abc", 3) + MidB("abc", 2, 9), "\xC3" + String("cbc"));
   EXPECT_EQ(MidB("abc", 4) + MidB("abc", 0) + MidB("abc", 2, -1), "");
   EXPECT_EQ(InStrB(1, "aBc", "b"), 0);
   EXPECT_EQ(InStrB(3, "ababé€", "ab"), 3);
@@ -37,8 +35,7 @@ TEST(Variant, Conversions) {
     const char* text;
     Int32 integer;
     double number;
-    bool boolean;
-    bool isNumeric;
+    bool boolean, isNumeric;
   } rows[] = {
       {{}, "", 0, 0, false, false}, {"13", "13", 13, 13, true, true}, {" -2.9e0 ", " -2.9e0 ", -2, -2.9, true, true},
       {"0.0", "0.0", 0, 0, false, true}, {"TRUE", "TRUE", 0, 0, true, false}, {"2e", "2e", 2, 2, false, false},
@@ -49,13 +46,13 @@ TEST(Variant, Conversions) {
       {ColorToVariant({0, 10, 255}), "&h000AFF", 0xAFF, 0xAFF, true, false},
   };
   // clang-format on
-  for (const auto& row : rows) {
-    EXPECT_EQ(VariantToString(row.value), row.text);
-    EXPECT_EQ(VariantToInt32(row.value), row.integer) << row.text;
-    EXPECT_EQ(VariantToDouble(row.value), row.number) << row.text;
-    EXPECT_EQ(VariantToBoolean(row.value), row.boolean) << row.text;
-    EXPECT_EQ(VariantToString(VariantNot(row.value)), row.boolean ? "False" : "True") << row.text;
-    EXPECT_EQ(IsNumeric(row.value), row.isNumeric) << row.text;
+  for (const auto& [value, text, integer, number, boolean, isNumeric] : rows) {
+    EXPECT_EQ(VariantToString(value), text);
+    EXPECT_EQ(VariantToInt32(value), integer) << text;
+    EXPECT_EQ(VariantToDouble(value), number) << text;
+    EXPECT_EQ(VariantToBoolean(value), boolean) << text;
+    EXPECT_EQ(VariantToString(VariantNot(value)), boolean ? "False" : "True") << text;
+    EXPECT_EQ(IsNumeric(value), isNumeric) << text;
   }
 }
 
@@ -63,22 +60,20 @@ TEST(Variant, Conversions) {
 TEST(Variant, DictionaryKeys) {
   for (const Int32 others : {0, 12}) {
     Dictionary map;
+    for (Int32 i = 0; i < others; ++i) map.SetValue(Int32ToVariant(100 + i), Int32ToVariant(i));
     map.SetValue("Pi", "a");
     map.SetValue("pI", "b");
-    map.SetValue(DoubleToVariant(0.1), "c");
-    map.SetValue(DoubleToVariant(0.0), "e");
-    for (Int32 i = 0; i < others; ++i) map.SetValue(Int32ToVariant(100 + i), Int32ToVariant(i));
-    EXPECT_EQ(map.Count(), 3 + others);
-    EXPECT_EQ(VariantToString(map.Value("PI")), "b");
+    map.SetValue(DoubleToVariant(0.0), "c");
+    EXPECT_EQ(map.Count(), 2 + others);
+    EXPECT_EQ(VariantToString(map.Value("PI")) + VariantToString(map.Value(DoubleToVariant(-0.0))), "bc");
     EXPECT_FALSE(map.HasKey("0") || map.HasKey(Int32ToVariant(0)));
+    map.Remove(others > 0 ? Int32ToVariant(100) : "absent");
     map.Remove("PI");
-    map.Remove("absent");
     EXPECT_EQ(VariantToString(map.Lookup("pi", "none")), "none");
     EXPECT_THROW((void)map.Value("pi"), Fault);
-    EXPECT_EQ(VariantToString(map.Value(DoubleToVariant(-0.0))) + VariantToString(map.Values()[0]), "ec");
-    if (others > 0) {
-      EXPECT_EQ(VariantToInt32(map.Value(Int32ToVariant(105))), 5);
-    }
+    EXPECT_EQ(VariantToString(map.Value(DoubleToVariant(0.0))), "c");
+    map.Clear();
+    EXPECT_FALSE(map.HasKey(Int32ToVariant(101)));
   }
 }
 

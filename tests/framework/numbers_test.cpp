@@ -9,6 +9,7 @@
 #include <cstring>
 #include <limits>
 #include <random>
+#include <tuple>
 
 namespace sumlet {
 namespace {
@@ -20,11 +21,7 @@ constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 TEST(Numbers, ReadFromText) {
   // clang-format off
-  const struct {
-    std::string_view text;
-    double val;
-    double cdbl;
-  } rows[] = {
+  const std::tuple<std::string_view, double, double> rows[] = {
       {"", 0, 0}, {" 1.5e2x", 150, 150}, {"+5", 5, 5}, {"  -2.5.1", -2.5, -2.5}, {"5.", 5, 5}, {"-.5", -0.5, -0.5},
       {"3.14159265358979323846264338327950", 3.141592653589793, 3.141592653589793},
       // signs and points without a digit are no number; an exponent counts when it has a digit
@@ -40,9 +37,9 @@ TEST(Numbers, ReadFromText) {
       {"&h00FFzz", 0, 255}, {"&hg", 0, 0}, {"&", 0, 0}, {"&h80000000", 0, 2147483648.0},
   };
   // clang-format on
-  for (const auto& row : rows) {
-    EXPECT_EQ(Val(row.text), row.val) << row.text;
-    EXPECT_EQ(CDbl(row.text), row.cdbl) << row.text;
+  for (const auto& [text, val, cdbl] : rows) {
+    EXPECT_EQ(Val(text), val) << text;
+    EXPECT_EQ(CDbl(text), cdbl) << text;
   }
   EXPECT_EQ(Val(String(400, '9')), infinity);
   EXPECT_EQ(Val(String(100000, '0') + "7." + String(100000, '0')), 7);
@@ -50,28 +47,21 @@ TEST(Numbers, ReadFromText) {
 
 TEST(Numbers, StrHasSevenDigits) {
   // clang-format off
-  const struct {
-    double value;
-    const char* text;
-  } rows[] = {
+  const std::pair<double, const char*> rows[] = {
       {3.0, "3"}, {0.0, "0"}, {-2.25, "-2.25"}, {2.0 / 3.0, "0.6666667"}, {100000, "100000"},
       // the exponent form, and rounding across its border
       {1234567, "1234567"}, {9999999.6, "1.000000e+7"}, {-1e10, "-1.000000e+10"}, {0.000099999999, "0.0001"},
       {0.00009999999, "9.999999e-5"}, {1e-300, "1.000000e-300"}, {-infinity, "inf"}, {-notANumber, "nan"},
   };
   // clang-format on
-  for (const auto& row : rows) EXPECT_EQ(Str(row.value), row.text);
+  for (const auto& [value, text] : rows) EXPECT_EQ(Str(value), text);
 }
 
 TEST(Numbers, Format) {
   const char* const ten = "-#.##########";
   const char* const twentyFive = "-#.#########################";
   // clang-format off
-  const struct {
-    double value;
-    const char* pattern;
-    const char* text;
-  } rows[] = {
+  const std::tuple<double, const char*, const char*> rows[] = {
       {-0.5, ten, "-0.5"}, {-0.5, "#.#", "0.5"}, {3, ten, "3."}, {2.0 / 3.0, ten, "0.6666666667"}, {-7, "-#", "-7"},
       {1180591620717411303424.0, ten, "1180591620717411303424."}, {0.1, twentyFive, "0.1000000000000000055511151"},
       // a carry through all digits; what rounds to zero has no sign
@@ -81,7 +71,7 @@ TEST(Numbers, Format) {
       {-infinity, ten, "-inf"}, {-infinity, "#", "inf"}, {-notANumber, ten, "nan"},
   };
   // clang-format on
-  for (const auto& row : rows) EXPECT_EQ(Format(row.value, row.pattern), row.text) << row.pattern;
+  for (const auto& [value, pattern, text] : rows) EXPECT_EQ(Format(value, pattern), text) << pattern;
   const double largest = std::numeric_limits<double>::max();
   EXPECT_EQ(Val(Format(-largest, twentyFive)), -largest);
 }

@@ -2,7 +2,9 @@
 // leaves in the two stores.
 #pragma once
 
+#include <initializer_list>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -42,11 +44,29 @@ inline String Bytes(const Items& items, bool optimized = true) {
   return list.GetData();
 }
 
+// The list that `pieces` make, read one after the other as a binary one.
+inline KeyList ReadList(std::initializer_list<std::string_view> pieces) {
+  KeyList list;
+  list.BinaryFormat = true;
+  for (const std::string_view piece : pieces) list.AddData(piece);
+  return list;
+}
+
 inline Items ItemsOf(const KeyList& list) {
   Items items(static_cast<std::size_t>(list.ItemCount()));
   for (Int32 i = 0; auto& [key, value] : items) list.BinGetItem(i++, key, value);
   return items;
 }
+
+// A window whose record is a list of texts.
+struct FakeWindow final : MyWindowManager::StoredWindow {
+  explicit FakeWindow(Items items) : fields(std::move(items)) {}
+  [[nodiscard]] bool operator==(const FakeWindow& other) const { return fields == other.fields; }
+  void StoreRecord(KeyList& record) const override {
+    for (const auto& [key, value] : fields) record.AddItem(key, value);
+  }
+  Items fields;
+};
 
 // The templates, "[name=text]" each.
 inline String Templates() {

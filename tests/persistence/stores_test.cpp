@@ -46,11 +46,7 @@ TEST(Templates, Storing) {
 TEST(Templates, Loading) {
   const auto record = [](const char* name, const char* text) { return Bytes({{"equation", text}, {"name", name}}); };
   // clang-format off
-  const struct {
-    String data;
-    const char* templates;
-    std::vector<String> alerts;
-  } rows[] = {
+  const std::tuple<String, const char*, std::vector<String>> rows[] = {
       {Bytes({{"1", record("n", "%31")}, {"0", record("m", "2%")}}), "[m=2%][n=1]", {}},
       {Bytes({{"0", record("", "1")}, {"1", Bytes({{"name", "n"}})}}), "", {}},
       {Bytes({{"0", record("n", "1")}, {"0", record("m", "2")}, {"x", ""}}), "[n=1]", UnknownFormats({"0"})},
@@ -60,9 +56,9 @@ TEST(Templates, Loading) {
       {Bytes({{"0", record("<n>", "1234567890ab")}}), "[<n>=1234567890ab]", {}},
   };
   // clang-format on
-  for (const auto& row : rows) {
-    EXPECT_EQ(LoadTemplates(row.data), row.alerts) << row.data;
-    EXPECT_EQ(Templates(), row.templates) << row.data;
+  for (const auto& [data, templates, alerts] : rows) {
+    EXPECT_EQ(LoadTemplates(data), alerts) << data;
+    EXPECT_EQ(Templates(), templates) << data;
   }
   EXPECT_TRUE(LoadTemplates(Bytes({{"0", record("n", "1")}}), 0).empty());
   EXPECT_EQ(TemplatesManager::Key, (Array<String>{"n", "Variables Example", "Function Example"}));
@@ -70,44 +66,29 @@ TEST(Templates, Loading) {
 
 TEST(Templates, AddingANameThatExists) {
   // clang-format off
-  const struct {
-    const char* name;
-    DialogButton answer;
-    const char* templates;
-  } rows[] = {
+  const std::tuple<const char*, DialogButton, const char*> rows[] = {
       {"new", DialogButton::Cancel, "[a=1][B=2][b=3][new=9]"},  // nothing is asked
       {"b", DialogButton::Action, "[a=1][B=9][b=3]"}, {"A", DialogButton::Cancel, "[a=1][B=2][b=3]"},
       {"A", DialogButton::Alternate, "[a=1][B=2][b=3][A=9]"},
   };
   // clang-format on
-  for (const auto& row : rows) {
+  for (const auto& [name, answer, templates] : rows) {
     TemplatesManager::Key = {"a", "B", "b"};
     TemplatesManager::EquationText = {"1", "2", "3"};
-    const DialogHandler before = SetDialogHandler([&](const MessageDialog& dialog) {
+    const DialogHandler before = SetDialogHandler([answer = answer](const MessageDialog& dialog) {
       EXPECT_EQ(dialog.Message, "A template with this name already exists. Would you like to replace it?");
       EXPECT_EQ(dialog.ActionButton + "/" + dialog.AlternateActionButton, "Replace/Save as New");
       EXPECT_TRUE(dialog.CancelButton);
-      return row.answer;
+      return answer;
     });
-    TemplatesManager::Add(row.name, "9");
+    TemplatesManager::Add(name, "9");
     SetDialogHandler(before);
-    EXPECT_EQ(Templates(), row.templates) << row.name;
+    EXPECT_EQ(Templates(), templates) << name;
   }
   EXPECT_THROW(TemplatesManager::Remove(4), Fault);
   TemplatesManager::Remove(1);
   EXPECT_EQ(Templates(), "[a=1][b=3][A=9]");
 }
-
-class FakeWindow final : public MyWindowManager::StoredWindow {
- public:
-  FakeWindow(const char* key, const char* text) : key_(key), text_(text) {}
-  virtual ~FakeWindow() = default;
-  void StoreRecord(KeyList& record) const override { record.AddItem(key_, EncodeURLComponent(text_)); }
-
- private:
-  const char* key_;
-  const char* text_;
-};
 
 std::vector<String> LoadWindows(std::string_view data) {
   opened.clear();
@@ -117,8 +98,8 @@ std::vector<String> LoadWindows(std::string_view data) {
 TEST(Session, WindowsComeBackFrontLast) {
   RegisterStores();
   Preferences::RememberEquations = true;
-  const FakeWindow front("equation", "1\n");
-  const FakeWindow chooser("template", "True");
+  const FakeWindow front(Items{{"equation", "1%0A"}});
+  const FakeWindow chooser(Items{{"template", "True"}});
   MyWindowManager::SetWindowList([&] {
     return std::vector<const MyWindowManager::StoredWindow*>{&front, nullptr, &chooser};
   });
@@ -136,11 +117,7 @@ TEST(Session, DamagedRecords) {
   RegisterStores();
   Preferences::RememberEquations = true;
   // clang-format off
-  const struct {
-    String record;
-    const char* opened;
-    std::vector<String> alerts;
-  } rows[] = {
+  const std::tuple<String, const char*, std::vector<String>> rows[] = {
       {Bytes({{"left", "7"}, {"equation", "1%"}}), "[1%@7]", {}}, {Bytes({{"left", "7"}, {"text", "1"}}), "", {}},
       {Bytes({{"equation", "1"}, {"template", ""}}), "[chooser]", {"chooser"}},
       {Bytes({{"left", "x"}, {"equation", "12345"}}).substr(0, 20), "[@0]", {}},  // the text is cut off
@@ -148,9 +125,9 @@ TEST(Session, DamagedRecords) {
       {"\x05k", "", UnknownFormats({"5"})},
   };
   // clang-format on
-  for (const auto& row : rows) {
-    EXPECT_EQ(LoadWindows(Bytes({{"0", Bytes({{"equation", "2"}})}, {"1", row.record}})), row.alerts) << row.record;
-    EXPECT_EQ(opened, String(row.opened) + "[2@20]") << row.record;
+  for (const auto& [record, window, alerts] : rows) {
+    EXPECT_EQ(LoadWindows(Bytes({{"0", Bytes({{"equation", "2"}})}, {"1", record}})), alerts) << record;
+    EXPECT_EQ(opened, String(window) + "[2@20]") << record;
   }
   // What is wrong with many records is told once, what a window has to tell each time.
   const String chooser = Bytes({{"template", ""}});

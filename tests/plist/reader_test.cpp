@@ -7,11 +7,6 @@
 namespace sumlet {
 namespace {
 
-void Read(plistDict& node, std::string_view lines, bool asArray = false) {
-  TextInputStream stream{String(lines)};
-  node.Load(&stream, "root", asArray, nullptr, nullptr, true);
-}
-
 TEST(PropertyListReader, Layouts) {
   const std::pair<const char*, const char*> rows[] = {
       // values
@@ -55,21 +50,9 @@ TEST(PropertyListReader, Layouts) {
   };
   for (const auto& [lines, tree] : rows) {
     plistDict node;
-    Read(node, lines);
+    ReadLines(node, lines);
     EXPECT_EQ(TreeText(node), tree) << lines;
   }
-}
-
-TEST(PropertyListReader, TheNodeItself) {
-  plistDict node;
-  node.SetString("old", "1");
-  node.AddChild("kept");
-  Read(node, "<true/>\n\n<string>1\n2</string>\n</array>\n", true);
-  EXPECT_EQ(TreeText(node), "0:boolean=true, 2:string=1\r2\r");
-  EXPECT_EQ(node.indexOf(), 3);
-  EXPECT_EQ(node.name(), "root");
-  EXPECT_EQ(node.children().Ubound(), 1);
-  EXPECT_THROW(node.Load(nullptr, "root", false, nullptr, nullptr, true), Fault);
 }
 
 // Each has to end, in a time that grows with its length alone.
@@ -91,7 +74,7 @@ TEST(PropertyListReader, HostileTexts) {
   };
   for (const String& text : texts) {
     plistDict node;
-    Read(node, text);
+    ReadLines(node, text);
     EXPECT_LE(node.count(), 2) << text.substr(0, 20);
   }
 }

@@ -1,9 +1,21 @@
-// A tree as one line of text, to compare with.
+// What the tests of property lists share: lines that become a tree, and a tree as text, to compare with.
 #pragma once
 
 #include "plist/plist_dict.h"
 
 namespace sumlet {
+
+// Reads the lines behind the opening <dict> into `node`, the root of `document` or of none.
+inline void ReadLines(plistDict& node, std::string_view lines, plist* document = nullptr) {
+  TextInputStream stream{String(lines)};
+  node.Load(&stream, "root", false, nullptr, document, true);
+}
+
+inline String Written(const plistDict& node) {
+  TextOutputStream stream;
+  node.Write(stream, 1);
+  return stream.Content();
+}
 
 // "a:string=x, b:dict{c:integer=1}, d:array[0:data=AA==]" in the order of the keys. A key without a value has no "=",
 // one without a type nothing between ":" and "="; a container of a key that several children stand under shows them
