@@ -33,7 +33,8 @@ void plistDict::RemoveElement(Int32 index) {
   if (index < 0 || index > last) SetError(true, "Subscript out of range");
   if (IsContainer(GetType(Str(index)))) RemoveChild(index + 1);
   values_.Remove(Str(index));
-  if (!Exists(Str(index + 1))) types_.Remove(Str(index));  // else it is overwritten, which keeps the order of the keys
+  // A type that the next one is going to overwrite keeps the place of its key.
+  if (index >= last || !Exists(Str(index + 1))) types_.Remove(Str(index));
   for (Int32 j = index + 1; j <= last; ++j) {
     const String key = Str(j);
     if (!Exists(key)) continue;

@@ -6,6 +6,14 @@
 #include "framework/text/numbers.h"
 
 namespace sumlet {
+
+class MathClassPeer {
+ public:
+  static String DoOperation(MathClass& math, const char* left, const char* right, const char* op) {
+    return math.DoOperation(left, right, op);
+  }
+};
+
 namespace {
 
 TEST(Language, WorkedExamples) {
@@ -40,6 +48,23 @@ TEST(Language, RandomNumbers) {
 TEST(Language, ErrorsAreToldByAWord) {
   const MathClass math("|");
   EXPECT_TRUE(!math.ResultIsError() && math.ResultIsError("an eRRoR inside") && !math.ResultIsError("err or"));
+}
+
+// Operators that no line can hold.
+TEST(Language, OperationsOutOfReach) {
+  // clang-format off
+  const char* const rows[][5] = {
+      {" 1 2", "", "", "12", ""}, {"1", "2", "", "Error: Missing an Operator", ""},
+      {"1", "2", "an error", "an error", ""}, {"-7", "3", "Mod", "-1", ""},
+      {"1", "2", "Max", "Error: Format as FunctionName(arguments)", "Max"},
+      {"1", "2", "foo", "Error: Function Unknown", "foo"},
+  };
+  // clang-format on
+  for (const auto& [left, right, op, result, details] : rows) {
+    MathClass math;
+    EXPECT_EQ(MathClassPeer::DoOperation(math, left, right, op), result) << op;
+    EXPECT_EQ(math.ResultDetails, details) << op;
+  }
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include "framework/message.h"
 #include "framework/text/numbers.h"
 #include "plist/plist.h"
 #include "tree_text.h"
@@ -50,6 +51,7 @@ void Check(std::string_view lines, const std::vector<Row>& rows) {
 TEST(PropertyListAccess, AbsentKeysTakeTheDefault) {
   Check("", {
       {CALL(x.GetString("k", "y")), "y", "", "k:string=y"},
+      {CALL(x.GetData("k", "AA==")), "AA==", "", "k:string=AA=="},
       {CALL(Str(x.GetInteger("k", -2147483647 - 1))), "-2147483648", "", "k:integer=-2147483648"},
       {CALL(Str(x.GetDouble("k", -2.25))), "2.2", "", "k:real=2.2"},
       {CALL(Str(x.GetReal("k", 3))), "3", "", "k:real=3."},
@@ -122,19 +124,31 @@ TEST(PropertyListAccess, ArrayElements) {
 }
 
 TEST(PropertyListAccess, Nodes) {
+  String shown;
+  const MessageHandler before = SetMessageHandler([&shown](std::string_view text) { shown += text; });
   plist document(FolderItem("/nowhere/at/all"));
   plistDict& root = document.root();
   plistDict& deep = root.child("a").child("Root").child("b");
   EXPECT_EQ(deep.AbsolutePath() + root.child("A").child("c").AbsolutePath(), ":root:b:root:a:c");
+
+  document.debug = true;
+  EXPECT_FALSE(root.AddArray("A"));
+  root.AddChild("a");
+  EXPECT_EQ(shown, "Array exists: A already existsChild exists: a already exists");
+  document.debug = false;
   root.SetString("s", "1");
   EXPECT_THROW(root.child("s"), Fault);
   EXPECT_THROW((void)root.GetType("?"), Fault);
   EXPECT_EQ(TreeText(root), "a:dict{Root:dict{b:dict{}}, c:dict{}}, s:string=1");
+
   root.MoveFirst();
   root.MoveNext();
   EXPECT_EQ(root.CurrentKey() + Text(root.eof()), "sfalse");
   root.MoveNext();
   EXPECT_EQ(root.CurrentKey() + Text(root.eof()), "atrue");
+  root.MoveLast();
+  EXPECT_EQ(root.CurrentKey(), "s");
+  SetMessageHandler(before);
 }
 
 TEST(PropertyListAccess, Dates) {

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <tuple>
 
+#include "framework/clipboard.h"
 #include "framework/file/program.h"
 #include "plist/plist.h"
 #include "temporary_folder.h"
@@ -83,6 +84,9 @@ TEST_F(PropertyListFile, Places) {
   missing.Delete();
   plist fallback(missing, File("other", newHeaders + "<key>a</key>\n<true/>\n</dict>\n"));
   EXPECT_EQ(TreeText(fallback.root()), "a:boolean=true");
+  fallback.SaveAsInvisible(FolderItem(folder_ / "not looked at"));
+  EXPECT_EQ(TreeText(plist(missing).root()), "a:boolean=true");
+
   EXPECT_EQ(plist(FolderItem(folder_)).errorMessage, "Not a plist file");
   none.savePath = FolderItem(folder_ / "no/such/folder");
   none.Save(true);
@@ -116,6 +120,18 @@ TEST_F(PropertyListFile, Writing) {
   EXPECT_EQ(Content(document.savePath), newHeaders + body + "</dict>\n</plist>\n");
   plist again(document.savePath);
   EXPECT_EQ(TreeText(again.root()), TreeText(root));
+}
+
+// Children stand ahead of their parent, which has their opening and closing tags.
+TEST_F(PropertyListFile, Dumping) {
+  plist document(File("list", "<plist>\n<dict>\n<key>r</key>\n<true/>\n</dict>\n"));
+  document.root().child("d").SetInteger("n", 1);
+  document.Dump();
+  EXPECT_EQ(ClipboardText(),
+            "<plist>\r<dict>\r"
+            "\t\t<key>n</key>\r\t\t<search/>\r\t\t<integer>1</integer>\r"
+            "\t<key>r</key>\r\t<nosearch/>\r\t<true/>\r\t<key>d</key>\r\t<search/>\r\t<dict>\r\t</dict>\r"
+            "</dict>\r</plist>\r");
 }
 
 TEST_F(PropertyListFile, BinaryByTheRealTool) {
@@ -169,11 +185,15 @@ TEST_F(PropertyListFile, BinaryByOtherTools) {
     EXPECT_TRUE(fs::is_empty(temporary_)) << script;
   }
 
-  // a copy that is lost; then no tool, where the document is written as text
+  // a copy that is lost; no place for a copy; then no tool, where the document is written as text
   Install("plutil", "rm \"$3\"");
   const FolderItem file = File("list", "BPLIST");
   plist(file).Save(true);
   EXPECT_EQ(Content(file), "BPLIST");
+  setenv("TMPDIR", "/nowhere", 1);
+  plist(file).Save(true);
+  EXPECT_EQ(Content(file), "BPLIST");
+  setenv("TMPDIR", temporary_.c_str(), 1);
   setenv("PATH", folder_.c_str(), 1);
   plist document(file);
   EXPECT_EQ(document.errorMessage, no);

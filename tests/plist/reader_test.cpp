@@ -55,6 +55,19 @@ TEST(PropertyListReader, Layouts) {
   }
 }
 
+TEST(PropertyListReader, TheNodeItself) {
+  plistDict node;
+  node.SetString("old", "1");
+  node.AddChild("kept");
+  TextInputStream lines("<true/>\n\n<string>1\n2</string>\n</array>\n");
+  node.Load(&lines, "root", true, nullptr, nullptr, true);
+  EXPECT_EQ(TreeText(node), "0:boolean=true, 2:string=1\r2\r");
+  EXPECT_EQ(node.indexOf(), 3);
+  EXPECT_EQ(node.name(), "root");
+  EXPECT_EQ(node.children().Ubound(), 1);
+  EXPECT_THROW(node.Load(nullptr, "root", false, nullptr, nullptr, true), Fault);
+}
+
 // Each has to end, in a time that grows with its length alone.
 TEST(PropertyListReader, HostileTexts) {
   const auto repeat = [](const String& text, int count) {

@@ -43,6 +43,13 @@ TEST_F(PropertyListTree, Removing) {
   EXPECT_THROW(root.child("a").Remove(Int32ToVariant(2)), Fault);
   EXPECT_EQ(document.errorMessage, "Subscript out of range");
   EXPECT_THROW(root.child("a").Remove(Int32ToVariant(-1)), Fault);
+
+  // blank lines count as elements, so that the keys go beyond the number of elements
+  plistDict gaps;
+  ReadLines(gaps, "<key>a</key>\n<array>\n\n\n\n\n<string>x</string>\n<string>y</string>\n</array>\n");
+  EXPECT_EQ(TreeText(gaps), "a:array[4:string=x, 5:string=y]");
+  gaps.child("a").Remove(Int32ToVariant(4));
+  EXPECT_EQ(TreeText(gaps), "a:array[5:string=y]");
 }
 
 TEST_F(PropertyListTree, Moving) {

@@ -3,7 +3,9 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
+#include <QRadioButton>
 
 #include "framework/ui/listbox.h"
 #include "framework/ui/text_area.h"
@@ -45,9 +47,12 @@ TEST(PropertyListControls, Windows) {
   window->SetWidth(100);
   window->setWindowTitle(QStringLiteral("other"));
   node.GetWindow("W", *window);
+  EXPECT_EQ(window->windowTitle(), "Title");
   node.AddArray("a");
   node.child("a").AppendWindow(*window);
+  node.AppendWindow(*window);
   EXPECT_EQ(TreeText(node.child("a")), "0:dict{" + String(stored) + "}");
+  EXPECT_EQ(node.count(), 2);
   window->Close();
 }
 
@@ -80,10 +85,17 @@ TEST(PropertyListControls, Lists) {
   EXPECT_EQ(two.Cell(1, 0) + two.Cell(1, 1), "cd");
 
   QComboBox& popup = *Named(new QComboBox(&parent));
-  node.GetPopup(popup, true);
+  popup.addItems({QStringLiteral("x"), QStringLiteral("y")});
+  popup.setCurrentIndex(1);
+  plistDict array;
+  array.Load(nullptr, "list", true, nullptr, nullptr, false);
+  array.AppendPopup(popup);
+  node.AppendPopup(popup);
+  EXPECT_EQ(node.count(), 2);
+  EXPECT_EQ(TreeText(array), "name.0:dict{default:string=y, elements:array[0:string=x, 1:string=y]}");
+  array.AppendListbox(one);
+  array.GetPopup(popup, true);
   EXPECT_EQ(popup.currentText(), QStringLiteral("é"));
-  node.SetPopup(popup);
-  EXPECT_EQ(TreeText(node.child("name.0")), "default:string=é, elements:array[0:string=old, 1:string=é]");
 }
 
 // What a control shows is the default, so that the first read stores it and the second one brings it back.
@@ -91,25 +103,41 @@ TEST(PropertyListControls, SingleControls) {
   QWidget parent;
   TextArea& area = *Named(new TextArea(&parent));
   QLineEdit& field = *Named(new QLineEdit(&parent));
+  QLabel& label = *Named(new QLabel(&parent));
   QCheckBox& box = *Named(new QCheckBox(&parent));
-  plistDict nodes[3];
+  QRadioButton& radio = *Named(new QRadioButton(&parent));
+  plistDict nodes[5];
   const auto readAll = [&] {
     nodes[0].GetEditField(area);
     nodes[1].GetTextField(field);
-    nodes[2].GetCheckbox(box);
+    nodes[2].GetStaticText(label);
+    nodes[3].GetCheckbox(box);
+    nodes[4].GetRadio(radio);
   };
+  const QString text = QStringLiteral("é\t<b>");
   const auto show = [&](const QString& shown, bool checked) {
     area.SetText((shown + QStringLiteral("\n2")).toStdString());
     field.setText(shown);
+    label.setText(shown);
     box.setChecked(checked);
+    radio.setChecked(checked);
   };
-  const QString text = QStringLiteral("é\t<b>");
   show(text, true);
   readAll();
   show(QStringLiteral("other"), false);
   readAll();
   EXPECT_EQ(area.Text(), text.toStdString() + "\n2");
-  EXPECT_TRUE(field.text() == text && box.isChecked());
+  EXPECT_TRUE(field.text() == text && label.text() == text && box.isChecked() && radio.isChecked());
+
+  show(QStringLiteral("new"), false);
+  nodes[0].SetStaticText(label);
+  EXPECT_EQ(TreeText(nodes[0]), "name:string=new");
+  nodes[1].SetEditField(area);
+  nodes[2].SetTextField(field);
+  nodes[3].SetRadio(radio);
+  nodes[4].SetCheckbox(box);
+  EXPECT_EQ(TreeText(nodes[1]) + TreeText(nodes[2]), "name:string=new\n2name:string=new");
+  EXPECT_EQ(TreeText(nodes[3]) + TreeText(nodes[4]), "name:boolean=falsename:boolean=false");
 }
 
 }  // namespace
