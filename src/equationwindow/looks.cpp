@@ -48,10 +48,11 @@ void winSumlet::SyntaxColoring() {
 void winSumlet::ArrangeControls() {
   QFont font = textInput_->font();
   font.setPointSize(std::clamp(TextSize, 1, 1000));
+  textOutput_->SetScrollbarVertical(false);  // a bar, while it stands, takes room from the lines that are counted
   const Int32 lines = textOutput_->LineNumAtCharPos(Len(textOutput_->Text()));
   const AreaLayout layout = LayOutAreas(Height(), QFontMetrics(font).height(), lines);
-  textOutput_->SetScrollbarVertical(layout.outputScrolls);
   textOutput_->setGeometry(textOutput_->x(), layout.outputTop, textOutput_->width(), layout.outputHeight);
+  textOutput_->SetScrollbarVertical(layout.outputScrolls);
   textInput_->setGeometry(textInput_->x(), layout.inputTop, textInput_->width(), layout.inputHeight);
 }
 

@@ -34,6 +34,7 @@ void winSumlet::RestoreFrom(const MyWindowManager::Record& record) {
   if (VariantToBoolean(record.LoadItem("fullscreen", BooleanToVariant(false)))) window->delayToggleFullscreen();
   window->SetEquation(text("name"), DecodeURLComponent(text("equation")));
   window->Show();
+  window->ArrangeControls();  // the result is wrapped only now that its area has its width
 }
 
 }  // namespace sumlet

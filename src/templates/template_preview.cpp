@@ -46,7 +46,7 @@ void DrawPreview(CellGraphics& g, std::string_view text) {
   const std::vector<QTextLine> lines = WrappedLines(text, g.painter.font(), std::max(g.Width - leftMargin, 1),
                                                     static_cast<std::size_t>(fillsTheCell), layouts);
   const Int32 height = pitch * static_cast<Int32>(lines.size());
-  Int32 baseline = std::max(g.Height / 2 - height / 2, 0) + metrics.ascent();
+  Int32 baseline = std::max((g.Height - height) / 2, 0) + metrics.ascent();
   for (const QTextLine& line : lines) {
     line.draw(&g.painter, QPointF(leftMargin, baseline - line.y() - line.ascent()));
     baseline += pitch;

@@ -21,6 +21,13 @@ constexpr int textMargin = 4;  // pixels, left and right of a text
 // What is told of a cell to a screen reader and to the search by typing: enough to know it by.
 constexpr Int32 spokenLength = 1000;  // characters
 
+// Line ends, tabs and control characters become blanks; blanks stay as many as they are.
+QString OnOneLine(QString text) {
+  for (QChar& c : text)
+    if (c.isSpace() || c.category() == QChar::Other_Control) c = u' ';
+  return text;
+}
+
 }  // namespace
 
 class Listbox::Rows final : public QAbstractTableModel {
@@ -157,7 +164,7 @@ void Listbox::drawRow(QPainter* painter, const QStyleOptionViewItem& option, con
 void Listbox::DrawText(CellGraphics& g, Int32 row, Int32 column) const {
   const String& text = Cell(row, column);
   if (text.empty()) return;
-  const QString line = ToQString(sumlet::Left(text, g.Width + 1)).simplified();
+  const QString line = OnOneLine(ToQString(sumlet::Left(text, g.Width + 1)));
   const QRect space(textMargin, 0, std::max(g.Width - 2 * textMargin, 0), g.Height);
   const QString shown = g.painter.fontMetrics().elidedText(line, textElideMode(), space.width());
   const Qt::Alignment side =

@@ -8,6 +8,7 @@
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextLayout>
 #include <QWheelEvent>
@@ -49,6 +50,8 @@ TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent), lineColors_(new Li
   SetMargins();
   setTabChangesFocus(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  // Qt would still scroll sideways, to a caret at the end of a full line, and stay there.
+  connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this] { horizontalScrollBar()->setRange(0, 0); });
   connect(document(), &QTextDocument::contentsChange, this,
           [this](int position, int, int added) { WrapAnywhereIfLong(position, added); });
   connect(this, &QPlainTextEdit::textChanged, this, [this] {
