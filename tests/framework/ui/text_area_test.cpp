@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::string_literals;
 
-class TextAreaTest : public testing::Test {
+class TextAreaTest : public WindowFixture {
  protected:
   TextAreaTest() {
     area.resize(300, 100);
@@ -59,9 +59,9 @@ TEST_F(TextAreaTest, TellsOfChangesOfTheTextOnly) {
 }
 
 TEST_F(TextAreaTest, Keys) {
-  QTest::keyClick(&area, Qt::Key_1);
+  QTest::keyClicks(&area, "12");
+  QTest::keyClick(&area, Qt::Key_Left);
   QTest::keyClick(&area, Qt::Key_Return, Qt::ShiftModifier);
-  QTest::keyClick(&area, Qt::Key_2);
   EXPECT_EQ(area.Text(), "1\n2");
   area.SetReadOnly(true);
   QApplication::clipboard()->setText("9");
@@ -73,28 +73,21 @@ TEST_F(TextAreaTest, Keys) {
 }
 
 TEST_F(TextAreaTest, IsBlackOnWhiteOnADarkDesktop) {
-  const QPalette bright = QApplication::palette();
+  SetDarkDesktop();
   area.SetTextSize(40);
   area.SetText("███");
-  for (const QPalette& desktop : {bright, QPalette(QColor(0x30, 0x30, 0x30))}) {
-    QApplication::setPalette(desktop);
-    for (const bool enabled : {true, false}) {
-      area.setEnabled(enabled);
-      const QImage picture = area.grab().toImage();
-      EXPECT_EQ(picture.pixelColor(250, 50), QColor(Qt::white));
-      EXPECT_EQ(picture.pixelColor(30, 35), QColor(Qt::black));
-      EXPECT_NE(picture.pixelColor(0, 50), QColor(Qt::white)) << "the border";
-    }
-  }
-  QApplication::setPalette(bright);
+  const QImage picture = area.grab().toImage();
+  EXPECT_EQ(picture.pixelColor(250, 50), QColor(Qt::white));
+  EXPECT_EQ(picture.pixelColor(30, 35), QColor(Qt::black));
+  EXPECT_NE(picture.pixelColor(0, 50), QColor(Qt::white)) << "the border";
 }
 
 TEST_F(TextAreaTest, HidesItsSelectionFromOtherControlsOnly) {
-  for (const auto reason : {Qt::TabFocusReason, Qt::MouseFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason}) {
+  for (const auto reason : {Qt::TabFocusReason, Qt::MenuBarFocusReason}) {
     QFocusEvent out(QEvent::FocusOut, reason);
     QCoreApplication::sendEvent(&area, &out);
     const bool hidden = area.palette().color(QPalette::Inactive, QPalette::Highlight) == Qt::white;
-    EXPECT_EQ(hidden, reason == Qt::TabFocusReason || reason == Qt::MouseFocusReason) << reason;
+    EXPECT_EQ(hidden, reason == Qt::TabFocusReason);
   }
 }
 

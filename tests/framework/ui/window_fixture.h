@@ -23,7 +23,15 @@ class WindowFixture : public testing::Test {
     SetMessageHandler({});
     SetDialogHandler({});
     while (WindowCount() > 0) WindowAt(0).Close(true);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    DestroyClosed();
+    QApplication::setPalette(QPalette());
+  }
+  static void DestroyClosed() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+  static void SetDarkDesktop() { QApplication::setPalette(QColor(0x30, 0x30, 0x30)); }
+  // The window in front, where it is one of that class.
+  template <class WindowClass>
+  static WindowClass* Front() {
+    return WindowCount() == 0 ? nullptr : dynamic_cast<WindowClass*>(&WindowAt(0));
   }
 
   QTemporaryDir folder;
