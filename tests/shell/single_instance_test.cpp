@@ -40,56 +40,31 @@ class SingleInstance : public testing::Test {
   }
 
   const String name = "sumlet-test-" + std::to_string(getpid());
+  Claim first = ClaimInstance(name, {}, patience);
   int reopened = 0;
 };
 
-TEST_F(SingleInstance, OneIsFirstAndAnswersTheOthers) {
-  Claim first = ClaimInstance(name, {}, patience);
-  ASSERT_EQ(first.start, Start::First);
-  {
-    const StartRequests requests(std::move(first.requests), [this] { ++reopened; });
-    EXPECT_EQ(StartAgain(), Start::HandedOver);
-    EXPECT_EQ(reopened, 1);
-    EXPECT_EQ(StartAgain("kwin-17"), Start::HandedOver);
-    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "kwin-17");
-    EXPECT_EQ(StartAgain("two words"), Start::HandedOver);
-    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "kwin-17") << "the start counts, the token does not";
-    EXPECT_EQ(ClaimInstance(name + "-other", {}, patience).start, Start::First);
-    EXPECT_EQ(reopened, 3);
-  }
-  EXPECT_EQ(ClaimInstance(name, {}, patience).start, Start::First) << "the name is free again";
-}
-
-TEST_F(SingleInstance, OneThatDoesNotAnswerKeepsNobodyFromStarting) {
-  const Claim hanging = ClaimInstance(name, {}, patience);
-  EXPECT_EQ(ClaimInstance(name, {}, 30ms).start, Start::Alone);
-}
-
-TEST_F(SingleInstance, BearsEveryPeer) {
-  Claim first = ClaimInstance(name, {}, patience);
+TEST_F(SingleInstance, BearsEveryPeerAndAnswersItsOwn) {
   const StartRequests requests(std::move(first.requests), [this] { ++reopened; });
   std::vector<Descriptor> peers;
-  for (const String& bytes : {String(), String("\n"), String("star"), String("start"), String("started\n"),
-                              String("start \n"), String("start a b\n"), String("start \x01\n"), String(300, '\0'),
-                              "start " + String(257, 'x') + "\n", String(1 << 20, 'x'), "\n" + String(1 << 20, '\n')})
+  for (const String& bytes : {String(), String("\n"), String("started\n"), String("start \n"), String("start a b\n"),
+                              String(300, '\0'), "start " + String(257, 'x') + "\n", String(1 << 20, 'x')})
     peers.push_back(Connect(bytes));
   for (int i = 0; i < 40; ++i) peers.push_back(Connect("start"));  // and then nothing more
-  EXPECT_EQ(StartAgain(), Start::HandedOver);
+  // the start counts, though the second token does not
+  for (const char* token : {"kwin-17", "two words"}) {
+    EXPECT_EQ(StartAgain(token), Start::HandedOver);
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "kwin-17");
+  }
   char byte = 0;
   EXPECT_EQ(recv(peers.front().Number(), &byte, 1, MSG_DONTWAIT), 0) << "who says nothing makes room for others";
   for (Descriptor& peer : peers) peer.Close();
   EXPECT_EQ(StartAgain(), Start::HandedOver);
-  EXPECT_EQ(reopened, 2);
+  EXPECT_EQ(reopened, 3);
 }
 
-TEST(SingleInstanceName, IsThatOfTheSettingsFolder) {
-  const auto nameIn = [](const String& folder) {
-    qputenv("XDG_DATA_HOME", folder.c_str());
-    return SingleInstanceName();
-  };
-  for (const char* same : {"/tmp/none/data/", "/tmp/none/../none//data", "/tmp/./none/data"})
-    EXPECT_EQ(nameIn(same), nameIn("/tmp/none/data"));
-  EXPECT_LT(nameIn(String(4000, '/') + "x").size(), 100);
+TEST_F(SingleInstance, OneThatDoesNotAnswerKeepsNobodyFromStarting) {
+  EXPECT_EQ(ClaimInstance(name, {}, 30ms).start, Start::Alone);
 }
 
 }  // namespace

@@ -40,11 +40,18 @@ class SecondStart(RunningProgram):
         for number in range(200):
             self.quit(self.survivor(self.start_at_once(2 + number % 3)))
 
+    def test_a_hangup_that_is_ignored_stays_so(self):
+        process = self.start_running(behind=["sh", "-c", 'trap "" HUP; exec "$0"'])
+        process.send_signal(signal.SIGHUP)
+        self.assertEqual(self.start().wait(PATIENCE), 0)
+        self.quit(process)
+
     def test_two_data_folders_are_two_programs(self):
         first, second = self.start_in("data"), self.start_in("data2")
         os.symlink(self.folder / "data", self.folder / "link")
         (self.folder / "data").mkdir(exist_ok=True)
-        self.assertEqual(self.start(XDG_DATA_HOME=self.folder / "link").wait(PATIENCE), 0, "another way to the first folder")
+        again = self.start(XDG_DATA_HOME=f"{self.folder}/./link/")
+        self.assertEqual(again.wait(PATIENCE), 0, "another way to the first folder")
         self.quit(first)
         self.quit(second)
 
