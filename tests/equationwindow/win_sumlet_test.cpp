@@ -4,7 +4,6 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
-#include "equationwindow/line_roles.h"
 #include "framework/ui/window_fixture.h"
 #include "templates/templates_manager.h"
 #include "templates/win_save.h"
@@ -25,14 +24,12 @@ class WinSumlet : public WindowFixture {
     QTest::keyClicks(&input, keys);
     QCoreApplication::processEvents();
   }
-  // For each line its coloured beginning and the colour.
+  // For each line the colour of its beginning, and how many units of UTF-16 have it.
   [[nodiscard]] String Colors() const {
     String text;
     for (QTextBlock block = input.document()->begin(); block.isValid(); block = block.next()) {
-      for (const auto& range : block.layout()->formats()) {
-        const bool isGrey = range.format.foreground().color() == QColor(0x7F, 0x7F, 0x7F);
-        text += (isGrey ? "grey " : "red ") + std::to_string(range.start) + "+" + std::to_string(range.length);
-      }
+      for (const auto& range : block.layout()->formats())
+        text += range.format.foreground().color().name().toStdString() + " " + std::to_string(range.length);
       text += ";";
     }
     return text;
@@ -70,14 +67,10 @@ TEST_F(WinSumlet, CalculatesOnceTypingHasStopped) {
   clock.Advance(250);
 }
 
-TEST_F(WinSumlet, AreasStandOnePixelOutside) {
-  for (const QSize size : {QSize(365, 234), QSize(500, 400), QSize(64, 64)}) {
-    window->SetWidth(size.width());
-    window->SetHeight(size.height());
-    const QRect strip = output.geometry();
-    EXPECT_EQ(input.geometry(), QRect(-1, -1, size.width() + 2, strip.top() - 1));
-    EXPECT_EQ(QRect(strip.bottomLeft(), strip.bottomRight()), QRect(-1, size.height(), size.width() + 2, 1));
-  }
+TEST_F(WinSumlet, AreasFollowTheWindowWithinItsLimits) {
+  window->SetWidth(1);
+  window->SetHeight(500);
+  EXPECT_EQ(input.geometry() | output.geometry(), QRect(-1, -1, 64 + 2, 500 + 2)) << "one pixel outside";
   window->hide();
   window->SetWidth(32000);
   window->SetHeight(32000);
@@ -86,8 +79,8 @@ TEST_F(WinSumlet, AreasStandOnePixelOutside) {
 
 TEST_F(WinSumlet, AOneLineResultIsNeitherCutNorScrolled) {
   window->SetEquation("", "x=2\nx*21");
-  for (const Int32 size : {11, 24, 96}) {
-    for (const Int32 height : {64, 234, 900}) {
+  for (const Int32 size : {11, 24}) {
+    for (const Int32 height : {64, 900}) {
       window->SetHeight(height);
       window->ApplyTextSize(size);
       QCoreApplication::processEvents();
@@ -111,28 +104,24 @@ TEST_F(WinSumlet, TextLargerThanItsAreaStaysInSight) {
   window->SetHeight(64);
   window->ApplyTextSize(96);
   window->SetEquation("", "(6");
-  TypeAt(2, "7");
+  TypeAt(2, "*7");
   EXPECT_TRUE(input.rect().intersects(input.cursorRect()));
-  EXPECT_EQ(input.verticalScrollBar()->maximum(), 0);
-  window->SetHeight(234);
-  window->SetEquation("", "(6*7");
-  QCoreApplication::processEvents();
-  EXPECT_EQ(output.verticalScrollBar()->value(), 0);
+  EXPECT_EQ(input.verticalScrollBar()->maximum() + output.verticalScrollBar()->value(), 0);
 }
 
 TEST_F(WinSumlet, ColorsFollowTheCalculationAndTheTyping) {
   window->SetEquation("", "# 𝜋\nfoo\n# b");
-  EXPECT_EQ(Colors(), "grey 0+4;red 0+3;grey 0+3;");
+  EXPECT_EQ(Colors(), "#7f7f7f 4;#ff0000 3;#7f7f7f 3;");
   TypeAt(6, "xy");
-  EXPECT_EQ(Colors(), "grey 0+4;red 0+5;grey 0+3;") << "typed into a line";
+  EXPECT_EQ(Colors(), "#7f7f7f 4;#ff0000 5;#7f7f7f 3;") << "typed into a line";
   QTest::keyClick(&input, Qt::Key_Return);
-  EXPECT_EQ(Colors(), "grey 0+4;red 0+3;red 0+2;grey 0+3;") << "broken in two";
+  EXPECT_EQ(Colors(), "#7f7f7f 4;#ff0000 3;#ff0000 2;#7f7f7f 3;") << "broken in two";
   for (int i = 0; i < 2; ++i) QTest::keyClick(&input, Qt::Key_Backspace);
   TypeAt(13, "z");
   EXPECT_EQ(input.Text(), "# 𝜋\nfxoo\n# bz");
-  EXPECT_TRUE(Colors().ends_with("grey 0+3;")) << "at the very end";
+  EXPECT_TRUE(Colors().ends_with("#7f7f7f 3;")) << "at the very end";
   clock.Advance(250);
-  EXPECT_EQ(Colors(), "grey 0+4;red 0+4;grey 0+4;");
+  EXPECT_EQ(Colors(), "#7f7f7f 4;#ff0000 4;#7f7f7f 4;");
   EXPECT_EQ(window->tmrCalculate().Mode(), TimerMode::Off) << "colouring is no change";
   input.undo();
   EXPECT_EQ(input.Text(), "# 𝜋\nfxoo\n# b");
@@ -155,25 +144,6 @@ TEST_F(WinSumlet, SavesAsTemplateTheTextOfTheMomentOfSaving) {
     QTest::keyClick(&name, Qt::Key_Return);
     EXPECT_EQ(TemplatesManager::Key.Ubound(), 0);
     EXPECT_EQ(TemplatesManager::EquationText[0], "1+1" + from);
-  }
-}
-
-TEST(LineRoles, ByTheFirstCharacters) {
-  const struct {
-    const char* text;
-    std::optional<Int32> errorLine;
-    const char* roles;  // a letter a line: o rdinary, c omment, e rror
-  } rows[] = {
-      {"x=1\n// note\n  # note", {}, "oco"},
-      {"'a\n#b\n/c\n//\n\n", {}, "ccoco"},
-      {"1\n# foo", 1, "oc"},
-      {"1\nfoo\n", 7, "oo"},
-      {"a\r\nb\rc", 2, "ooeo"},  // a CR LF is two line ends
-  };
-  for (const auto& row : rows) {
-    String roles;
-    for (const LineRole role : LineRoles(row.text, row.errorLine)) roles += "oce"[static_cast<int>(role)];
-    EXPECT_EQ(roles, row.roles) << row.text;
   }
 }
 

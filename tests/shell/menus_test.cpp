@@ -22,10 +22,6 @@ class Menus : public WindowFixture {
     static const bool bound = (app.BindMenuHandlers(), app.AppendMenuItems(), true);
     EXPECT_TRUE(bound);
   }
-  void TearDown() override {
-    SetFileDialogs({});
-    WindowFixture::TearDown();
-  }
   static winSumlet& NewEquation(std::string_view text) {
     const winTemplates::Template equation{"", String(text)};
     App::OpenEquation(&equation);

@@ -7,7 +7,6 @@
 #include <QCoreApplication>
 #include <cstring>
 #include <future>
-#include <vector>
 
 #include "shell/start_requests.h"
 

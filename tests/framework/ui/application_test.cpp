@@ -54,14 +54,9 @@ TEST(Dialogs, AlertText) {
   for (int i = 1; i <= 25; ++i) lines += std::to_string(i) + "\n";
   for (int i = 0; i < 100; ++i) tens += "123 56789 ";
   const std::pair<String, String> rows[] = {
-      {"<b>bold</b> & more", "<b>bold</b> & more"},
-      {"a\r\nb\rc\x01\x7F\td\xFF", "a\nb\nc   d\uFFFD"},
-      {word + " " + word, word + " " + word},
-      {word + word, word + "\u200B" + word},
-      {lines, lines.substr(0, lines.find("\n21")) + "…"},
-      {tens, tens},
-      {tens + "1", tens.substr(0, 999) + "…"},
-      {String(999, ' ') + "😀😀", "…"},  // no half character
+      {"<b>bold</b> & more", "<b>bold</b> & more"}, {"a\r\nb\rc\x01\x7F\td\xFF", "a\nb\nc   d\uFFFD"},
+      {word + word, word + "\u200B" + word},        {lines, lines.substr(0, lines.find("\n21")) + "…"},
+      {tens + "1", tens.substr(0, 999) + "…"},      {String(999, ' ') + "😀😀", "…"},  // no half character
   };
   for (const auto& [text, shown] : rows) EXPECT_EQ(FromQString(AlertText(text)), shown);
 }

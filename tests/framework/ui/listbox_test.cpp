@@ -18,7 +18,6 @@ TEST(Listbox, SelectsOneRow) {
     const char* log;
   } rows[] = {
       // each begins with row 2 of 5 selected
-      {30, Qt::LeftButton, false, Qt::NoModifier, true, "Change 0;"},
       {350, Qt::LeftButton, false, Qt::NoModifier, true, ""},  // below the rows
       {150, Qt::LeftButton, false, Qt::ControlModifier, true, ""},
       {150, Qt::LeftButton, false, Qt::ControlModifier, false, "Change -1;"},
