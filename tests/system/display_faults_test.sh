@@ -31,7 +31,6 @@ start_window "$1"
 open_equation
 
 # The clock jumps while the calculation is due.
-calculates 6*7 42 set_clock -1d
 calculates 6*8 48 set_clock -20y
 calculates 6*9 54 set_clock +20y
 calculates 5*5 25 set_clock +0
@@ -53,7 +52,7 @@ kill -s KILL "$displayServer"
 status=0
 wait "$program" || status=$?
 ((status == 1)) || give_up "the program ended with status $status"
-stored=$(settings_file show "$settings" | cut -d ' ' -f 5)
+stored=$(settings_file show "$settings" | tail -n 2 | cut -d ' ' -f 5)
 [[ $stored == $'5*7\n5*6' ]] || give_up "stored is '$stored'"
 
 # A start without a display says so and leaves no core dump behind.
