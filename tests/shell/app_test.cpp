@@ -1,13 +1,20 @@
 #include "shell/app.h"
 
+#include <QDesktopServices>
+#include <QTextBrowser>
 #include <QTimer>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/fault.h"
+#include "framework/show_url.h"
 #include "framework/ui/application.h"
+#include "framework/ui/browser.h"
 #include "framework/ui/dialogs.h"
 #include "framework/ui/window_fixture.h"
 #include "persistence/preferences.h"
+#include "shell/menus.h"
+#include "shell/review.h"
+#include "shell/web_addresses.h"
 
 namespace sumlet {
 namespace {
@@ -100,6 +107,46 @@ TEST_F(ApplicationLife, GoesOnAfterAFaultAtStart) {
   Run([this] { app.Event_Open(); });
   EXPECT_EQ(told, "This could not be done because of an index out of range.");
   EXPECT_EQ(record, "save with 1;") << "started again, it shows the chooser";
+}
+
+TEST_F(ApplicationLife, AsksForAReviewOnceAtTheFifthStart) {
+  int asked = 0, shared = 0;
+  DialogButton answer = DialogButton::Cancel;
+  SetDialogHandler([&](const MessageDialog&) {
+    ++asked;
+    Preferences::ShownReviewDialog = false;
+    Preferences::Load();
+    EXPECT_TRUE(Preferences::ShownReviewDialog) << "in the file before the user answers";
+    return answer;
+  });
+  ReviewTimer timer([&shared] { ++shared; });
+  // runs before, whether it has been shown, how often it asks
+  const std::tuple<Int32, bool, int> rows[] = {{3, false, 0}, {4, true, 0}, {100, false, 1}, {4, false, 1}};
+  for (const auto& [runCount, shown, asks] : rows) {
+    asked = shared = 0;
+    Preferences::RunCount = runCount;
+    Preferences::ShownReviewDialog = shown;
+    answer = runCount == 100 ? DialogButton::Cancel : DialogButton::Action;
+    for (int i = 0; i < 2; ++i) timer.Expire();
+    EXPECT_EQ(asked, asks) << runCount << shown;
+    EXPECT_EQ(shared, runCount == 100 ? 0 : asks);
+  }
+}
+
+TEST_F(ApplicationLife, WebAddressesReachTheDesktopEncoded) {
+  QTextBrowser desktop;  // takes the addresses in its place
+  for (const char* scheme : {"https", "macappstore"}) QDesktopServices::setUrlHandler(scheme, &desktop, "setSource");
+  InstallBrowser();
+  const auto opened = [&desktop] { return desktop.source().toEncoded().toStdString(); };
+  app.AppendMenuItems();
+  MenuBar1().Choose("Share");
+  EXPECT_EQ(opened(), "https://share.sumlet.example/sharer.php?u=https%3A%2F%2Fwww.sumlet.example%2Fsumlet%2F");
+  const String store = "macappstore://store.sumlet.example/us/app/sumlet/id0?ls=1&mt=12";
+  for (const String& address : {WebAddresses::Store(), String("https://www.sumlet.example/50%")}) {
+    ShowURL(address);
+    EXPECT_EQ(opened(), store) << "and not what is no address";
+  }
+  SetURLHandler({});
 }
 
 }  // namespace
