@@ -39,12 +39,10 @@ constexpr const char* typed[] = {"1",     "42",    ".5",      "x",   "=",      "
                                  "(",     ")",     "|",       ",",   "\n",     "\n",   "x=2",     "sin(", "max(",
                                  "frac(", " mod ", "sqrt(2)", "// ", "foo \"", "2(3)", "\ny+2\n", "1e9",  "3--"};
 constexpr const char* pasted[] = {"\u03C0 \u00A0\U0001D70B", "x=1\ny=x/3\ny*3", "# \u20AC\r\n6*7"};
-constexpr const char* textSizes[] = {"11", "13", "24"};
-constexpr const char* commands[] = {"FileNewWindow", "FileNewWindow", "FileNew",        "FileCLose",
-                                    "FileCLose",     "FileImport",    "FileExport",     "FileSaveAsTemplate",
-                                    "EditUndo",      "EditCut",       "EditPaste",      "EditSelectAll",
-                                    "AppleAbout",    "FullScreen",    "WindowMinimize", "WindowBringAlltoFront",
-                                    "HelpSumletHelp"};
+constexpr const char* commands[] = {
+    "FileNewWindow",      "FileNewWindow",  "FileNew",        "FileCLose",       "FileImport",    "FileExport",
+    "FileSaveAsTemplate", "EditUndo",       "EditCut",        "EditPaste",       "EditSelectAll", "AppleAbout",
+    "FullScreen",         "WindowMinimize", "HelpSumletHelp", "ApplePreferences"};
 
 // A program as main.cpp puts it together, and a user who does whatever comes to mind.
 class Soak : public WindowFixture {
@@ -92,29 +90,9 @@ class Soak : public WindowFixture {
     HandleEvents();
   }
 
-  static void Type(const char* keys) {
-    auto* equation = Front<winSumlet>();
-    if (!equation) return;
-    if (equation->textInput().document()->characterCount() > 400) equation->textInput().selectAll();
-    for (; *keys != '\0'; ++keys)
-      *keys == '\n' ? QTest::keyClick(&equation->textInput(), Qt::Key_Return)
-                    : QTest::keyClick(&equation->textInput(), *keys);
-  }
-
-  // As from the menu, where what is disabled cannot be chosen.
-  static void Command(const char* name) {
-    MenuBar1().Update();
-    MenuBar1().Item(name).trigger();
-  }
-
-  static void PressReturn() {
-    if (QWidget* control = QApplication::focusWidget()) QTest::keyClick(control, Qt::Key_Return);
-  }
-
-  void Resize() {
-    if (WindowCount() == 0) return;
-    WindowAt(0).SetWidth(Any(900));
-    WindowAt(0).SetHeight(Any(700));
+  static void Type(winSumlet& equation, const char* keys) {
+    if (equation.textInput().document()->characterCount() > 400) equation.textInput().selectAll();
+    for (; *keys != '\0'; ++keys) QTest::keyClick(&equation.textInput(), *keys == '\n' ? '\r' : *keys);
   }
 
   // Quits and starts again, as far as that goes without another process.
@@ -124,28 +102,30 @@ class Soak : public WindowFixture {
     Preferences::Load();
   }
 
-  void ChangePreferences() {
-    winPreferences& window = winPreferences::Instance();
-    window.popSize().setCurrentText(AnyOf(textSizes));
-    window.chkRestoreEquations().setChecked(Any(4) > 0);
+  void WorkOn(Window& window) {
+    const Int32 choice = Any(100);
+    if (auto* equation = dynamic_cast<winSumlet*>(&window); equation && choice < 90)
+      Type(*equation, AnyOf(typed));
+    else if (auto* preferences = dynamic_cast<winPreferences*>(&window); preferences && choice < 50)
+      preferences->popSize().setCurrentIndex(Any(4));
+    else if (QWidget* control = QApplication::focusWidget(); control && choice < 95)
+      QTest::keyClick(control, Qt::Key_Return);
+    else
+      window.resize(Any(900), Any(700));
   }
 
   void Act() {
     const Int32 choice = Any(100);
-    if (choice < 50)
-      Type(AnyOf(typed));
-    else if (choice < 55)
-      PressReturn();
-    else if (choice < 80)
-      Command(AnyOf(commands));
-    else if (choice < 86)
-      QGuiApplication::clipboard()->setText(AnyOf(pasted));
+    if (WindowCount() == 0)
+      app_.Event_Reopen();
+    else if (choice < 60)
+      WorkOn(WindowAt(0));
+    else if (choice < 85)
+      MenuBar1().Choose(AnyOf(commands));
     else if (choice < 90)
-      Resize();
-    else if (choice < 93)
-      WindowCount() > 0 ? WindowAt(WindowCount() - 1).Show() : app_.Event_Reopen();
-    else if (choice < 97)
-      ChangePreferences();
+      QGuiApplication::clipboard()->setText(AnyOf(pasted));
+    else if (choice < 96)
+      WindowAt(WindowCount() - 1).Show();
     else
       Restart();
     while (WindowCount() > mostWindows) WindowAt(WindowCount() - 1).Close();
