@@ -19,27 +19,22 @@ TEST(StaggeredCorner, StaysOnTheScreen) {
     EXPECT_EQ(StaggeredCorner(size, QRect(100, 50, 400, 300), previous), corner);
 }
 
-class RecordingWindow final : public BaseWindow {
- public:
-  explicit RecordingWindow(std::string* record) : record_(record) { Create(); }
-  bool refuses = false;
-
- protected:
+struct RecordingWindow final : BaseWindow {
+  explicit RecordingWindow(std::string& events) : record(events) { Create(); }
   void Layout() override { SetWidth(300); }
-  void Event_Open() override { *record_ += "Open;"; }
-  void Event_Resized() override { *record_ += "Resized;"; }
+  void Event_Open() override { record += "Open;"; }
+  void Event_Resized() override { record += "Resized;"; }
   bool Event_CancelClose(bool appQuitting) override {
-    *record_ += appQuitting ? "CancelClose, quitting;" : "CancelClose;";
+    record += appQuitting ? "CancelClose, quitting;" : "CancelClose;";
     return refuses;
   }
-
- private:
-  std::string* record_;
+  std::string& record;
+  bool refuses = false;
 };
 
 class WindowTest : public WindowFixture {
  protected:
-  RecordingWindow* NewWindow() { return new RecordingWindow(&record); }
+  RecordingWindow* NewWindow() { return new RecordingWindow(record); }
   // What has happened since the last call.
   std::string Events() {
     QCoreApplication::processEvents();
@@ -70,12 +65,12 @@ TEST_F(WindowTest, RaisesItsEvents) {
 
 TEST_F(WindowTest, ListRunsFromFrontToBack) {
   auto *a = NewWindow(), *b = NewWindow(), *c = NewWindow();
+  using Order = std::vector<const Window*>;
   const auto order = [] {
-    std::vector<const Window*> windows;
+    Order windows;
     for (Int32 i = 0; i < WindowCount(); ++i) windows.push_back(&WindowAt(i));
     return windows;
   };
-  using Order = std::vector<const Window*>;
   b->Show();
   EXPECT_EQ(order(), (Order{b, c, a}));
   QEvent activated(QEvent::WindowActivate);
