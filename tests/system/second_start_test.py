@@ -2,9 +2,11 @@
 
 import contextlib
 import hashlib
+import itertools
 import os
 import signal
 import socket
+import time
 import unittest
 
 from running_program import PATIENCE, RunningProgram
@@ -13,6 +15,10 @@ QUIT_SIGNALS = (signal.SIGTERM, signal.SIGINT, signal.SIGHUP)
 
 
 class SecondStart(RunningProgram):
+    def address(self, number):
+        folder = hashlib.sha256(str(self.data.resolve()).encode()).hexdigest()[:32]
+        return f"\0sumlet-{os.geteuid()}-{folder}-{number}"
+
     def start_at_once(self, count):
         """Starts that have come up to the program itself and go on at the same instant."""
         waiting, gate = os.pipe()
@@ -34,6 +40,26 @@ class SecondStart(RunningProgram):
         for number in range(200):
             self.quit(self.survivor(self.start_at_once(2 + number % 3)))
 
+    def test_one_that_does_not_answer_keeps_nobody_from_starting(self):
+        hanging = self.start_running()
+        hanging.send_signal(signal.SIGSTOP)
+        second = self.start()
+        time.sleep(20)  # twice its patience
+        self.quit(second)
+
+    def test_bears_every_peer(self):
+        process = self.start_running()
+        with contextlib.ExitStack() as stack:
+            peers = [stack.enter_context(socket.socket(socket.AF_UNIX)) for _ in range(48)]
+            for peer, said in itertools.zip_longest(peers, [b"", b"\n", b"started\n", b"start \n", b"start a b\n", bytes(300),
+                                                            b"start " + b"x" * 257 + b"\n", b"x" * 2**20], fillvalue=b"start"):
+                peer.connect(self.address(0))
+                peer.send(said, socket.MSG_DONTWAIT)
+            self.assertEqual(self.start().wait(PATIENCE), 0)
+            self.assertEqual(peers[0].recv(1), b"", "who says nothing makes room for others")
+        self.assertEqual(self.start().wait(PATIENCE), 0)
+        self.quit(process)
+
     def test_a_hangup_that_is_ignored_stays_so(self):
         process = self.start_running(behind=["sh", "-c", 'trap "" HUP; exec "$0"'])
         process.send_signal(signal.SIGHUP)
@@ -52,17 +78,15 @@ class SecondStart(RunningProgram):
     @unittest.skipUnless(os.geteuid() == 0, "only root can play another user")
     def test_another_user_does_not_stand_in_the_way(self):
         for addresses, listens in [(1, True), (3, False)]:
-            data = f"data {addresses}"
-            folder = hashlib.sha256(str((self.folder / data).resolve()).encode()).hexdigest()[:32]
-            with self.subTest(data), contextlib.ExitStack() as squatters:
+            with self.subTest(addresses=addresses), contextlib.ExitStack() as squatters:
                 for number in range(addresses):
                     squatter = squatters.enter_context(socket.socket(socket.AF_UNIX))
-                    squatter.bind(f"\0sumlet-0-{folder}-{number}")
+                    squatter.bind(self.address(number))
                     os.seteuid(65534)  # whose socket it is shows when it begins to listen
                     if listens:
                         squatter.listen()
                     os.seteuid(0)
-                self.quit(self.start_running(XDG_DATA_HOME=self.folder / data))
+                self.quit(self.start_running())
 
 
 if __name__ == "__main__":
