@@ -42,15 +42,13 @@ def within(accessible):
 
 
 def has(accessible, *states):
-    return all(accessible.getState().contains(state) for state in states)
+    return all(map(accessible.getState().contains, states))
 
 
 def window(name):
     def find():
-        for application in pyatspi.Registry.getDesktop(0):
-            if application.name == "sumlet":
-                return next((w for w in application if w.name == name and has(w, pyatspi.STATE_ACTIVE)), None)
-        return None
+        programs = [program for program in pyatspi.Registry.getDesktop(0) if program.name == "sumlet"]
+        return next((w for p in programs for w in p if w.name == name and has(w, pyatspi.STATE_ACTIVE)), None)
 
     return until(lambda: f'the window "{name}" is active', find)
 

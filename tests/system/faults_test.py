@@ -37,22 +37,14 @@ class Faults(RunningProgram):
         self.addCleanup(subprocess.run, ["umount", "--lazy", self.data], check=False)
 
     def fill_disk(self):
-        with open(self.data / "ballast", "wb", buffering=0) as file:
-            try:
-                while True:
-                    file.write(bytes(1024))
-            except OSError:
-                pass
-
-    def empty_disk(self):
-        (self.data / "ballast").unlink()
+        subprocess.run(["dd", "if=/dev/zero", f"of={self.data}/ballast"], stderr=subprocess.DEVNULL, check=False)
 
     def remount(self, how):
         subprocess.run(["mount", "-o", f"remount,{how}", self.data], check=True)
 
     def test_a_disk_that_takes_nothing_keeps_what_it_has(self):
         self.mount_small_disk()
-        for strike, relent in [(self.fill_disk, self.empty_disk),
+        for strike, relent in [(self.fill_disk, (self.data / "ballast").unlink),
                                (lambda: self.remount("ro"), lambda: self.remount("rw"))]:
             self.run_through(strike)
             self.assertFalse(self.settings.exists())
@@ -73,11 +65,10 @@ class Faults(RunningProgram):
 
         def replace():
             self.settings.unlink()
-            self.settings.mkdir()
-            (self.settings / "kept").touch()
+            (self.settings / "kept").mkdir(parents=True)
 
-        self.run_through(replace)
-        self.run_through()
+        for strike in (replace, lambda: None):
+            self.run_through(strike)
         self.assertEqual(list(self.settings.iterdir()), [self.settings / "kept"])
 
     def test_a_home_that_vanishes_is_made_anew(self):

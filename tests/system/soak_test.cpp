@@ -50,24 +50,13 @@ class Soak : public WindowFixture {
   static constexpr Int32 mostWindows = 8;
 
   Soak() {
-    TemplatesManager::RegisterSection();
-    MyWindowManager::RegisterSection();
-    MyWindowManager::SetWindowList([] {
-      std::vector<const MyWindowManager::StoredWindow*> windows;
-      for (Int32 i = 0; i < WindowCount(); ++i)
-        windows.push_back(dynamic_cast<const MyWindowManager::StoredWindow*>(&WindowAt(i)));
-      return windows;
-    });
-    MyWindowManager::RegisterRestorer({"template", [](const auto&) { winTemplates::Instance().Show(); }});
-    MyWindowManager::RegisterRestorer({"equation", winSumlet::RestoreFrom});
+    App::ConnectSettings();
     winSumlet::ScheduleSave = [this] { app_.ScheduleSave(); };
     winTemplates::OpenEquation = App::OpenEquation;
     SetMenuAttacher([](Window& window) { MenuBar1().AttachTo(window); });
     SetDialogHandler([this](const MessageDialog&) { return static_cast<DialogButton>(Any(3)); });
     const FolderItem file(folder.filePath("exported.txt").toStdString());
-    SetFileDialogs({[file](const OpenDialog&) {
-                      return std::vector{file, file};
-                    },
+    SetFileDialogs({[file](const OpenDialog&) { return std::vector(2, file); },
                     [file](const SaveAsDialog&, Window&) { return file; }});
     QPixmapCache::setCacheLimit(0);  // it would fill up slowly
     app_.BindMenuHandlers();

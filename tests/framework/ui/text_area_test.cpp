@@ -73,15 +73,6 @@ TEST_F(TextAreaTest, IsBlackOnWhiteOnADarkDesktop) {
   EXPECT_NE(picture.pixelColor(0, 50), QColor(Qt::white)) << "the border";
 }
 
-TEST_F(TextAreaTest, HidesItsSelectionFromOtherControlsOnly) {
-  for (const auto reason : {Qt::TabFocusReason, Qt::MenuBarFocusReason}) {
-    QFocusEvent out(QEvent::FocusOut, reason);
-    QCoreApplication::sendEvent(&area, &out);
-    const bool hidden = area.palette().color(QPalette::Inactive, QPalette::Highlight) == Qt::white;
-    EXPECT_EQ(hidden, reason == Qt::TabFocusReason);
-  }
-}
-
 // Keeping words together would take minutes here, and the time limit of the test run would end it.
 TEST_F(TextAreaTest, BearsVeryLongLines) {
   area.SetText("short\n" + std::string(1'000'000, '1'));
