@@ -30,7 +30,7 @@ TEST_F(ShellWindows, OneAtATimeUntilEscape) {
   }
 }
 
-TEST_F(ShellWindows, TheSettingsInForceAreShown) {
+TEST_F(ShellWindows, TheSettingsInForceAreShownAndReachEveryEquation) {
   const std::pair<Int32, const char*> rows[] = {{13, "11 [13] 16 20 24 36 48 64 72 96 "},
                                                 {-2147483648, "[-2147483648] - 11 13 16 20 24 36 48 64 72 96 "}};
   for (const auto& [size, list] : rows) {
@@ -52,13 +52,8 @@ TEST_F(ShellWindows, TheSettingsInForceAreShown) {
     EXPECT_EQ(Preferences::RememberEquations, !remembered);
     winPreferences::Instance().Close();
   }
-}
-
-TEST_F(ShellWindows, ASizeGoesToEveryEquation) {
-  const winSumlet* behind = new winSumlet;
-  QComboBox& sizes = winPreferences::Instance().popSize();
-  const winSumlet* front = new winSumlet;
-  sizes.setCurrentIndex(sizes.findText("72"));
+  const winSumlet *behind = new winSumlet, *front = new winSumlet;
+  winPreferences::Instance().popSize().setCurrentText("72");
   for (const winSumlet* equation : {behind, front}) EXPECT_EQ(equation->textInput().font().pointSize(), 72);
 }
 

@@ -17,7 +17,7 @@ from running_program import PATIENCE, PROGRAM, RunningProgram
 class Faults(RunningProgram):
     def write_settings(self):
         """Fills one block of the disk with one window, so that saving takes a second one."""
-        settings_file.write(self.settings, ["20 20 300 200 #" + "x" * 3994])
+        settings_file.write(self.settings, "20 20 300 200 #" + "x" * 3994)
         self.assertEqual(self.settings.stat().st_size, 4096)
 
     def run_through(self, strike=lambda: None, **changes):

@@ -45,10 +45,11 @@ def show(path):
         if "template" in fields:
             print("chooser")
         elif fields:
-            print(f"{fields['name']}:" if "left" not in fields else " ".join(fields[key] for key in PLACE), fields["equation"])
+            place = " ".join(fields[key] for key in PLACE) if "left" in fields else fields["name"] + ":"
+            print(place, fields["equation"])
 
 
-def write(path, windows):
+def write(path, *windows):
     records = []
     for window in windows:
         *place, text = window.split(" ", 4)
@@ -60,7 +61,4 @@ def write(path, windows):
 
 
 if __name__ == "__main__":
-    if sys.argv[1] == "show":
-        show(pathlib.Path(sys.argv[2]))
-    else:
-        write(pathlib.Path(sys.argv[2]), sys.argv[3:])
+    {"show": show, "write": write}[sys.argv[1]](pathlib.Path(sys.argv[2]), *sys.argv[3:])

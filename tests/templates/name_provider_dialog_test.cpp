@@ -34,12 +34,8 @@ class NamePrompt : public WindowFixture {
 
 TEST_F(NamePrompt, Answers) {
   EXPECT_EQ(Front<winSave>()->textName().selectedText(), "old");
-  const struct {
-    const char* typed;
-    void (*answer)(winSave&);
-    const char* log;
-    const char* field;  // when the answer has been given
-  } rows[] = {
+  // what is typed, the answer, what is told, and what the field holds when the answer has been given
+  const std::tuple<const char*, void (*)(winSave&), const char*, const char*> rows[] = {
       {" new\t ", [](winSave& s) { QTest::keyClick(&s.textName(), Qt::Key_Return); }, "Saved new, sheet up;", "new"},
       {"é😀", [](winSave& s) { QTest::keyClick(&s.textName(), Qt::Key_Enter, Qt::KeypadModifier); },
        "Saved é😀, sheet up;", "é😀"},
@@ -51,17 +47,17 @@ TEST_F(NamePrompt, Answers) {
       {" \t ", [](winSave& s) { s.btnSave().click(); }, "[Text can not be empty.]", ""},
       {"n", [](winSave& s) { QTest::keyClick(&s.textName(), Qt::Key_Return, Qt::ControlModifier); }, "", "n"},
   };
-  for (const auto& row : rows) {
+  for (const auto& [typed, answer, told, field] : rows) {
     owner->dialog->Text = "old";
     for (int i = 0; i < 2; ++i) owner->dialog->ShowWithin(*owner);
     EXPECT_EQ(WindowCount(), 2) << "one sheet at a time";
     winSave& sheet = *Front<winSave>();
-    sheet.textName().setText(row.typed);
-    row.answer(sheet);
-    EXPECT_EQ(log, row.log);
-    EXPECT_EQ(owner->dialog->Text, log.starts_with("Saved") ? row.field : "old");
-    EXPECT_EQ(sheet.textName().text(), row.field) << row.log;
-    EXPECT_EQ(WindowCount(), log.ends_with(";") ? 1 : 2) << row.log;
+    sheet.textName().setText(typed);
+    answer(sheet);
+    EXPECT_EQ(log, told);
+    EXPECT_EQ(owner->dialog->Text, log.starts_with("Saved") ? field : "old");
+    EXPECT_EQ(sheet.textName().text(), field) << told;
+    EXPECT_EQ(WindowCount(), log.ends_with(";") ? 1 : 2) << told;
     log.clear();
   }
 }

@@ -42,21 +42,17 @@ class WinTemplates : public WindowFixture {
 TEST_F(WinTemplates, OpensTheChosenAndCloses) {
   chooser->SetWidth(700);
   EXPECT_EQ(chooser->list().geometry(), QRect(-1, -1, 702, 364)) << "one pixel outside";
-  const struct {
-    Int32 row;
-    void (*step)(winTemplates&);
-    const char* opened;
-  } rows[] = {
+  const std::tuple<Int32, void (*)(winTemplates&), const char*> rows[] = {
       {0, [](winTemplates& w) { w.btnOK().click(); }, "empty"},
       {2, [](winTemplates& w) { QTest::keyClick(&w.list(), Qt::Key_Return); }, "two=2\n2"},
       {3, [](winTemplates& w) { w.list().DoubleClick(w.list()); }, "three=3"},
       {1, [](winTemplates& w) { QTest::keyClick(&w.list(), Qt::Key_Escape); }, ""},
   };
-  for (const auto& row : rows) {
+  for (const auto& [row, step, expected] : rows) {
     Open();
-    chooser->list().SetListIndex(row.row);
-    row.step(*chooser);
-    EXPECT_EQ(std::exchange(opened, {}), row.opened);
+    chooser->list().SetListIndex(row);
+    step(*chooser);
+    EXPECT_EQ(std::exchange(opened, {}), expected);
     EXPECT_EQ(WindowCount(), 0);
     EXPECT_FALSE(Preferences::TemplatesOpen);
   }
@@ -64,12 +60,8 @@ TEST_F(WinTemplates, OpensTheChosenAndCloses) {
 
 TEST_F(WinTemplates, EditModeEndsWithTheSelectionAndDeletes) {
   EXPECT_EQ(State(), "one two three ") << "an empty equation cannot be edited";
-  const struct {
-    Int32 row;
-    PushButton& (winTemplates::*button)() const;
-    const char* state;
-    Int32 selected;
-  } rows[] = {
+  // the row that is selected, the button that is pressed, what then shows, and the row that is selected then
+  const std::tuple<Int32, PushButton& (winTemplates::*)() const, const char*, Int32> rows[] = {
       {1, &winTemplates::btnEdit, "one two three [Done][Rename][Delete]", 1},
       {2, &winTemplates::btnEdit, "one two three [Done][Rename][Delete]", 2},
       {2, &winTemplates::btnEdit, "one two three [Edit...]", 2},

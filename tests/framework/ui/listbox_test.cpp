@@ -9,14 +9,10 @@ namespace {
 using namespace std::string_literals;
 
 TEST(Listbox, SelectsOneRow) {
-  const struct {
-    int y;  // pixels; the rows are 60 high
-    Qt::MouseButton button;
-    bool twice;
-    Qt::KeyboardModifier keys;
-    bool required;
-    const char* log;
-  } rows[] = {
+  using Mouse = Qt::MouseButton;
+  using Keys = Qt::KeyboardModifier;
+  // where it is clicked, in pixels of rows that are 60 high, with what, whether twice; whether a selection is required
+  const std::tuple<int, Mouse, bool, Keys, bool, const char*> rows[] = {
       // each begins with row 2 of 5 selected
       {350, Qt::LeftButton, false, Qt::NoModifier, true, ""},  // below the rows
       {150, Qt::LeftButton, false, Qt::ControlModifier, true, ""},
