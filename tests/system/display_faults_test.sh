@@ -31,6 +31,7 @@ start_window "$1"
 open_equation
 
 # The clock jumps while the calculation is due.
+calculates 6*7 42 set_clock -1d
 calculates 6*8 48 set_clock -20y
 calculates 6*9 54 set_clock +20y
 calculates 5*5 25 set_clock +0
