@@ -55,6 +55,7 @@ TEST_F(ApplicationLife, SavesFiveMinutesAfterTheLastKey) {
     clock.Advance(milliseconds);
     EXPECT_EQ(record, "save with 1;");
   }
+  winSumlet::ScheduleSave = nullptr;
 }
 
 // The desktop says "quit" by an event of the toolkit; without the program's own way, that would close windows first.
@@ -144,6 +145,7 @@ TEST_F(ApplicationLife, WebAddressesReachTheDesktopEncoded) {
     EXPECT_EQ(opened(), store) << "and not what is no address";
   }
   SetURLHandler({});
+  for (const char* scheme : {"https", "macappstore"}) QDesktopServices::unsetUrlHandler(scheme);
 }
 
 }  // namespace

@@ -30,10 +30,6 @@ double BytesInUse() {
   return static_cast<double>(heap.uordblks + heap.hblkhd);
 }
 
-Int32 NumberFromEnvironment(const char* name, Int32 fallback) {
-  return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : fallback;
-}
-
 // What is typed and pasted: pieces of sound and of hopeless equations.
 constexpr const char* typed[] = {"1",     "42",    ".5",      "x",   "=",      "+",    "*",       "/",    "^",
                                  "(",     ")",     "|",       ",",   "\n",     "\n",   "x=2",     "sin(", "max(",
@@ -134,14 +130,14 @@ class Soak : public WindowFixture {
   }
 
   App app_;
-  Int32 seed_ = NumberFromEnvironment("SUMLET_SOAK_SEED", 1);
+  Int32 seed_ = qEnvironmentVariable("SUMLET_SOAK_SEED", "1").toInt();
   std::mt19937 random_{static_cast<unsigned>(seed_)};
 };
 
 TEST_F(Soak, MemoryStaysFlat) {
   constexpr int rests = 100;
   constexpr double mostGrowth = 512 << 10;  // bytes; the toolkit fills its stores of letters slowly
-  const Int32 step = NumberFromEnvironment("SUMLET_SOAK_SECONDS", 300) * 1000 / rests;
+  const Int32 step = qEnvironmentVariable("SUMLET_SOAK_SECONDS", "300").toInt() * 1000 / rests;
   double first = 0, last = 0;  // bytes in use, the means of ten rests; those before fill the toolkit's stores
   for (int rest = 0; rest < rests; ++rest) {
     for (const Int32 end = clock.Now() + step; clock.Now() < end;) Act();
