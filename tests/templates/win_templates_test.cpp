@@ -123,6 +123,7 @@ TEST_F(WinTemplates, PreviewIsCentredAndCutOnADarkDesktopToo) {
   for (const auto& [text, firstInk, lastInk] : rows) {
     TemplatesManager::EquationText[0] = text;
     chooser->LoadList();
+    chooser->list().SetListIndex(1);
     const QImage cell = chooser->list().viewport()->grab().toImage().copy(202, 60, 380, 60);
     int first = 60, last = -1;
     for (int y = 0; y < 60; ++y)
