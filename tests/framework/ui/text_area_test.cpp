@@ -65,9 +65,11 @@ TEST_F(TextAreaTest, Keys) {
 
 TEST_F(TextAreaTest, IsBlackOnWhiteOnADarkDesktop) {
   SetDarkDesktop();
-  area.SetTextSize(40);
-  area.SetText("███");
-  const QImage picture = area.grab().toImage();
+  TextArea dark(nullptr);
+  dark.resize(300, 100);
+  dark.SetTextSize(40);
+  dark.SetText("███");
+  const QImage picture = dark.grab().toImage();
   EXPECT_EQ(picture.pixelColor(250, 50), QColor(Qt::white));
   EXPECT_EQ(picture.pixelColor(30, 35), QColor(Qt::black));
   EXPECT_NE(picture.pixelColor(0, 50), QColor(Qt::white)) << "the border";
