@@ -1,6 +1,5 @@
 // The window program: wires the parts together and runs them.
 #include <optional>
-#include <vector>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/ui/application.h"
@@ -8,7 +7,6 @@
 #include "framework/ui/caret_rest.h"
 #include "framework/ui/desktop_clipboard.h"
 #include "framework/ui/dialogs.h"
-#include "persistence/my_window_manager.h"
 #include "shell/app.h"
 #include "shell/application_icon.h"
 #include "shell/last_save.h"
@@ -18,7 +16,6 @@
 #include "shell/single_instance.h"
 #include "shell/start_requests.h"
 #include "shell/status_tray.h"
-#include "templates/templates_manager.h"
 #include "templates/win_templates.h"
 
 namespace sumlet {
@@ -27,24 +24,6 @@ namespace {
 // How long a start waits for the running program. That one may be loading a large session, but if it hangs, the user
 // still gets a window.
 constexpr std::chrono::seconds handOverPatience(10);
-
-std::vector<const MyWindowManager::StoredWindow*> StoredWindows() {
-  std::vector<const MyWindowManager::StoredWindow*> windows;
-  windows.reserve(static_cast<std::size_t>(WindowCount()));
-  for (Int32 i = 0; i < WindowCount(); ++i)
-    windows.push_back(dynamic_cast<const MyWindowManager::StoredWindow*>(&WindowAt(i)));
-  return windows;
-}
-
-// The order of the sections is that of the settings file.
-void ConnectSettings() {
-  TemplatesManager::RegisterSection();
-  MyWindowManager::RegisterSection();
-  MyWindowManager::SetWindowList(StoredWindows);
-  MyWindowManager::RegisterRestorer(
-      {"template", [](const MyWindowManager::Record&) { winTemplates::Instance().Show(); }});
-  MyWindowManager::RegisterRestorer({"equation", winSumlet::RestoreFrom});
-}
 
 int Run(Descriptor requests) {
   std::optional<NoDisplayEndsProgram> noDisplay(std::in_place);
@@ -57,7 +36,7 @@ int Run(Descriptor requests) {
   InstallDialogs();
   InstallBrowser();
   InstallClipboard();
-  ConnectSettings();
+  App::ConnectSettings();
   const CaretRest caretRest;
 
   App app;

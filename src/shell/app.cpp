@@ -8,8 +8,10 @@
 #include "equationwindow/win_sumlet.h"
 #include "framework/show_url.h"
 #include "framework/ui/window.h"
+#include "persistence/my_window_manager.h"
 #include "persistence/preferences.h"
 #include "shell/web_addresses.h"
+#include "templates/templates_manager.h"
 
 namespace sumlet {
 namespace {
@@ -25,6 +27,14 @@ void CloseAllWindows() {
     if (window) window->Close(true);
 }
 
+std::vector<const MyWindowManager::StoredWindow*> StoredWindows() {
+  std::vector<const MyWindowManager::StoredWindow*> windows;
+  windows.reserve(static_cast<std::size_t>(WindowCount()));
+  for (Int32 i = 0; i < WindowCount(); ++i)
+    windows.push_back(dynamic_cast<const MyWindowManager::StoredWindow*>(&WindowAt(i)));
+  return windows;
+}
+
 }  // namespace
 
 SaveTimer::SaveTimer() {
@@ -32,6 +42,16 @@ SaveTimer::SaveTimer() {
 }
 
 void SaveTimer::Event_Action() { Preferences::Save(); }
+
+// The order of the sections is that of the settings file.
+void App::ConnectSettings() {
+  TemplatesManager::RegisterSection();
+  MyWindowManager::RegisterSection();
+  MyWindowManager::SetWindowList(StoredWindows);
+  MyWindowManager::RegisterRestorer(
+      {"template", [](const MyWindowManager::Record&) { winTemplates::Instance().Show(); }});
+  MyWindowManager::RegisterRestorer({"equation", winSumlet::RestoreFrom});
+}
 
 // Loading shows an alert for each damaged part, and the user may quit, or start the program again, in front of it.
 void App::Event_Open() {

@@ -23,6 +23,9 @@ class App {
   // Made when the start is over.
   std::unique_ptr<ReviewTimer> tmrReview;
 
+  // Makes the templates and the open windows a part of the settings. Once, before they are loaded.
+  static void ConnectSettings();
+
   // Binds the commands that the application answers to their menu items.
   void BindMenuHandlers();
 

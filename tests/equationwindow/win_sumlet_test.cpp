@@ -1,92 +1,143 @@
 #include "equationwindow/win_sumlet.h"
 
-#include "equationwindow/equation_fixture.h"
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextLayout>
+
+#include "framework/ui/window_fixture.h"
 #include "templates/templates_manager.h"
 #include "templates/win_save.h"
 
 namespace sumlet {
 namespace {
 
-class CountingMath final : public MathClass {
- public:
-  explicit CountingMath(int* count) : count_(count) {}
-  String Evaluate() override {
-    ++*count_;
-    return MathClass::Evaluate();
+class WinSumlet : public WindowFixture {
+ protected:
+  WinSumlet() {
+    winSumlet::ScheduleSave = [this] { ++saves; };
+    QCoreApplication::processEvents();
+  }
+  void TypeAt(int position, const char* keys) {
+    QTextCursor caret = input.textCursor();
+    caret.setPosition(position);
+    input.setTextCursor(caret);
+    QTest::keyClicks(&input, keys);
+    QCoreApplication::processEvents();
+  }
+  // For each line the colour of its beginning, and how many units of UTF-16 have it.
+  [[nodiscard]] String Colors() const {
+    String text;
+    for (QTextBlock block = input.document()->begin(); block.isValid(); block = block.next()) {
+      for (const auto& range : block.layout()->formats())
+        text += range.format.foreground().color().name().toStdString() + " " + std::to_string(range.length);
+      text += ";";
+    }
+    return text;
   }
 
- private:
-  int* count_;
-};
-
-class WinSumlet : public EquationFixture {
- protected:
-  WinSumlet() { window->math = std::make_unique<CountingMath>(&calculations); }
-  int calculations = 0;
+  int saves = 0;
+  QPointer<winSumlet> window = new winSumlet;
+  TextArea& input = window->textInput();
+  TextArea& output = window->textOutput();
 };
 
 TEST_F(WinSumlet, CalculatesOnceTypingHasStopped) {
-  EXPECT_EQ(QApplication::focusWidget(), &window->textInput()) << "ready to type";
-  Fill("(1");
-  clock.Advance(1000);
-  EXPECT_EQ(std::exchange(calculations, 0), 1) << "a text set by program arms no timer";
+  EXPECT_EQ(QApplication::focusWidget(), &input) << "ready to type";
+  window->SetEquation("", "(1");
+  EXPECT_EQ(window->tmrCalculate().Mode(), TimerMode::Off) << "a text set by program arms no timer";
   EXPECT_EQ(saves, 0);
-  window->textInput().selectAll();
+  input.selectAll();
+  output.SetText("not calculated anew");
   for (const char key : std::string("1+2+3+4+56")) {
-    clock.Advance(100);
-    QTest::keyClick(&window->textInput(), key);
+    clock.Advance(249);
+    QTest::keyClick(&input, key);
   }
   EXPECT_EQ(saves, 10);
   clock.Advance(249);
-  EXPECT_EQ(calculations, 0);
+  EXPECT_EQ(output.Text(), "not calculated anew");
   clock.Advance(1);
-  EXPECT_EQ(Result(), "66");
-  clock.Advance(10000);
-  EXPECT_EQ(calculations, 1);
-
-  // a calculation by program leaves the armed timer as it is, and closing switches it off
-  for (const bool closes : {false, true}) {
-    QTest::keyClick(&window->textInput(), Qt::Key_1);
-    if (!closes) window->Calculate();
-    if (closes) window->Close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(window.isNull(), closes);
-    clock.Advance(250);
-    EXPECT_EQ(calculations, 3);
-  }
+  EXPECT_EQ(output.Text(), "66");
+  QTest::keyClick(&input, Qt::Key_1);
+  window->Close();  // switches the timer off
+  DestroyClosed();
+  EXPECT_TRUE(window.isNull());
+  clock.Advance(250);
 }
 
-TEST_F(WinSumlet, AreasStandOnePixelOutside) {
-  for (const QSize size : {QSize(365, 234), QSize(500, 400), QSize(64, 64)}) {
-    window->SetWidth(size.width());
-    window->SetHeight(size.height());
-    const QRect input = window->textInput().geometry();
-    const QRect output = window->textOutput().geometry();
-    EXPECT_EQ(input, QRect(-1, -1, size.width() + 2, output.top() - 1));
-    EXPECT_EQ(QRect(output.bottomLeft(), output.bottomRight()), QRect(-1, size.height(), size.width() + 2, 1));
-  }
+TEST_F(WinSumlet, AreasFollowTheWindowWithinItsLimits) {
+  window->SetWidth(1);
+  window->SetHeight(500);
+  EXPECT_EQ(input.geometry() | output.geometry(), QRect(-1, -1, 64 + 2, 500 + 2)) << "one pixel outside";
   window->hide();
   window->SetWidth(32000);
   window->SetHeight(32000);
   EXPECT_EQ(QSize(window->Width(), window->Height()), QSize(16384, 4096)) << "its picture fits into memory";
 }
 
+TEST_F(WinSumlet, AOneLineResultIsNeitherCutNorScrolled) {
+  window->SetEquation("", "x=2\nx*21");
+  for (const Int32 size : {11, 24}) {
+    window->SetHeight(3 * size + 64);
+    window->ApplyTextSize(size);
+    QCoreApplication::processEvents();
+    const int line = output.fontMetrics().height();
+    EXPECT_GE(input.height(), line) << size;
+    EXPECT_EQ(output.verticalScrollBar()->maximum(), 0) << size;
+    EXPECT_GE(output.viewport()->height(), line) << size;
+  }
+  window->ApplyTextSize(13);
+  for (const bool isLong : {true, false}) {
+    window->SetEquation("", isLong ? "foo" + String(300, 'x') : "1");
+    EXPECT_EQ(output.verticalScrollBarPolicy() == Qt::ScrollBarAsNeeded, isLong);
+    EXPECT_EQ(output.height() > 100, isLong);
+  }
+}
+
+// At such a size neither area has room for a whole line.
+TEST_F(WinSumlet, TextLargerThanItsAreaStaysInSight) {
+  window->SetHeight(64);
+  window->ApplyTextSize(96);
+  window->SetEquation("", "(6");
+  TypeAt(2, "*7");
+  EXPECT_TRUE(input.rect().intersects(input.cursorRect()));
+  EXPECT_EQ(input.verticalScrollBar()->maximum() + output.verticalScrollBar()->value(), 0);
+}
+
+TEST_F(WinSumlet, ColorsFollowTheCalculationAndTheTyping) {
+  window->SetEquation("", "# 𝜋\nfoo\n# b");
+  EXPECT_EQ(Colors(), "#7f7f7f 4;#ff0000 3;#7f7f7f 3;");
+  TypeAt(6, "xy");
+  EXPECT_EQ(Colors(), "#7f7f7f 4;#ff0000 5;#7f7f7f 3;") << "typed into a line";
+  QTest::keyClick(&input, Qt::Key_Return);
+  EXPECT_EQ(Colors(), "#7f7f7f 4;#ff0000 3;#ff0000 2;#7f7f7f 3;") << "broken in two";
+  for (int i = 0; i < 2; ++i) QTest::keyClick(&input, Qt::Key_Backspace);
+  TypeAt(13, "z");
+  EXPECT_EQ(input.Text(), "# 𝜋\nfxoo\n# bz");
+  EXPECT_TRUE(Colors().ends_with("#7f7f7f 3;")) << "at the very end";
+  clock.Advance(250);
+  EXPECT_EQ(Colors(), "#7f7f7f 4;#ff0000 4;#7f7f7f 4;");
+  EXPECT_EQ(window->tmrCalculate().Mode(), TimerMode::Off) << "colouring is no change";
+  input.undo();
+  EXPECT_EQ(input.Text(), "# 𝜋\nfxoo\n# b");
+  window->SetEquation("", "1\n2");
+  EXPECT_EQ(Colors(), ";;");
+}
+
 TEST_F(WinSumlet, SavesAsTemplateTheTextOfTheMomentOfSaving) {
   SetDialogHandler([](const MessageDialog&) {
-    EXPECT_TRUE(dynamic_cast<winSave*>(&WindowAt(0))) << "asked about a name that is there with the sheet still up";
+    EXPECT_TRUE(Front<winSave>()) << "asked about a name that is there with the sheet still up";
     return DialogButton::Action;
   });
-  for (const char* from : {"", "from"}) {
+  for (const String from : {"", "from"}) {
     window->FromTemplate = from;
-    EXPECT_TRUE(window->_FileSaveAsTemplate_Action());
-    auto* sheet = dynamic_cast<winSave*>(&WindowAt(0));
-    ASSERT_TRUE(sheet);
-    EXPECT_EQ(sheet->textName().text(), *from == '\0' ? "Untitled Template" : from);
-    sheet->textName().setText("first");
-    window->textInput().SetText(String("1+1") + from);
-    QTest::keyClick(&sheet->textName(), Qt::Key_Return);
+    window->_FileSaveAsTemplate_Action();
+    QLineEdit& name = Front<winSave>()->textName();
+    EXPECT_EQ(name.text().toStdString(), from.empty() ? "Untitled Template" : from);
+    name.setText("first");
+    input.SetText("1+1" + from);
+    QTest::keyClick(&name, Qt::Key_Return);
     EXPECT_EQ(TemplatesManager::Key.Ubound(), 0);
-    EXPECT_EQ(TemplatesManager::EquationText[0], String("1+1") + from);
+    EXPECT_EQ(TemplatesManager::EquationText[0], "1+1" + from);
   }
 }
 

@@ -47,7 +47,7 @@ for size in 16 24 32 48 64 128 256; do
   expect "icon" "${size}x$size" "$(identify -format %wx%h "$icons/${size}x$size/apps/$icon.png")"
 done
 for file in "$icons/scalable/apps/$icon.svg" "$icons/symbolic/apps/$icon-symbolic.svg"; do
-  [[ $(file --brief --mime-type "$file") == image/svg+xml ]] || give_up "$file is no icon"
+  expect "kind of $file" image/svg+xml "$(file --brief --mime-type "$file")"
 done
 
 # The desktop's way to the program, and from its window back to the entry.

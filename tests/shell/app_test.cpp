@@ -1,30 +1,23 @@
 #include "shell/app.h"
 
+#include <QDesktopServices>
+#include <QTextBrowser>
 #include <QTimer>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/fault.h"
+#include "framework/show_url.h"
 #include "framework/ui/application.h"
+#include "framework/ui/browser.h"
 #include "framework/ui/dialogs.h"
 #include "framework/ui/window_fixture.h"
 #include "persistence/preferences.h"
+#include "shell/menus.h"
+#include "shell/review.h"
+#include "shell/web_addresses.h"
 
 namespace sumlet {
 namespace {
-
-class RecordingWindow final : public Window {
- public:
-  explicit RecordingWindow(String* record) : record_(record) { Create(); }
-
- protected:
-  bool Event_CancelClose(bool appQuitting) override {
-    *record_ += appQuitting ? "close, quitting;" : "close;";
-    return false;
-  }
-
- private:
-  String* record_;
-};
 
 class ApplicationLife : public WindowFixture {
  protected:
@@ -34,39 +27,35 @@ class ApplicationLife : public WindowFixture {
       record += "save with " + std::to_string(WindowCount()) + ";";
       return String();
     };
-    const auto load = [this](const auto&) {
-      if (WhenLoading) WhenLoading();
-    };
+    const auto load = [this](const auto&) { WhenLoading(); };
     Preferences::RegisterSection({"Probe", store, load, load});
-    winSumlet::ScheduleSave = [this] { app.ScheduleSave(); };
   }
-  // The status with which the event loop ends once `action` has run in it.
-  static int Run(const std::function<void()>& action) {
+  // Runs the event loop until it ends, with `action` as its first event.
+  static void Run(const std::function<void()>& action) {
     QTimer::singleShot(0, action);
-    return QCoreApplication::exec();
+    EXPECT_EQ(QCoreApplication::exec(), 0);
+    EXPECT_EQ(WindowCount(), 0);
   }
   App app;
   String record;
-  std::function<void()> WhenLoading;
+  std::function<void()> WhenLoading = [] {};
 };
 
 TEST_F(ApplicationLife, SavesFiveMinutesAfterTheLastKey) {
-  Preferences::RememberEquations = false;
-  auto* a = new winSumlet;
-  auto* b = new winSumlet;
-  QTest::keyClick(&b->textInput(), Qt::Key_2);
-  app.ScheduleSave();
-  EXPECT_EQ(app.tmrSave, nullptr) << "nothing is remembered";
-  Preferences::RememberEquations = true;
-  QTest::keyClick(&a->textInput(), Qt::Key_1);
-  clock.Advance(240000);
-  QTest::keyClick(&b->textInput(), Qt::Key_2);
-  clock.Advance(299999);
-  EXPECT_EQ(record, "");
+  winSumlet::ScheduleSave = [this] { app.ScheduleSave(); };
+  TextArea& input = (new winSumlet)->textInput();
+  for (const bool remembered : {false, true, true}) {
+    Preferences::RememberEquations = remembered;
+    QTest::keyClick(&input, Qt::Key_2);
+    app.ScheduleSave();
+    clock.Advance(remembered ? 299999 : 300000);
+    EXPECT_EQ(record, "");
+  }
   for (const Int32 milliseconds : {1, 600000}) {
     clock.Advance(milliseconds);
-    EXPECT_EQ(record, "save with 2;");
+    EXPECT_EQ(record, "save with 1;");
   }
+  winSumlet::ScheduleSave = nullptr;
 }
 
 // The desktop says "quit" by an event of the toolkit; without the program's own way, that would close windows first.
@@ -75,38 +64,35 @@ TEST_F(ApplicationLife, QuitSavesWhileAllWindowsStand) {
   application.QuitRequested = [this] { app.Quit(); };
   app.Event_Open();
   EXPECT_EQ(WindowCount(), 1) << "nothing was open, so the chooser is";
-  for (int i = 0; i < 2; ++i) new RecordingWindow(&record);
-  EXPECT_EQ(Run([] { QCoreApplication::quit(); }), 0);
+  for (int i = 0; i < 2; ++i) new winSumlet;
+  Run([] { QCoreApplication::quit(); });
   app.Quit();
-  EXPECT_EQ(record, "save with 3;close, quitting;close, quitting;") << "no save follows";
-  EXPECT_EQ(WindowCount(), 0);
+  EXPECT_EQ(record, "save with 3;") << "no save follows";
   EXPECT_TRUE(Preferences::TemplatesOpen) << "a chooser that is open at quit counts as open";
   application.QuitRequested = nullptr;
 }
 
 TEST_F(ApplicationLife, QuitAsksNothingAndWaitsForNoAlert) {
   InstallDialogs();
-  app.Event_Open();
   DialogButton answer = DialogButton::Action;
-  EXPECT_EQ(Run([&] {
-              QTimer::singleShot(0, [&] { app.Quit(); });
-              MessageDialog question;
-              question.CancelButton = true;
-              answer = question.ShowModal();
-              MsgBox("And no other comes up.");
-            }),
-            0);
+  app.Event_Open();
+  Run([&] {
+    QTimer::singleShot(0, [&] { app.Quit(); });
+    MessageDialog question;
+    question.CancelButton = true;
+    answer = question.ShowModal();
+    MsgBox("And no other comes up.");
+  });
   EXPECT_EQ(answer, DialogButton::Cancel);
   EXPECT_EQ(record, "save with 1;");
 }
 
 // An alert about damage may stand while only some of the windows are back: saving them would lose the others.
 TEST_F(ApplicationLife, QuitBeforeEverythingIsLoadedSavesNothing) {
-  new RecordingWindow(&record);
+  new winSumlet;
   WhenLoading = [this] { app.Quit(); };
-  EXPECT_EQ(Run([this] { app.Event_Open(); }), 0);
-  EXPECT_EQ(record, "close, quitting;");
-  EXPECT_EQ(WindowCount(), 0) << "and no chooser opens any more";
+  Run([this] { app.Event_Open(); });
+  EXPECT_EQ(record, "");
 }
 
 TEST_F(ApplicationLife, GoesOnAfterAFaultAtStart) {
@@ -119,9 +105,47 @@ TEST_F(ApplicationLife, GoesOnAfterAFaultAtStart) {
     app.Event_Reopen();
     app.Quit();
   });
-  EXPECT_EQ(Run([this] { app.Event_Open(); }), 0);
+  Run([this] { app.Event_Open(); });
   EXPECT_EQ(told, "This could not be done because of an index out of range.");
   EXPECT_EQ(record, "save with 1;") << "started again, it shows the chooser";
+}
+
+TEST_F(ApplicationLife, AsksForAReviewOnceAtTheFifthStart) {
+  int asked = 0, shared = 0;
+  SetDialogHandler([&](const MessageDialog&) {
+    ++asked;
+    Preferences::ShownReviewDialog = false;
+    Preferences::Load();
+    EXPECT_TRUE(Preferences::ShownReviewDialog) << "in the file before the user answers";
+    return asked == 1 ? DialogButton::Cancel : DialogButton::Action;
+  });
+  ReviewTimer timer([&shared] { ++shared; });
+  // runs before, whether it has been shown, how often it has asked by then
+  const std::tuple<Int32, bool, int> rows[] = {{3, false, 0}, {4, true, 0}, {100, false, 1}, {4, false, 2}};
+  for (const auto& [runCount, shown, asks] : rows) {
+    Preferences::RunCount = runCount;
+    Preferences::ShownReviewDialog = shown;
+    for (int i = 0; i < 2; ++i) timer.Expire();
+    EXPECT_EQ(asked, asks) << runCount << shown;
+  }
+  EXPECT_EQ(shared, 1);
+}
+
+TEST_F(ApplicationLife, WebAddressesReachTheDesktopEncoded) {
+  QTextBrowser desktop;  // takes the addresses in its place
+  for (const char* scheme : {"https", "macappstore"}) QDesktopServices::setUrlHandler(scheme, &desktop, "setSource");
+  InstallBrowser();
+  const auto opened = [&desktop] { return desktop.source().toEncoded().toStdString(); };
+  app.AppendMenuItems();
+  MenuBar1().Choose("Share");
+  EXPECT_EQ(opened(), "https://share.sumlet.example/sharer.php?u=https%3A%2F%2Fwww.sumlet.example%2Fsumlet%2F");
+  const String store = "macappstore://store.sumlet.example/us/app/sumlet/id0?ls=1&mt=12";
+  for (const String& address : {WebAddresses::Store(), String("https://www.sumlet.example/50%")}) {
+    ShowURL(address);
+    EXPECT_EQ(opened(), store) << "and not what is no address";
+  }
+  SetURLHandler({});
+  for (const char* scheme : {"https", "macappstore"}) QDesktopServices::unsetUrlHandler(scheme);
 }
 
 }  // namespace

@@ -6,9 +6,7 @@
 #include "framework/ui/file_dialogs.h"
 #include "framework/ui/window_fixture.h"
 #include "shell/app.h"
-#include "shell/text_import.h"
 #include "shell/win_about.h"
-#include "shell/win_help.h"
 #include "shell/win_preferences.h"
 
 namespace sumlet {
@@ -22,23 +20,10 @@ class Menus : public WindowFixture {
     static const bool bound = (app.BindMenuHandlers(), app.AppendMenuItems(), true);
     EXPECT_TRUE(bound);
   }
-  void TearDown() override {
-    SetFileDialogs({});
-    WindowFixture::TearDown();
-  }
   static winSumlet& NewEquation(std::string_view text) {
     const winTemplates::Template equation{"", String(text)};
     App::OpenEquation(&equation);
     return dynamic_cast<winSumlet&>(WindowAt(0));
-  }
-  // The names of the items that the enabling pass decides on and has enabled.
-  static String Enabled() {
-    MenuBar1().Update();
-    String names;
-    for (const char* name :
-         {"FileSaveAsTemplate", "FileCLose", "WindowMinimize", "WindowBringAlltoFront", "FullScreen"})
-      if (MenuBar1().Item(name).isEnabled()) names += String(name) + " ";
-    return names;
   }
   // The entries of the Window menu behind the fixed ones, the ticked one in brackets.
   static String WindowEntries() {
@@ -54,15 +39,21 @@ class Menus : public WindowFixture {
 };
 
 TEST_F(Menus, WhatIsEnabledDependsOnTheFrontWindow) {
-  EXPECT_EQ(Enabled(), "");
-  NewEquation(" \n\t");
-  EXPECT_EQ(Enabled(), "FileCLose WindowMinimize WindowBringAlltoFront FullScreen ");
+  // The items that the enabling pass decides on and has enabled.
+  const auto enabled = [] {
+    MenuBar1().Update();
+    String names;
+    for (const char* name : {"FileSaveAsTemplate", "FileCLose", "WindowMinimize", "FullScreen"})
+      if (MenuBar1().Item(name).isEnabled()) names += String(name) + " ";
+    return names;
+  };
+  EXPECT_EQ(enabled(), "");
   NewEquation("1");
-  EXPECT_EQ(Enabled(), "FileSaveAsTemplate FileCLose WindowMinimize WindowBringAlltoFront FullScreen ");
-  winHelp::Instance().Show();
-  EXPECT_EQ(Enabled(), "FileCLose WindowMinimize WindowBringAlltoFront ");
+  EXPECT_EQ(enabled(), "FileSaveAsTemplate FileCLose WindowMinimize FullScreen ");
+  NewEquation(" \n\t");
+  EXPECT_EQ(enabled(), "FileCLose WindowMinimize FullScreen ");
   winPreferences::Instance().Show();
-  EXPECT_EQ(Enabled(), "FileCLose WindowBringAlltoFront ");
+  EXPECT_EQ(enabled(), "FileCLose ");
   EXPECT_FALSE(MenuBar1().Choose("FileExport")) << "no handler in reach";
 }
 
@@ -86,67 +77,63 @@ TEST_F(Menus, TheWindowMenuListsWhatIsOpen) {
 
 TEST_F(Menus, EditItemsActOnTheTextWithTheFocus) {
   winSumlet& window = NewEquation("x=2");
+  const auto choose = [](std::initializer_list<const char*> names) {
+    QCoreApplication::processEvents();
+    for (const char* name : names) MenuBar1().Choose(name);
+  };
   window.activateWindow();
-  window.textInput().setFocus();
-  QCoreApplication::processEvents();
   QTest::keyClicks(&window.textInput(), "7");
-  for (const char* name : {"EditSelectAll", "EditCut"}) MenuBar1().Choose(name);
+  choose({"EditSelectAll", "EditCut"});
   EXPECT_EQ(window.textInput().Text(), "");
-  for (const char* name : {"EditPaste", "EditUndo", "EditUndo"}) MenuBar1().Choose(name);
+  choose({"EditPaste", "EditUndo", "EditUndo", "EditSelectAll"});
   EXPECT_EQ(window.textInput().Text(), "7x=2");
-  // neither the result's area nor an equation behind another window
-  window.textInput().selectAll();
+  // neither an equation behind another window nor the result's area
   winAbout::Instance().Show();
-  QCoreApplication::processEvents();
-  MenuBar1().Choose("EditCut");
+  choose({"EditCut"});
   window.Show();
   window.textOutput().setFocus();
-  window.textOutput().selectAll();
-  QCoreApplication::processEvents();
-  MenuBar1().Choose("EditClear");
-  EXPECT_EQ(window.textOutput().Text(), "2");
-  EXPECT_EQ(window.textInput().Text(), "7x=2");
+  choose({"EditSelectAll", "EditClear"});
+  EXPECT_EQ(window.textInput().Text() + " is " + window.textOutput().Text(), "7x=2 is 2");
 }
 
 TEST_F(Menus, FilesComeInAndFailuresAreNamedOnce) {
-  const std::filesystem::path path = folder.path().toStdString();
-  const auto write = [&path](const char* name, std::string_view content) {
-    std::ofstream(path / name, std::ios::binary) << content;
-    return FolderItem(path / name);
-  };
-  const std::vector<FolderItem> files = {write("budget.txt", "\n\n 1+1\n\n2*\u00A021 \n"), write("empty.txt", " \n"),
-                                         write("utf16.TXT", std::string_view("\xFF\xFE\x31\x00+\x00\x32\x00", 8)),
-                                         write("latin.txt.txt", "# caf\xE9 \x80\n3"), FolderItem(path / "gone.txt")};
+  std::vector<FolderItem> files;
+  const std::pair<const char*, std::string> contents[] = {{"budget.txt", "\n\n 1+1\n\n2*\u00A021 \n"},
+                                                          {"empty.txt", " \n"},
+                                                          {"utf16.TXT", {"\xFF\xFE\x31\x00+\x00\x32\x00", 8}},
+                                                          {"latin.txt.txt", "# caf\xE9 \x80\n3"}};
+  for (const auto& [name, content] : contents) {
+    files.emplace_back(folder.filePath(name).toStdString());
+    std::ofstream(files.back().Path(), std::ios::binary) << content;
+  }
+  files.emplace_back(folder.filePath("gone.txt").toStdString());
   SetFileDialogs({[&files](const OpenDialog&) { return files; }, {}});
-  std::vector<String> told;
+  String told, opened;
   SetDialogHandler([&told](const MessageDialog& dialog) {
-    told.push_back(dialog.Message + "|" + dialog.Explanation);
+    told += dialog.Message + "|" + dialog.Explanation;
     return DialogButton::Action;
   });
   MenuBar1().Choose("FileImport");
-  EXPECT_EQ(told, (std::vector<String>{"The following items couldn't be opened, or were empty:|empty.txt\ngone.txt"}));
-  String opened;
-  for (Int32 i = 0; i < WindowCount(); ++i) {
-    const auto& window = dynamic_cast<winSumlet&>(WindowAt(i));
-    opened += window.FromTemplate + ":" + window.textInput().Text() + ";";
+  EXPECT_EQ(told, "The following items couldn't be opened, or were empty:|empty.txt\ngone.txt");
+  while (const auto* window = Front<winSumlet>()) {
+    opened += window->FromTemplate + ":" + window->textInput().Text() + ";";
+    WindowAt(0).Close();
   }
   EXPECT_EQ(opened, "latin.txt:# café €\n3;utf16:1+2;budget:1+1\n\n2*\u00A021;");
 }
 
 TEST_F(Menus, ExportTellsOfAFailure) {
-  winSumlet& window = NewEquation("1");
-  String suggested, alert;
-  SetFileDialogs({{}, [&](const SaveAsDialog& dialog, Window&) {
-                    suggested += dialog.SuggestedFileName + ";";
-                    return FolderItem(folder.path().toStdString()).Child("no such folder").Child("x.txt");
+  SetFileDialogs({{}, [this](const SaveAsDialog& dialog, Window&) {
+                    return FolderItem(folder.filePath("none").toStdString()).Child(dialog.SuggestedFileName);
                   }});
-  SetMessageHandler([&alert](std::string_view text) { alert = text; });
-  for (const char* name : {"", "budget"}) {
-    window.FromTemplate = name;
-    EXPECT_TRUE(MenuBar1().Choose("FileExport"));
+  String told;
+  SetMessageHandler([&told](std::string_view text) { told = text; });
+  winSumlet& window = NewEquation("1");
+  for (const char* name : {"Untitled Equation", "budget"}) {
+    MenuBar1().Choose("FileExport");
+    EXPECT_TRUE(told.starts_with("The equation could not be exported to \"" + String(name) + ".txt\": ")) << told;
+    window.FromTemplate = "budget";
   }
-  EXPECT_EQ(suggested, "Untitled Equation.txt;budget.txt;");
-  EXPECT_TRUE(alert.starts_with("The equation could not be exported to \"x.txt\": ")) << alert;
 }
 
 }  // namespace

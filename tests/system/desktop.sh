@@ -10,11 +10,11 @@ skip_without Xvfb openbox xdotool xclip xprop python3
 settings="$virtualFolder/home/.local/share/Application Support/com.fernhill.sumlet/preferences"
 settings_file() { python3 -B "$folder/settings_file.py" "$@"; }
 
-# expect_windows LINE...: the windows of the settings file, front to back
-expect_windows() {
+# expect_stored LINE...: the templates and windows of the settings file
+expect_stored() {
   local stored
   stored=$(settings_file show "$settings") || give_up "the settings file cannot be read"
-  [[ $stored == "$(printf '%s\n' "$@")" ]] || give_up "expected the windows '$*', but stored is '$stored'"
+  [[ $stored == "$(printf '%s\n' "$@")" ]] || give_up "expected '$*', but stored is '$stored'"
 }
 
 # area_reads TEXT: whether the area that has the focus holds TEXT. Copying nothing leaves the clipboard as it was.

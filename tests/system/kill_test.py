@@ -4,42 +4,29 @@ Each time the settings file holds, whole, what the last finished save has writte
 """
 
 import fcntl
-import os
-import pathlib
 import random
 import shutil
 import subprocess
-import sys
-import tempfile
 import time
 import unittest
 
+from running_program import PROGRAM, RunningProgram
 from settings_file import items
 
-PROGRAM = os.path.abspath(sys.argv.pop(1))
 
-
-class Killed(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
-
-    def section_after_kill(self, data, saves, delay):
+class Killed(RunningProgram):
+    def section_after_kill(self, saves, delay):
         """What is saved once the program has been killed `delay` seconds into that save; None when there is no file."""
-        path = data / "Application Support" / "com.fernhill.sumlet" / "preferences"
-        environment = {"HOME": str(self.folder), "XDG_DATA_HOME": str(data)}
-        with subprocess.Popen([PROGRAM], env=environment, stdout=subprocess.PIPE) as process:
+        with subprocess.Popen([PROGRAM], env=self.environment(), stdout=subprocess.PIPE) as process:
             for _ in range(saves + 1):
                 self.assertTrue(process.stdout.readline())
             time.sleep(delay)
             process.kill()
-        if not path.exists():
+        if not self.settings.exists():
             return None
-        with open(path, "rb") as file:
+        with open(self.settings, "rb") as file:
             fcntl.flock(file, fcntl.LOCK_SH)  # as the next start would
-            content = file.read()
-        return dict(items(content))["TemplateList"]
+            return dict(items(file.read()))["TemplateList"]
 
     def test_leaves_a_whole_file(self):
         instants = random.Random(3)
@@ -47,8 +34,7 @@ class Killed(unittest.TestCase):
         for number in range(1000):
             # Every other time there is no file yet, and the first save is the one that is hit.
             saves = 0 if number % 2 == 0 else instants.randrange(1, 6)
-            data = self.folder / str(number)
-            section = self.section_after_kill(data, saves, 0.03 * instants.random() ** 2)
+            section = self.section_after_kill(saves, 0.03 * instants.random() ** 2)
             if section is None:
                 self.assertEqual(saves, 0, "a finished save is lost")
                 continue
@@ -57,9 +43,8 @@ class Killed(unittest.TestCase):
             self.assertEqual(len(section), (3_000_000, 10, 300_000, 70_000)[left % 4])
             self.assertGreaterEqual(left, saves - 1, "a finished save is lost")
             hit += left >= saves
-            shutil.rmtree(data)
-        self.assertGreater(hit, 10, "it was killed at work")
-        self.assertLess(hit, 1000, "it was killed at work")
+            shutil.rmtree(self.data)
+        self.assertTrue(10 < hit < 1000, "it was killed at work")
 
 
 if __name__ == "__main__":

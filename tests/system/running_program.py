@@ -18,6 +18,8 @@ class RunningProgram(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
+        self.data = self.folder / "data"
+        self.settings = self.data / "Application Support" / "com.fernhill.sumlet" / "preferences"
         self.started = []
         self.addCleanup(self.kill_all)
 
@@ -29,7 +31,7 @@ class RunningProgram(unittest.TestCase):
     def environment(self, **changes):
         """That of a start, with the home in the test's folder; what is changed to None is left out."""
         (self.folder / "run").mkdir(mode=0o700, exist_ok=True)
-        variables = {"HOME": self.folder, "XDG_DATA_HOME": self.folder / "data", "XDG_RUNTIME_DIR": self.folder / "run",
+        variables = {"HOME": self.folder, "XDG_DATA_HOME": self.data, "XDG_RUNTIME_DIR": self.folder / "run",
                      "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "offscreen", **changes}
         return {name: str(value) for name, value in variables.items() if value is not None}
 
@@ -51,5 +53,8 @@ class RunningProgram(unittest.TestCase):
         return self.survivor([self.start(**changes), self.start(**changes)])
 
     def quit(self, process, by=signal.SIGTERM):
-        process.send_signal(by)
+        """A session that ends may send several signals at once."""
+        end = time.monotonic() + PATIENCE
+        while process.poll() is None and time.monotonic() < end:
+            process.send_signal(by)
         self.assertEqual(process.wait(PATIENCE), 0)

@@ -2,9 +2,11 @@
 
 import contextlib
 import hashlib
+import itertools
 import os
 import signal
 import socket
+import time
 import unittest
 
 from running_program import PATIENCE, RunningProgram
@@ -13,8 +15,9 @@ QUIT_SIGNALS = (signal.SIGTERM, signal.SIGINT, signal.SIGHUP)
 
 
 class SecondStart(RunningProgram):
-    def start_in(self, name):
-        return self.start_running(XDG_DATA_HOME=self.folder / name)
+    def address(self, number):
+        folder = hashlib.sha256(str(self.data.resolve()).encode()).hexdigest()[:32]
+        return f"\0sumlet-{os.geteuid()}-{folder}-{number}"
 
     def start_at_once(self, count):
         """Starts that have come up to the program itself and go on at the same instant."""
@@ -26,42 +29,64 @@ class SecondStart(RunningProgram):
 
     def test_hands_over_and_ends(self):
         for quit_signal in QUIT_SIGNALS:
-            data = self.folder / f"data {quit_signal}"
-            first = self.start_running(XDG_DATA_HOME=data)
-            for _ in range(3):
-                self.assertEqual(self.start(XDG_DATA_HOME=data).wait(PATIENCE), 0)
+            first = self.start_running()
+            self.assertEqual(self.start().wait(PATIENCE), 0)
             self.quit(first, quit_signal)
-            self.assertTrue((data / "Application Support").exists(), "it has saved")
+            self.settings.unlink()  # it has saved
             # What has quit, or was killed, does not stand in the way.
-            self.start_running(XDG_DATA_HOME=data).kill()
-            self.quit(self.start_running(XDG_DATA_HOME=data))
+            self.start_running().kill()
 
     def test_of_starts_at_the_same_instant_one_lives_on(self):
         for number in range(200):
             self.quit(self.survivor(self.start_at_once(2 + number % 3)))
 
+    def test_one_that_does_not_answer_keeps_nobody_from_starting(self):
+        hanging = self.start_running()
+        hanging.send_signal(signal.SIGSTOP)
+        second = self.start()
+        time.sleep(20)  # twice its patience
+        self.quit(second)
+
+    def test_bears_every_peer(self):
+        process = self.start_running()
+        with contextlib.ExitStack() as stack:
+            peers = [stack.enter_context(socket.socket(socket.AF_UNIX)) for _ in range(48)]
+            for peer, said in itertools.zip_longest(peers, [b"", b"\n", b"started\n", b"start \n", b"start a b\n", bytes(300),
+                                                            b"start " + b"x" * 257 + b"\n", b"x" * 2**20], fillvalue=b"start"):
+                peer.connect(self.address(0))
+                peer.send(said, socket.MSG_DONTWAIT)
+            self.assertEqual(self.start().wait(PATIENCE), 0)
+            self.assertEqual(peers[0].recv(1), b"", "who says nothing makes room for others")
+        self.assertEqual(self.start().wait(PATIENCE), 0)
+        self.quit(process)
+
+    def test_a_hangup_that_is_ignored_stays_so(self):
+        process = self.start_running(behind=["sh", "-c", 'trap "" HUP; exec "$0"'])
+        process.send_signal(signal.SIGHUP)
+        self.assertEqual(self.start().wait(PATIENCE), 0)
+        self.quit(process)
+
     def test_two_data_folders_are_two_programs(self):
-        first, second = self.start_in("data"), self.start_in("data2")
-        os.symlink(self.folder / "data", self.folder / "link")
-        (self.folder / "data").mkdir(exist_ok=True)
-        self.assertEqual(self.start(XDG_DATA_HOME=self.folder / "link").wait(PATIENCE), 0, "another way to the first folder")
+        first, second = self.start_running(), self.start_running(XDG_DATA_HOME=self.folder / "data2")
+        os.symlink(self.data, self.folder / "link")
+        self.data.mkdir(exist_ok=True)
+        again = self.start(XDG_DATA_HOME=f"{self.folder}/./link/")
+        self.assertEqual(again.wait(PATIENCE), 0, "another way to the first folder")
         self.quit(first)
         self.quit(second)
 
     @unittest.skipUnless(os.geteuid() == 0, "only root can play another user")
     def test_another_user_does_not_stand_in_the_way(self):
-        for addresses, listens in [(1, True), (1, False), (3, True), (3, False)]:
-            data = f"data {addresses} {listens}"
-            folder = hashlib.sha256(str((self.folder / data).resolve()).encode()).hexdigest()[:32]
-            with self.subTest(data), contextlib.ExitStack() as squatters:
+        for addresses, listens in [(1, True), (3, False)]:
+            with self.subTest(addresses=addresses), contextlib.ExitStack() as squatters:
                 for number in range(addresses):
                     squatter = squatters.enter_context(socket.socket(socket.AF_UNIX))
-                    squatter.bind(f"\0sumlet-0-{folder}-{number}")
+                    squatter.bind(self.address(number))
                     os.seteuid(65534)  # whose socket it is shows when it begins to listen
                     if listens:
                         squatter.listen()
                     os.seteuid(0)
-                self.quit(self.start_in(data))
+                self.quit(self.start_running())
 
 
 if __name__ == "__main__":

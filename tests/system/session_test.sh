@@ -5,18 +5,15 @@ source "$(dirname "${BASH_SOURCE[0]}")/desktop.sh"
 
 start_again() { env "${programEnvironment[@]}" "$1" || give_up "the second start ended with status $?"; }
 
-is_active() { [[ $(xdotool getactivewindow) == "$1" ]]; }
-expect_active() { wait_for 15 is_active "$1" || give_up "expected window $1, but the active one is $(xdotool getactivewindow)"; }
 windows() { xdotool search --onlyvisible --pid "$program" --class '^Sumlet$'; }
+shows() { (($({ windows || true; } | wc -l) == $1)); }
+expect_shown() { wait_for 15 shows "$1" || give_up "expected $1 windows, but there are: $(windows)"; }
 # Sets front and back, once the windows are all there: the active window and the other one.
 name_windows() {
-  wait_for 15 two_windows || give_up "there are not two windows"
+  expect_shown 2
   front=$(xdotool getactivewindow)
   back=$(windows | grep -vx "$front")
 }
-two_windows() { (($(windows | wc -l) == 2)); }
-one_window() { (($(windows | wc -l) == 1)); }
-no_window() { ! windows; }
 has_moved() { xdotool getwindowgeometry "$back" | grep -q 'Position: 50[0-9],3[5-9]'; }
 
 settings_file write "$settings" '100 80 365 234 front' '420 300 300 200 back'
@@ -27,8 +24,7 @@ expect_text front
 name_windows
 press ctrl+a
 type_keys '6*7'
-xdotool windowactivate "$back"
-expect_active "$back"
+xdotool windowactivate --sync "$back"
 expect_text back
 press ctrl+a
 type_keys 'x=5'
@@ -37,33 +33,33 @@ type_keys 'x/2'
 xdotool windowmove "$back" 500 350
 wait_for 15 has_moved || give_up "the window does not move"
 quit TERM
-expect_windows '500 350 300 200 x=5' 'x/2' '100 80 365 234 6*7'
+expect_stored '500 350 300 200 x=5' 'x/2' '100 80 365 234 6*7'
 
 # Once more without touching anything: nothing drifts. A second start brings the front window to the front.
 start_window "$1"
 expect_text $'x=5\nx/2'
 name_windows
 xdotool windowminimize "$back"
-wait_for 15 one_window || give_up "the window does not minimise"
+expect_shown 1
 xdotool windowminimize "$front"
-wait_for 15 no_window || give_up "the windows do not minimise"
+expect_shown 0
 start_again "$1"
-expect_active "$front"
+expect_text $'x=5\nx/2'
 quit INT
-expect_windows '500 350 300 200 x=5' 'x/2' '100 80 365 234 6*7'
+expect_stored '500 350 300 200 x=5' 'x/2' '100 80 365 234 6*7'
 
 # Without a window the program stays, and a second start shows the chooser.
 start_window "$1"
-expect_text 'x=5'$'\n''x/2'
+expect_text $'x=5\nx/2'
 press alt+F4
-wait_for 15 one_window || give_up "the window does not close"
+expect_shown 1
 press alt+F4
-wait_for 15 no_window || give_up "the last window does not close"
+expect_shown 0
 kill -0 "$program" || give_up "the program has ended with its last window"
 start_again "$1"
 expect_title 'Template Chooser'
 quit HUP
-expect_windows chooser
+expect_stored chooser
 
 # Without a settings file the older one is taken over, binary here, and left as it is.
 rm "$settings"
@@ -73,9 +69,8 @@ cp "$folder/../plist/data/settings.bplist" "$older"
 start_window "$1"
 expect_text '6*7'
 quit TERM
-expect_windows '100 80 365 234 6*7' '420 300 300 200 x=5'$'\n''x/2'
-[[ $(settings_file templates "$settings") == 'Three &amp; a half: price=19.99, price*3'$'\n''Hypotenuse: hyp(3;4)' ]] ||
-  give_up "the templates are missing"
+expect_stored 'Three &amp; a half: price=19.99' 'price*3' 'Hypotenuse: hyp(3;4)' \
+  '100 80 365 234 6*7' '420 300 300 200 x=5' 'x/2'
 cmp "$folder/../plist/data/settings.bplist" "$older" || give_up "the older settings file has been written"
 
 # A damaged file: the alert that stands does not hold up quitting, and nothing is saved over what could not be read.

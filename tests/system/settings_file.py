@@ -1,7 +1,7 @@
 """The settings file as the tests see it, from docs/settings-format.md and not from the program.
 
-    settings_file.py show FILE             prints the windows, front to back: left top width height text
-    settings_file.py templates FILE        prints the templates, each "name: line, line"
+    settings_file.py show FILE             prints the templates, each "name: text", and the windows, front to back: "left
+                                           top width height text"
     settings_file.py write FILE WINDOW...  writes a file with these windows, each "left top width height text"
 """
 
@@ -39,15 +39,17 @@ PLACE = ("left", "top", "width", "height")
 
 
 def show(path):
-    for _, record in items(dict(items(path.read_bytes()))["WindowList"]):
-        fields = {key: value.decode() for key, value in items(record)}
+    sections = dict(items(path.read_bytes()))
+    for _, record in items(sections["TemplateList"]) + items(sections["WindowList"]):
+        fields = {key: urllib.parse.unquote(value.decode()) for key, value in items(record)}
         if "template" in fields:
             print("chooser")
         elif fields:
-            print(*(fields[key] for key in PLACE), urllib.parse.unquote(fields["equation"]))
+            place = " ".join(fields[key] for key in PLACE) if "left" in fields else fields["name"] + ":"
+            print(place, fields["equation"])
 
 
-def write(path, windows):
+def write(path, *windows):
     records = []
     for window in windows:
         *place, text = window.split(" ", 4)
@@ -58,16 +60,5 @@ def write(path, windows):
                              ("WindowList", packed([(str(i), record) for i, record in enumerate(records)]))]))
 
 
-def templates(path):
-    for _, record in items(dict(items(path.read_bytes()))["TemplateList"]):
-        fields = {key: value.decode() for key, value in items(record)}
-        print(f"{fields['name']}: {', '.join(urllib.parse.unquote(fields['equation']).split(chr(10)))}")
-
-
 if __name__ == "__main__":
-    if sys.argv[1] == "show":
-        show(pathlib.Path(sys.argv[2]))
-    elif sys.argv[1] == "templates":
-        templates(pathlib.Path(sys.argv[2]))
-    else:
-        write(pathlib.Path(sys.argv[2]), sys.argv[3:])
+    {"show": show, "write": write}[sys.argv[1]](pathlib.Path(sys.argv[2]), *sys.argv[3:])

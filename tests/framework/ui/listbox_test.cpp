@@ -8,46 +8,36 @@ namespace {
 
 using namespace std::string_literals;
 
-void Click(Listbox& list, int y, Qt::KeyboardModifiers keys) {
-  QTest::mouseClick(list.viewport(), Qt::LeftButton, keys, QPoint(150, y));
-}
-
-void DoubleClick(Listbox& list, int y, Qt::MouseButton button) {
-  QTest::mouseDClick(list.viewport(), button, {}, QPoint(50, y));
-}
-
 TEST(Listbox, SelectsOneRow) {
-  const struct {
-    void (*step)(Listbox&);
-    bool required;
-    const char* log;
-  } rows[] = {
-      // every row begins with row 2 of 5 selected
-      {[](Listbox& l) { Click(l, 30, {}); }, true, "Change 0;"},
-      {[](Listbox& l) { Click(l, 350, {}); }, true, ""},  // below the rows
-      {[](Listbox& l) { Click(l, 150, Qt::ControlModifier); }, true, ""},
-      {[](Listbox& l) { Click(l, 150, Qt::ControlModifier); }, false, "Change -1;"},
-      {[](Listbox& l) { QTest::keyClick(&l, Qt::Key_End); }, true, "Change 4;"},
-      {[](Listbox& l) { DoubleClick(l, 30, Qt::LeftButton); }, true, "Change 0;DoubleClick 0;"},
-      {[](Listbox& l) { DoubleClick(l, 150, Qt::RightButton); }, true, ""},
-      {[](Listbox& l) { DoubleClick(l, 350, Qt::LeftButton); }, true, ""},
-      {[](Listbox& l) { l.SetListIndex(-1); }, true, "Change -1;"},
-      {[](Listbox& l) { l.DeleteAllRows(); }, true, "Change -1;"},
+  using Mouse = Qt::MouseButton;
+  using Keys = Qt::KeyboardModifier;
+  // where it is clicked, in pixels of rows that are 60 high, with what, whether twice; whether a selection is required
+  const std::tuple<int, Mouse, bool, Keys, bool, const char*> rows[] = {
+      // each begins with row 2 of 5 selected
+      {350, Qt::LeftButton, false, Qt::NoModifier, true, ""},  // below the rows
+      {150, Qt::LeftButton, false, Qt::ControlModifier, true, ""},
+      {150, Qt::LeftButton, false, Qt::ControlModifier, false, "Change -1;"},
+      {30, Qt::LeftButton, true, Qt::NoModifier, true, "Change 0;DoubleClick 0;"},
+      {150, Qt::RightButton, true, Qt::NoModifier, true, ""},
+      {350, Qt::LeftButton, true, Qt::NoModifier, true, ""},
   };
-  for (const auto& row : rows) {
+  for (const auto& [y, button, twice, keys, required, expected] : rows) {
     Listbox list(nullptr);
     list.resize(300, 400);
     list.SetDefaultRowHeight(60);
     for (Int32 i = 0; i < 5; ++i) list.AddRow("name", "text");
     list.show();
     QCoreApplication::processEvents();
-    list.RequiresSelection = row.required;
+    list.RequiresSelection = required;
     list.SetListIndex(2);
     std::string log;
     list.Change = [&log](Listbox& sender) { log += "Change " + std::to_string(sender.ListIndex()) + ";"; };
     list.DoubleClick = [&log](Listbox& sender) { log += "DoubleClick " + std::to_string(sender.ListIndex()) + ";"; };
-    row.step(list);
-    EXPECT_EQ(log, row.log) << &row - rows;
+    if (!twice) QTest::mouseClick(list.viewport(), button, keys, {150, y});
+    if (twice) QTest::mouseDClick(list.viewport(), button, keys, {150, y});
+    EXPECT_EQ(log, expected) << y;
+    list.DeleteAllRows();
+    EXPECT_EQ(list.ListIndex(), -1);
   }
 }
 

@@ -1,8 +1,5 @@
 #include "framework/ui/window.h"
 
-#include <QLayout>
-#include <QMenuBar>
-
 #include "framework/fault.h"
 #include "framework/ui/base_window.h"
 #include "framework/ui/window_fixture.h"
@@ -22,70 +19,38 @@ TEST(StaggeredCorner, StaysOnTheScreen) {
     EXPECT_EQ(StaggeredCorner(size, QRect(100, 50, 400, 300), previous), corner);
 }
 
-class RecordingWindow final : public BaseWindow {
- public:
-  explicit RecordingWindow(std::string* record, bool withMenuBar = false) : record_(record), withMenuBar_(withMenuBar) {
-    Create();
-  }
-  bool refuses = false;
-
- protected:
-  void Layout() override {
-    Note("Layout");
-    if (withMenuBar_) {
-      auto* bar = new QMenuBar;
-      bar->addMenu("File");
-      layout()->setMenuBar(bar);
-    }
-    SetSizeLimits({64, 64}, {800, 700});
-    SetWidth(300);
-    SetHeight(200);
-  }
-  void CreateControls() override { Note("Controls"); }
-  void AddMenuHandlers() override { Note("Handlers"); }
-  void Event_Open() override { Note("Open"); }
-  void Event_Resized() override { Note("Resized"); }
-  void Event_Moved() override { Note("Moved"); }
+struct RecordingWindow final : BaseWindow {
+  explicit RecordingWindow(std::string& events) : record(events) { Create(); }
+  void Layout() override { SetWidth(300); }
+  void Event_Open() override { record += "Open;"; }
+  void Event_Resized() override { record += "Resized;"; }
   bool Event_CancelClose(bool appQuitting) override {
-    Note(appQuitting ? "CancelClose, quitting" : "CancelClose");
+    record += appQuitting ? "CancelClose, quitting;" : "CancelClose;";
     return refuses;
   }
-  void Minimize() override { Note("Minimize"); }
-  void Restore() override { Note("Restore"); }
-
- private:
-  void Note(const char* event) { *record_ += std::string(event) + ";"; }
-  std::string* record_;
-  bool withMenuBar_;
+  std::string& record;
+  bool refuses = false;
 };
 
 class WindowTest : public WindowFixture {
  protected:
+  RecordingWindow* NewWindow() { return new RecordingWindow(record); }
+  // What has happened since the last call.
+  std::string Events() {
+    QCoreApplication::processEvents();
+    return std::exchange(record, {});
+  }
   std::string record;
 };
 
-TEST_F(WindowTest, RaisesItsEventsInOrder) {
-  const QPointer<RecordingWindow> window = new RecordingWindow(&record);
-  const auto expect = [&](const char* events) {
-    QCoreApplication::processEvents();
-    EXPECT_EQ(record, events);
-    record.clear();
-  };
-  EXPECT_TRUE(window->isVisible());
-  EXPECT_TRUE(record.starts_with("Layout;Controls;Handlers;Open;")) << record;
-  EXPECT_EQ(record.find("Resized"), std::string::npos);
-  QCoreApplication::processEvents();
-  record.clear();
-  window->SetWidth(310);
-  expect("Resized;");
-  window->SetWidth(310);
-  expect("");
-  window->SetLeft(window->Left() + 5);
-  expect("Moved;");
-  for (const bool minimized : {true, false}) {
-    window->setWindowState(minimized ? Qt::WindowMinimized : Qt::WindowNoState);
-    EXPECT_EQ(window->Minimized, minimized);
-    expect(minimized ? "Minimize;" : "Restore;");
+TEST_F(WindowTest, RaisesItsEvents) {
+  const QPointer<RecordingWindow> window = NewWindow();
+  EXPECT_TRUE(Events().starts_with("Open;")) << "it hears of no size before";
+  for (int i = 0; i < 2; ++i) window->SetWidth(310);
+  EXPECT_EQ(Events(), "Resized;");
+  for (const auto state : {Qt::WindowMinimized, Qt::WindowNoState}) {
+    window->setWindowState(state);
+    EXPECT_EQ(window->Minimized, state == Qt::WindowMinimized);
   }
   for (const bool refuses : {true, false}) {
     window->refuses = refuses;
@@ -93,51 +58,32 @@ TEST_F(WindowTest, RaisesItsEventsInOrder) {
     EXPECT_EQ(WindowCount(), refuses ? 1 : 0);
   }
   EXPECT_FALSE(window.isNull()) << "it lives until control is back at the event loop";
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  DestroyClosed();
   EXPECT_TRUE(window.isNull());
-  expect("CancelClose, quitting;CancelClose;");
-}
-
-TEST_F(WindowTest, SizeIsThatOfTheContent) {
-  for (const bool withMenuBar : {false, true}) {
-    auto& window = *new RecordingWindow(&record, withMenuBar);
-    const std::pair<QSize, QSize> wantedAndGot[] = {
-        {{310, 210}, {310, 210}}, {{1, -5}, {64, 64}}, {{9999, 9999}, {800, 700}}};
-    for (const bool visible : {true, false}) {
-      window.setVisible(visible);
-      for (const auto& [wanted, got] : wantedAndGot) {
-        window.SetWidth(wanted.width());
-        window.SetHeight(wanted.height());
-        EXPECT_EQ(QSize(window.Width(), window.Height()), got);
-        EXPECT_EQ(window.height() > got.height(), withMenuBar);
-      }
-    }
-  }
+  EXPECT_EQ(Events(), "CancelClose, quitting;CancelClose;");
 }
 
 TEST_F(WindowTest, ListRunsFromFrontToBack) {
-  auto *a = new RecordingWindow(&record), *b = new RecordingWindow(&record), *c = new RecordingWindow(&record);
-  const auto expect = [&](const std::vector<RecordingWindow*>& order) {
-    ASSERT_EQ(WindowCount(), static_cast<Int32>(order.size()));
-    for (Int32 i = 0; i < WindowCount(); ++i) EXPECT_EQ(&WindowAt(i), order[static_cast<std::size_t>(i)]);
+  auto *a = NewWindow(), *b = NewWindow(), *c = NewWindow();
+  using Order = std::vector<const Window*>;
+  const auto order = [] {
+    Order windows;
+    for (Int32 i = 0; i < WindowCount(); ++i) windows.push_back(&WindowAt(i));
+    return windows;
   };
-  expect({c, b, a});
   b->Show();
-  expect({b, c, a});
+  EXPECT_EQ(order(), (Order{b, c, a}));
   QEvent activated(QEvent::WindowActivate);
   QCoreApplication::sendEvent(a, &activated);
   b->hide();
-  expect({a, b, c});
-  b->setAttribute(Qt::WA_DeleteOnClose, false);
+  EXPECT_EQ(order(), (Order{a, b, c}));
   EXPECT_TRUE(b->Close()) << "a hidden window closes like any other";
-  expect({a, c});
   record.clear();
   QCoreApplication::sendEvent(b, &activated);
   b->Show();
-  expect({a, c});
   b->Close();
-  EXPECT_EQ(record, "") << "a closed window does not come back, nor does it raise events";
-  delete b;
+  EXPECT_EQ(order(), (Order{a, c})) << "a closed window does not come back";
+  EXPECT_EQ(record, "") << "nor does it raise events";
   EXPECT_THROW((void)WindowAt(2), Fault);
 }
 
