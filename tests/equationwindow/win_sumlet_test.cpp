@@ -5,6 +5,8 @@
 #include <QTextLayout>
 
 #include "framework/ui/window_fixture.h"
+#include "persistence/my_window_manager.h"
+#include "persistence/preferences.h"
 #include "templates/templates_manager.h"
 #include "templates/win_save.h"
 
@@ -90,6 +92,31 @@ TEST_F(WinSumlet, AOneLineResultIsNeitherCutNorScrolled) {
     window->SetEquation("", isLong ? "foo" + String(300, 'x') : "1");
     EXPECT_EQ(output.verticalScrollBarPolicy() == Qt::ScrollBarAsNeeded, isLong);
     EXPECT_EQ(output.height() > 100, isLong);
+  }
+}
+
+// Also of a window that comes back, which calculates before it is shown.
+TEST_F(WinSumlet, AResultOfManyLinesIsSeenWhole) {
+  MyWindowManager::RegisterRestorer({"equation", winSumlet::RestoreFrom});
+  Preferences::RememberEquations = true;
+  for (const Int32 width : {150, 220, 365}) {
+    window->SetWidth(width);
+    for (const char* equation : {"1", "averyverylongvariablenamethatisunknown_"}) window->SetEquation("", equation);
+    KeyList record;
+    record.BinaryFormat = true;
+    window->StoreRecord(record);
+    KeyList list;
+    list.BinaryFormat = true;
+    list.AddItem("0", StringToVariant(record.GetData()));
+    MyWindowManager::Load(list.GetData());
+    auto* restored = Front<winSumlet>();
+    ASSERT_TRUE(restored && restored != window);
+    QCoreApplication::processEvents();
+    for (winSumlet* each : {window.data(), restored}) {
+      EXPECT_GT(each->textOutput().height(), 2 * output.fontMetrics().height()) << width;
+      EXPECT_EQ(each->textOutput().verticalScrollBar()->maximum(), 0) << width;
+    }
+    restored->Close();
   }
 }
 

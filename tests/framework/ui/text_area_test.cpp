@@ -1,6 +1,7 @@
 #include "framework/ui/text_area.h"
 
 #include <QClipboard>
+#include <QScrollBar>
 
 #include "framework/ui/window_fixture.h"
 
@@ -76,6 +77,16 @@ TEST_F(TextAreaTest, IsBlackOnWhiteOnADarkDesktop) {
 }
 
 // Keeping words together would take minutes here, and the time limit of the test run would end it.
+TEST_F(TextAreaTest, NeverScrollsSideways) {
+  area.SetText("averyverylongnamethatisunknown_ and words");
+  area.moveCursor(QTextCursor::End);
+  for (int width = 60; width < 200; ++width) {
+    area.resize(width, 100);
+    QTest::keyClick(&area, '1');
+    EXPECT_EQ(area.horizontalScrollBar()->maximum(), 0) << width;
+  }
+}
+
 TEST_F(TextAreaTest, BearsVeryLongLines) {
   area.SetText("short\n" + std::string(1'000'000, '1'));
   QCoreApplication::processEvents();
