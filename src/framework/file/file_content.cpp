@@ -38,6 +38,7 @@ bool ReplaceContent(const std::filesystem::path& path, std::string_view content)
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <utility>
@@ -139,8 +140,20 @@ bool WriteTo(const Target& target, std::string_view content) {
   return written;
 }
 
+// What else the program has open is not for the writer: its sockets would keep the next start waiting for a program
+// that has ended, until the disk has the content.
+void CloseAllBut([[maybe_unused]] int file, [[maybe_unused]] int report) {
+#if defined(CLOSE_RANGE_CLOEXEC)  // the system's library has the call
+  const auto [low, high] = std::minmax(file, report);
+  close_range(STDERR_FILENO + 1, static_cast<unsigned>(low - 1), 0);
+  close_range(static_cast<unsigned>(low + 1), static_cast<unsigned>(high - 1), 0);
+  close_range(static_cast<unsigned>(high + 1), ~0U, 0);
+#endif
+}
+
 // The whole life of the child. Only calls that are safe behind a fork of a program with several threads.
 [[noreturn]] void RunWriter(const Target& target, int report, std::string_view content) {
+  CloseAllBut(target.file.Number(), report);
   setsid();  // a signal for the program's group, as from a terminal, is not for the writer
   const char done = WriteTo(target, content) ? 1 : 0;
   [[maybe_unused]] const ssize_t told = write(report, &done, 1);
