@@ -56,7 +56,7 @@ class Program:
         """Settings as the program itself leaves them; every start finds the same."""
         path = self.home / SETTINGS
         if equations:
-            settings_file.write(path, equations)
+            settings_file.write(path, *equations)
         with Run(self):
             time.sleep(SETTLED)
         self.settings = path.read_bytes()
