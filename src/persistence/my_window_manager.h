@@ -1,7 +1,7 @@
 // MyWindowManager: the window session. It turns the open windows into one value of the settings file and back.
 //
 // It knows no window class. A window writes its own record, and a record is turned back into a window by the restorer
-// of the key that it holds; the window folders bring both, main.cpp connects them.
+// of the key that it holds; the window folders bring both, the application connects them.
 #pragma once
 
 #include <functional>
