@@ -87,9 +87,15 @@ def check(name, *expected):
     return shown, controls(shown)
 
 
-def has_focus(item):
-    found = next((a for a in within(window("Sumlet")) if a.name == item and has(a, pyatspi.STATE_SHOWING)), None)
-    return found and has(found, pyatspi.STATE_FOCUSED)
+def choose_from_help_menu(item):
+    def has_focus():
+        found = next((a for a in within(window("Sumlet")) if a.name == item and has(a, pyatspi.STATE_SHOWING)), None)
+        return found and has(found, pyatspi.STATE_FOCUSED) or press("Down")
+
+    window("Sumlet")
+    press("alt+f", "Left")  # the last menu is next to the first
+    until(lambda: f'the keys come to "{item}"', has_focus)
+    press("Return")
 
 
 def calculate(editor, equation, result):
@@ -124,8 +130,9 @@ calculate(areas["Equation"], "6*foo", '"*" Error: Operator Requires Two Argument
 press("ctrl+comma")
 check("Preferences", "Restore Open Equations on Startup", "Text Size")
 press("Escape")
-window("Sumlet")
-press("alt+f", "Left")  # the last menu is next to the first
-until(lambda: "the keys come to the help", lambda: has_focus("Sumlet Help") or press("Down"))
-press("Return")
+choose_from_help_menu("Sumlet Help")
 check("Help", "The line language")
+press("Escape")
+choose_from_help_menu("About Sumlet")
+until(lambda: "the about window names the program", lambda: "Sumlet" in controls(window("About Sumlet")))
+check("About Sumlet", *controls(window("About Sumlet")))
