@@ -1,40 +1,51 @@
-// The hand-over socket's message: whatever a peer sends, in whatever pieces, is the message that a start writes or is
-// refused, and a token that is taken goes into the environment as it came.
-#include "shell/start_message.h"
+// The hand-over message: whatever a peer sends, in whatever pieces, is the message that a start writes or is refused,
+// and the token and the files arrive as they were sent.
+#include <algorithm>
+
 #include "check.h"
+#include "shell/start_message.h"
 
 namespace sumlet {
 namespace {
 
 void CheckReceived(std::string_view received) {
-  constexpr std::string_view untouched = "untouched";
-  std::string_view token = untouched;
-  const RequestState state = ReadRequest(received, token);
+  const StartRequest untouched{"untouched", {"untouched"}};
+  StartRequest request = untouched;
+  const RequestState state = ReadRequest(received, request);
   if (state == RequestState::Request) {
-    Check(token.empty() || IsToken(token), "a request has a token or none");
-    Check(received.starts_with(RequestWith(token)), "a request is what a start writes");
-    Check(received.find('\n') < longestRequest, "a request is not too long");
+    Check(request.token.empty() || IsToken(request.token), "a request has a token or none");
+    const std::optional<String> message = MessageFor(request);
+    Check(message.has_value(), "a request is not too long");
+    Check(received.starts_with(*message), "a request is what a start writes");
   } else {
-    Check(token == untouched, "what is no request has no token");
+    Check(request == untouched, "what is no request leaves the request alone");
   }
 
-  // One byte after the other, as a slow peer sends them: what has been decided once stays.
-  for (std::size_t length = 0; length < received.size() && length <= longestRequest + 1; ++length) {
-    std::string_view early;
+  // One byte after the other, as a slow peer sends them: a decision does not change.
+  for (std::size_t length = 0; length < received.size(); ++length) {
+    StartRequest early = untouched;
     const RequestState then = ReadRequest(received.substr(0, length), early);
     if (then == RequestState::Unfinished) continue;
-    Check(then == state, "more bytes do not change what has been decided");
-    Check(then != RequestState::Request || early == token, "nor the token");
+    Check(then == state, "more bytes do not change a decision");
+    Check(early == request, "nor the request");
     break;
   }
 }
 
-void CheckSent(std::string_view token) {
-  const String request = RequestWith(token);
-  std::string_view read;
-  Check(ReadRequest(request, read) == RequestState::Request, "what a start writes is a request");
-  Check(read == (IsToken(token) ? token : ""), "the token arrives, or none");
-  Check(request.size() <= longestRequest, "what a start writes is not too long");
+// The first line of `input` as the token, the others as the files.
+void CheckSent(std::string_view input) {
+  StartRequest sent;
+  bool isFirst = true;
+  for (std::size_t end = 0; !input.empty(); input.remove_prefix(end), isFirst = false) {
+    end = std::min(input.find('\n'), input.size() - 1) + 1;
+    String line(input.substr(0, end));
+    std::erase(line, '\0');
+    isFirst ? sent.token = line : sent.files.emplace_back(line);
+  }
+  StartRequest read;
+  Check(ReadRequest(MessageFor(sent).value(), read) == RequestState::Request, "what a start writes is a request");
+  Check(read.files == sent.files, "the files arrive");
+  Check(read.token == (IsToken(sent.token) ? sent.token : ""), "the token arrives, or none");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <optional>
 
 #include "equationwindow/win_sumlet.h"
+#include "framework/command_line.h"
 #include "framework/ui/application.h"
 #include "framework/ui/browser.h"
 #include "framework/ui/caret_rest.h"
@@ -14,6 +15,7 @@
 #include "shell/no_display.h"
 #include "shell/quit_signals.h"
 #include "shell/single_instance.h"
+#include "shell/start_message.h"
 #include "shell/start_requests.h"
 #include "shell/status_tray.h"
 #include "templates/win_templates.h"
@@ -25,7 +27,23 @@ namespace {
 // still gets a window.
 constexpr std::chrono::seconds handOverPatience(10);
 
-int Run(Descriptor requests) {
+constexpr char help[] =
+    "Usage: sumlet [FILE...]\n"
+    "Opens the calculator, and each FILE as an equation in a window of its own. If Sumlet runs already, it opens "
+    "them.\n"
+    "\n"
+    "      --help     print this help and end\n"
+    "      --version  print the version and end\n"
+    "      --         take everything behind it as the name of a file\n"
+    "\n"
+    "Exit status: 0, also when the files were handed over; 1 without a display; 2 when an option is wrong.\n";
+
+// A session manager starts a program again with "-session" and a name for it. The windows come back without.
+constexpr Program program{"sumlet", SUMLET_VERSION, help, "-session"};
+
+std::vector<FolderItem> ItemsOf(const std::vector<String>& paths) { return {paths.begin(), paths.end()}; }
+
+int Run(Descriptor requests, const std::vector<String>& files) {
   std::optional<NoDisplayEndsProgram> noDisplay(std::in_place);
   Application application;
   noDisplay.reset();
@@ -40,6 +58,7 @@ int Run(Descriptor requests) {
   const CaretRest caretRest;
 
   App app;
+  app.FilesToOpen = ItemsOf(files);
   app.BindMenuHandlers();
   SetMenuAttacher([](Window& window) { MenuBar1().AttachTo(window); });
   StatusTray tray(app);
@@ -49,7 +68,8 @@ int Run(Descriptor requests) {
   application.QuitRequested = [&app] { app.Quit(); };
   application.SessionEnding = [&app] { app.Event_CancelClose(); };
   const QuitSignals quitSignals([&app] { app.Quit(); });
-  const StartRequests startRequests(std::move(requests), [&app] { app.Event_Reopen(); });
+  const StartRequests startRequests(std::move(requests),
+                                    [&app](const auto& paths) { app.Event_Reopen(ItemsOf(paths)); });
 
   (void)WindowCount();  // the list of windows comes into being, so that it outlives what follows
   const LastSave lastSave([&app] {
@@ -64,8 +84,17 @@ int Run(Descriptor requests) {
 }  // namespace
 }  // namespace sumlet
 
-int main() {
+int main(int count, char** arguments) {
   using namespace sumlet;
-  Claim claim = ClaimInstance(SingleInstanceName(), qgetenv("XDG_ACTIVATION_TOKEN").toStdString(), handOverPatience);
-  return claim.start == Start::HandedOver ? 0 : Run(std::move(claim.requests));
+  const CommandLine line = ReadCommandLine(program, count, arguments);
+  if (line.exitStatus) return *line.exitStatus;
+  StartRequest request{qgetenv("XDG_ACTIVATION_TOKEN").toStdString(), {}};
+  for (const char* name : line.names) request.files.push_back(FolderItem(name).AbsolutePath());
+  const std::optional<String> message = MessageFor(request);
+  if (!message) {
+    Complain(program, "the names of the files", "too long for one start");
+    return 2;
+  }
+  Claim claim = ClaimInstance(SingleInstanceName(), *message, handOverPatience);
+  return claim.start == Start::HandedOver ? 0 : Run(std::move(claim.requests), request.files);
 }

@@ -3,13 +3,13 @@
 #include <QApplication>
 #include <QPointer>
 #include <QScopeGuard>
-#include <vector>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/show_url.h"
 #include "framework/ui/window.h"
 #include "persistence/my_window_manager.h"
 #include "persistence/preferences.h"
+#include "shell/text_import.h"
 #include "shell/web_addresses.h"
 #include "templates/templates_manager.h"
 
@@ -59,15 +59,20 @@ void App::Event_Open() {
     const auto loaded = qScopeGuard([this] { loaded_ = true; });
     Preferences::Load();
   }
+  if (quitting_) FilesToOpen.clear();
+  const Array<String> unopened = OpenTextFiles(FilesToOpen);
   if (WindowCount() == 0 && !quitting_) winTemplates::Instance().Show();
   AppendMenuItems();
+  TellOfUnopened(unopened);
   tmrReview = std::make_unique<ReviewTimer>(ShareOnFacebook);
   tmrReview->SetPeriod(reviewDelay);
   tmrReview->SetMode(TimerMode::Single);
 }
 
-void App::Event_Reopen() {
+void App::Event_Reopen(const std::vector<FolderItem>& files) {
   if (quitting_) return;
+  if (!loaded_) FilesToOpen.insert(FilesToOpen.end(), files.begin(), files.end());
+  const Array<String> unopened = loaded_ ? OpenTextFiles(files) : Array<String>();
   if (WindowCount() > 0)
     WindowAt(0).Show();
   else if (loaded_)
@@ -76,6 +81,7 @@ void App::Event_Reopen() {
     alert->raise();
     alert->activateWindow();
   }
+  TellOfUnopened(unopened);
 }
 
 bool App::Event_CancelClose() {

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
+#include "framework/file/folder_item.h"
 #include "framework/ui/timer.h"
 #include "shell/review.h"
 #include "templates/win_templates.h"
@@ -22,6 +24,8 @@ class App {
   std::unique_ptr<SaveTimer> tmrSave;
   // Made when the start is over.
   std::unique_ptr<ReviewTimer> tmrReview;
+  // The text files that Event_Open opens as equations, in front of the windows of last time.
+  std::vector<FolderItem> FilesToOpen;
 
   // Makes the templates and the open windows a part of the settings. Once, before they are loaded.
   static void ConnectSettings();
@@ -35,9 +39,9 @@ class App {
   // Once, when the event loop runs: brings back the settings and windows of last time, or else shows the chooser.
   void Event_Open();
 
-  // The program was started again while it runs. Shows the chooser when no window is open, hidden ones counted;
-  // otherwise the front window comes forward, and an alert that stands in front of it.
-  void Event_Reopen();
+  // The program was started again while it runs, with `files` to open. Afterwards shows the chooser when no window is
+  // open, hidden ones counted; otherwise the front window comes forward, and an alert that stands in front of it.
+  void Event_Reopen(const std::vector<FolderItem>& files = {});
 
   // Saves, while all windows stand. False: quitting is never refused. What has not been loaded yet is not saved over.
   bool Event_CancelClose();

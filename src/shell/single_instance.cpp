@@ -77,15 +77,29 @@ bool AwaitAnswer(const Descriptor& socket, steady_clock::time_point end) {
   return received == startAnswer;
 }
 
-Reply Ask(const Address& address, const String& request, steady_clock::time_point end) {
+// Whether all of the message could be sent before `end`.
+bool SendAll(const Descriptor& socket, std::string_view message, steady_clock::time_point end) {
+  while (!message.empty()) {
+    const auto rest = std::chrono::ceil<milliseconds>(end - steady_clock::now());
+    pollfd writable = {socket.Number(), POLLOUT, 0};
+    const int ready = poll(&writable, 1, static_cast<int>(std::max(rest, milliseconds(0)).count()));
+    if (ready < 0 && errno == EINTR) continue;
+    if (ready <= 0) return false;
+    const ssize_t sent = send(socket.Number(), message.data(), message.size(), MSG_NOSIGNAL);
+    if (sent < 0 && (errno == EINTR || errno == EAGAIN)) continue;
+    if (sent < 0) return false;
+    message.remove_prefix(static_cast<std::size_t>(sent));
+  }
+  return true;
+}
+
+Reply Ask(const Address& address, std::string_view message, steady_clock::time_point end) {
   const Descriptor socket = NewSocket();
   if (!socket.IsOpen()) return Reply::Gone;
   if (connect(socket.Number(), address.Get(), address.length) != 0)
     return errno == ECONNREFUSED ? Reply::Refused : Reply::Gone;  // EAGAIN: many others are waiting as well
   if (!IsOwnPeer(socket)) return Reply::Stranger;
-  const ssize_t sent = send(socket.Number(), request.data(), request.size(), MSG_NOSIGNAL);
-  if (sent != static_cast<ssize_t>(request.size())) return Reply::Gone;
-  return AwaitAnswer(socket, end) ? Reply::Acknowledged : Reply::Gone;
+  return SendAll(socket, message, end) && AwaitAnswer(socket, end) ? Reply::Acknowledged : Reply::Gone;
 }
 
 // An open socket when the address was free, otherwise `taken` says whether the reason is that another process has it.
@@ -99,9 +113,8 @@ Descriptor Listen(const Address& address, bool& taken) {
 
 }  // namespace
 
-Claim ClaimInstance(std::string_view name, std::string_view token, milliseconds patience) {
+Claim ClaimInstance(std::string_view name, std::string_view message, milliseconds patience) {
   const auto end = steady_clock::now() + patience;
-  const String request = RequestWith(token);
   int number = 0;
   int refusals = 0;
   while (number < addressesTried) {
@@ -110,7 +123,7 @@ Claim ClaimInstance(std::string_view name, std::string_view token, milliseconds 
     Descriptor listening = Listen(address, taken);
     if (listening.IsOpen()) return {Start::First, std::move(listening)};
     if (!taken) break;
-    const Reply reply = Ask(address, request, end);
+    const Reply reply = Ask(address, message, end);
     if (reply == Reply::Acknowledged) return {Start::HandedOver, {}};
     if (reply == Reply::Stranger || (reply == Reply::Refused && ++refusals == mostRefusals)) {
       ++number;
@@ -135,7 +148,7 @@ bool IsOwnPeer(const Descriptor& socket) {
 
 // Elsewhere the desktop itself starts a program once, or no such thing is known.
 namespace sumlet {
-Claim ClaimInstance(std::string_view /*name*/, std::string_view /*token*/, std::chrono::milliseconds /*patience*/) {
+Claim ClaimInstance(std::string_view /*name*/, std::string_view /*message*/, std::chrono::milliseconds /*patience*/) {
   return {};
 }
 bool IsOwnPeer(const Descriptor& /*socket*/) { return false; }

@@ -27,10 +27,9 @@ struct Claim {
 [[nodiscard]] String SingleInstanceName();
 
 // Of any number of processes that claim a name at the same instant exactly one is the first, until its end, however it
-// ends. `token` is the desktop's permission to come to the front (XDG_ACTIVATION_TOKEN), handed on to the running
-// program when it is a token (start_message.h). Waits for an answer no longer than `patience`: the running program may
-// itself be starting up.
-[[nodiscard]] Claim ClaimInstance(std::string_view name, std::string_view token, std::chrono::milliseconds patience);
+// ends. The others send it `message` (start_message.h). Waits for an answer no longer than `patience`: the running
+// program may itself be starting up.
+[[nodiscard]] Claim ClaimInstance(std::string_view name, std::string_view message, std::chrono::milliseconds patience);
 
 // Whether the process at the other end of a connected local socket belongs to the user of this one.
 [[nodiscard]] bool IsOwnPeer(const Descriptor& socket);

@@ -1,20 +1,42 @@
 #include "shell/start_message.h"
 
 #include <algorithm>
+#include <charconv>
 
 namespace sumlet {
 namespace {
 
+constexpr std::size_t longestSize = 7;                                                     // digits of longestFiles
+constexpr std::size_t longestLine = startRequest.size() + longestSize + 1 + longestToken;  // without its line feed
+
+struct FirstLine {
+  std::size_t size = 0;  // of what follows the line
+  std::string_view token;
+};
+
 // `line` is without its line feed.
-bool ReadLine(std::string_view line, std::string_view& token) {
-  if (!line.starts_with(startRequest)) return false;
+std::optional<FirstLine> ParseLine(std::string_view line) {
+  if (!line.starts_with(startRequest)) return {};
   line.remove_prefix(startRequest.size());
-  if (!line.empty()) {
-    if (line.front() != ' ' || !IsToken(line.substr(1))) return false;
-    line.remove_prefix(1);
+  FirstLine parsed;
+  const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), parsed.size);
+  if (error != std::errc() || parsed.size > longestFiles) return {};
+  const auto digits = static_cast<std::size_t>(end - line.data());
+  if (line.front() == '0' && digits > 1) return {};
+  line.remove_prefix(digits);
+  if (line.empty()) return parsed;
+  parsed.token = line.substr(1);
+  if (line.front() != ' ' || !IsToken(parsed.token)) return {};
+  return parsed;
+}
+
+std::vector<String> SplitFiles(std::string_view files) {
+  std::vector<String> split;
+  for (std::size_t end = 0; !files.empty(); files.remove_prefix(end + 1)) {
+    end = files.find('\0');
+    split.emplace_back(files.substr(0, end));
   }
-  token = line;
-  return true;
+  return split;
 }
 
 }  // namespace
@@ -24,17 +46,29 @@ bool IsToken(std::string_view text) {
          std::all_of(text.begin(), text.end(), [](char c) { return c > ' ' && c < '\x7F'; });
 }
 
-String RequestWith(std::string_view token) {
-  String request(startRequest);
-  if (IsToken(token)) request.append(" ").append(token);
-  return request + "\n";
+std::optional<String> MessageFor(const StartRequest& request) {
+  String files;
+  for (const String& file : request.files) {
+    files.append(file).push_back('\0');
+    if (files.size() > longestFiles) return {};
+  }
+  String message(startRequest);
+  message += std::to_string(files.size());
+  if (IsToken(request.token)) message.append(" ").append(request.token);
+  return message + "\n" + files;
 }
 
-RequestState ReadRequest(std::string_view received, std::string_view& token) {
-  const std::size_t end = received.find('\n');
-  if (end == std::string_view::npos)
-    return received.size() <= longestRequest ? RequestState::Unfinished : RequestState::Nonsense;
-  return ReadLine(received.substr(0, end), token) ? RequestState::Request : RequestState::Nonsense;
+RequestState ReadRequest(std::string_view received, StartRequest& request) {
+  const std::size_t lineEnd = received.substr(0, longestLine + 1).find('\n');
+  if (lineEnd == std::string_view::npos)
+    return received.size() <= longestLine ? RequestState::Unfinished : RequestState::Nonsense;
+  const std::optional<FirstLine> line = ParseLine(received.substr(0, lineEnd));
+  if (!line) return RequestState::Nonsense;
+  const std::string_view files = received.substr(lineEnd + 1, line->size);
+  if (files.size() < line->size) return RequestState::Unfinished;
+  if (!files.empty() && files.back() != '\0') return RequestState::Nonsense;
+  request = {String(line->token), SplitFiles(files)};
+  return RequestState::Request;
 }
 
 }  // namespace sumlet

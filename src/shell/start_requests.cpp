@@ -48,7 +48,7 @@ class StartRequests::Peer final : public QObject {
   QTimer timer_;
 };
 
-StartRequests::StartRequests(Descriptor requests, std::function<void()> reopen)
+StartRequests::StartRequests(Descriptor requests, Reopen reopen)
     : requests_(std::move(requests)), reopen_(std::move(reopen)) {
   if (!requests_.IsOpen()) return;
   notifier_ = new QSocketNotifier(requests_.Number(), QSocketNotifier::Read, &owner_);
@@ -74,22 +74,22 @@ void StartRequests::Accept() {
 }
 
 void StartRequests::Read(Peer& peer) {
-  std::array<char, longestRequest + 1> bytes = {};
-  const ssize_t count = recv(peer.Socket().Number(), bytes.data(), bytes.size() - peer.received.size(), 0);
+  std::array<char, 16384> bytes = {};
+  const ssize_t count = recv(peer.Socket().Number(), bytes.data(), bytes.size(), 0);
   if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
   if (count > 0) peer.received.append(bytes.data(), static_cast<std::size_t>(count));
-  std::string_view token;
-  const RequestState state = ReadRequest(peer.received, token);
+  StartRequest request;
+  const RequestState state = ReadRequest(peer.received, request);
   if (state == RequestState::Unfinished && count > 0) return;
-  const bool request = state == RequestState::Request;
-  if (request) {
+  const bool isRequest = state == RequestState::Request;
+  if (isRequest) {
     // The toolkit takes it from here when a window is brought to the front.
-    if (!token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray(token.data(), static_cast<qsizetype>(token.size())));
+    if (!request.token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.token));
     [[maybe_unused]] const ssize_t sent =
         send(peer.Socket().Number(), startAnswer.data(), startAnswer.size(), MSG_NOSIGNAL);
   }
   Drop(peer);
-  if (request) reopen_();
+  if (isRequest) reopen_(request.files);
 }
 
 // It may be one of its own notifiers that calls.
@@ -104,7 +104,7 @@ void StartRequests::Drop(Peer& peer) {
 #else
 
 namespace sumlet {
-StartRequests::StartRequests(Descriptor requests, std::function<void()> /*reopen*/) : requests_(std::move(requests)) {}
+StartRequests::StartRequests(Descriptor requests, Reopen /*reopen*/) : requests_(std::move(requests)) {}
 StartRequests::~StartRequests() = default;
 }  // namespace sumlet
 

@@ -4,8 +4,10 @@
 #include <QObject>
 #include <functional>
 #include <list>
+#include <vector>
 
 #include "framework/file/descriptor.h"
+#include "framework/text/text.h"
 
 class QSocketNotifier;
 
@@ -13,10 +15,12 @@ namespace sumlet {
 
 class StartRequests {
  public:
+  using Reopen = std::function<void(const std::vector<String>& files)>;
+
   // Answers the requests that arrive at `requests`, the socket of a Claim, on the event loop: acknowledges each, then
-  // calls `reopen`. Whoever else talks to the socket, talks nonsense, too much or not at all, is cut off. Without a
-  // socket it does nothing.
-  StartRequests(Descriptor requests, std::function<void()> reopen);
+  // calls `reopen` with the files that it names. Whoever else talks to the socket, talks nonsense, too much or not at
+  // all, is cut off. Without a socket it does nothing.
+  StartRequests(Descriptor requests, Reopen reopen);
   StartRequests(const StartRequests&) = delete;
   StartRequests& operator=(const StartRequests&) = delete;
   ~StartRequests();
@@ -29,7 +33,7 @@ class StartRequests {
   void Drop(Peer& peer);
 
   Descriptor requests_;
-  std::function<void()> reopen_;
+  Reopen reopen_;
   QObject owner_;  // of the notifiers and peers
   QSocketNotifier* notifier_ = nullptr;
   std::list<Peer*> peers_;  // the oldest in front

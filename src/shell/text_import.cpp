@@ -15,9 +15,10 @@ constexpr std::string_view textFiles =
 // Far above any equation, and what a text area still handles.
 constexpr std::size_t largestText = std::size_t{16} << 20;
 
-// Empty when a window has been opened, else what to tell about the file.
-String Import(const FolderItem& file) {
-  String name = file.Path().filename().string();
+// Nothing when a window has been opened, else the name of the file, and the reason where it needs one.
+std::optional<String> Import(const FolderItem& file) {
+  const std::filesystem::path& path = file.Path();
+  const String name = (path.has_filename() ? path.filename() : path).string();  // without one: "folder/"
   const std::optional<String> content = file.ReadBinaryFile();
   if (content && content->size() > largestText) return name + " (larger than 16 MB)";
   const String text = content ? Trim(DecodeText(*content)) : String();
@@ -30,19 +31,26 @@ String Import(const FolderItem& file) {
 
 String EquationName(std::string_view fileName) { return Replace(fileName, ".txt", ""); }
 
+Array<String> OpenTextFiles(const std::vector<FolderItem>& files) {
+  Array<String> unopened;
+  for (const FolderItem& file : files)
+    if (std::optional<String> name = Import(file)) unopened.Append(std::move(*name));
+  return unopened;
+}
+
+void TellOfUnopened(const Array<String>& names) {
+  if (names.Ubound() < 0) return;
+  MessageDialog message;
+  message.Message = "The following items couldn't be opened, or were empty:";
+  message.Explanation = Join(names, EndOfLine);
+  (void)message.ShowModal();
+}
+
 void ImportTextFiles() {
   OpenDialog dialog;
   dialog.PromptText = "Select Text (.txt) files to import as equations.";
   dialog.Filter = textFiles;
-  Array<String> failed;
-  for (const FolderItem& file : dialog.ShowModal()) {
-    if (String problem = Import(file); !problem.empty()) failed.Append(std::move(problem));
-  }
-  if (failed.Ubound() < 0) return;
-  MessageDialog message;
-  message.Message = "The following items couldn't be opened, or were empty:";
-  message.Explanation = Join(failed, EndOfLine);
-  (void)message.ShowModal();
+  TellOfUnopened(OpenTextFiles(dialog.ShowModal()));
 }
 
 }  // namespace sumlet

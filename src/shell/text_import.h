@@ -9,8 +9,14 @@
 
 namespace sumlet {
 
-// Asks for files and opens an equation window for each. Those that cannot be read, and those without any text, are
-// named in one dialog at the end.
+// Opens an equation window for each file that can be read and holds any text. The others are the result: a name each,
+// with the reason where it is none of these.
+[[nodiscard]] Array<String> OpenTextFiles(const std::vector<FolderItem>& files);
+
+// Names the files that OpenTextFiles could not open in one dialog. Does nothing when there are none.
+void TellOfUnopened(const Array<String>& names);
+
+// Asks for files, opens them, and names those that cannot be opened.
 void ImportTextFiles();
 
 // The name that an equation takes from its file: without the first ".txt", wherever it stands.

@@ -35,9 +35,9 @@ class RunningProgram(unittest.TestCase):
                      "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "offscreen", **changes}
         return {name: str(value) for name, value in variables.items() if value is not None}
 
-    def start(self, behind=(), stdin=None, **changes):
-        process = subprocess.Popen([*behind, PROGRAM], env=self.environment(**changes), stdin=stdin,
-                                   stderr=subprocess.DEVNULL)
+    def start(self, *arguments, behind=(), stdin=None, cwd=None, **changes):
+        process = subprocess.Popen([*behind, PROGRAM, *arguments], env=self.environment(**changes), stdin=stdin,
+                                   cwd=cwd, stderr=subprocess.DEVNULL)
         self.started.append(process)
         return process
 

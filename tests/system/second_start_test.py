@@ -6,10 +6,12 @@ import itertools
 import os
 import signal
 import socket
+import subprocess
 import time
 import unittest
 
-from running_program import PATIENCE, RunningProgram
+import settings_file
+from running_program import PATIENCE, PROGRAM, RunningProgram
 
 QUIT_SIGNALS = (signal.SIGTERM, signal.SIGINT, signal.SIGHUP)
 
@@ -36,6 +38,27 @@ class SecondStart(RunningProgram):
             # What has quit, or was killed, does not stand in the way.
             self.start_running().kill()
 
+    def test_opens_the_files_of_every_start(self):
+        folder = self.folder / "documents"
+        folder.mkdir()
+        names = [os.fsdecode(b"caf\xe9 %d.txt" % number) for number in range(3)]
+        for number, name in enumerate(names):
+            (folder / name).write_text(f"{number}+1\n")
+        running = self.survivor([self.start("--", f"documents/{names[0]}", cwd=self.folder) for _ in range(2)])
+        missing = [f"{number:0200}" for number in range(2000)]  # more than a socket takes at once
+        self.assertEqual(self.start(f"../documents/{names[1]}", names[2], *missing, cwd=folder).wait(PATIENCE), 0)
+        self.quit(running)
+        windows = settings_file.items(dict(settings_file.items(self.settings.read_bytes()))["WindowList"])
+        equations = [dict(settings_file.items(record))["equation"] for _, record in windows]
+        self.assertEqual(equations, [b"2%2B1", b"1%2B1", b"0%2B1", b"0%2B1"])
+
+    def test_options_are_answered_without_a_display(self):
+        for option, status, said in [("--help", 0, "Usage: sumlet [FILE...]\n"), ("--version", 0, "sumlet "),
+                                     ("-x", 2, "sumlet: unknown option -x\n")]:
+            run = subprocess.run([PROGRAM, option], env=self.environment(QT_QPA_PLATFORM="none"), text=True,
+                                 capture_output=True, timeout=PATIENCE, check=False)
+            self.assertEqual((run.returncode, said in run.stdout + run.stderr), (status, True), option)
+
     def test_of_starts_at_the_same_instant_one_lives_on(self):
         for number in range(200):
             self.quit(self.survivor(self.start_at_once(2 + number % 3)))
@@ -51,8 +74,8 @@ class SecondStart(RunningProgram):
         process = self.start_running()
         with contextlib.ExitStack() as stack:
             peers = [stack.enter_context(socket.socket(socket.AF_UNIX)) for _ in range(48)]
-            for peer, said in itertools.zip_longest(peers, [b"", b"\n", b"started\n", b"start \n", b"start a b\n", bytes(300),
-                                                            b"start " + b"x" * 257 + b"\n", b"x" * 2**20], fillvalue=b"start"):
+            for peer, said in itertools.zip_longest(peers, [b"", b"\n", b"started\n", b"start \n", b"start 0 a b\n", bytes(300),
+                                                            b"start 9999999\n", b"x" * 2**20], fillvalue=b"start"):
                 peer.connect(self.address(0))
                 peer.send(said, socket.MSG_DONTWAIT)
             self.assertEqual(self.start().wait(PATIENCE), 0)

@@ -12,17 +12,13 @@
 
 #include "engine/math_class.h"
 #include "engine/result_text.h"
+#include "framework/command_line.h"
 
 namespace sumlet {
 namespace {
 
 // Ordered by weight: the heaviest outcome of all texts is the exit status.
 enum class Outcome { value = 0, error = 1, failure = 2 };
-
-struct CommandLine {
-  std::vector<const char*> names;   // the texts to evaluate; "-" is standard input
-  std::optional<Outcome> finished;  // set when an option has said all there is to say
-};
 
 constexpr char help[] =
     "Usage: sumlet-eval [FILE...]\n"
@@ -42,17 +38,7 @@ constexpr char help[] =
 // Far more than anyone types, and small enough that an endless file such as /dev/zero ends in a message.
 constexpr std::size_t largestText = std::size_t{256} << 20;
 
-void Complain(const char* subject, const char* reason) {
-  std::fprintf(stderr, "sumlet-eval: %s: %s\n", subject, reason);
-}
-
-// Writes to standard output at once, so that results and messages keep their order in a terminal.
-[[nodiscard]] Outcome Print(std::string_view text) {
-  if (std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0)
-    return Outcome::value;
-  Complain("standard output", std::strerror(errno));
-  return Outcome::failure;
-}
+constexpr Program program{"sumlet-eval", SUMLET_VERSION, help};
 
 // The whole content of `file` in `text`, or the reason why it cannot be had.
 [[nodiscard]] const char* ReadAll(std::FILE* file, String& text) {
@@ -83,7 +69,7 @@ void Complain(const char* subject, const char* reason) {
     if (!isStandardInput) std::fclose(file);
   }
   if (problem != nullptr) {
-    Complain(isStandardInput ? "standard input" : name, problem);
+    Complain(program, isStandardInput ? "standard input" : name, problem);
     return std::nullopt;
   }
   // A byte order mark tells the encoding and is no part of the equation.
@@ -100,38 +86,14 @@ void Complain(const char* subject, const char* reason) {
   String line;
   if (isHeaded) line.append(name).append(": ");
   line.append(ShownResult(math, result)).append("\n");
-  return std::max(Print(line), math.ResultIsError(result) ? Outcome::error : Outcome::value);
-}
-
-[[nodiscard]] Outcome RunOption(std::string_view option) {
-  if (option == "--help") return Print(help);
-  if (option == "--version") return Print("sumlet-eval " SUMLET_VERSION "\n");
-  std::fprintf(stderr, "sumlet-eval: unknown option %.*s\nTry sumlet-eval --help.\n", static_cast<int>(option.size()),
-               option.data());
-  return Outcome::failure;
-}
-
-[[nodiscard]] CommandLine ParseCommandLine(int count, char** arguments) {
-  CommandLine line;
-  bool areOptionsOver = false;
-  for (int i = 1; i < count; ++i) {
-    const std::string_view argument = arguments[i];
-    if (areOptionsOver || !argument.starts_with('-') || argument == "-") {
-      line.names.push_back(arguments[i]);
-    } else if (argument == "--") {
-      areOptionsOver = true;
-    } else {
-      line.finished = RunOption(argument);
-      return line;
-    }
-  }
-  if (line.names.empty()) line.names.push_back("-");
-  return line;
+  if (!Print(program, line)) return Outcome::failure;
+  return math.ResultIsError(result) ? Outcome::error : Outcome::value;
 }
 
 [[nodiscard]] int Run(int count, char** arguments) {
-  const CommandLine line = ParseCommandLine(count, arguments);
-  if (line.finished) return static_cast<int>(*line.finished);
+  CommandLine line = ReadCommandLine(program, count, arguments);
+  if (line.exitStatus) return *line.exitStatus;
+  if (line.names.empty()) line.names.push_back("-");
   Outcome worst = Outcome::value;
   for (const char* name : line.names) worst = std::max(worst, EvaluateText(name, line.names.size() > 1));
   return static_cast<int>(worst);
