@@ -9,11 +9,14 @@ set -euo pipefail
 
 projectRoot=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
+# The fonts of scripts/fonts.conf.
+fonts="fonts-dejavu-core fonts-noto-core fonts-liberation fonts-cantarell"
+
 # This is the one list of packages. A group is what one kind of work needs on a bare Debian 12.
 declare -A packageGroups=(
   [build]="cmake g++ ninja-build ccache pkg-config libutf8proc-dev"
   [gui]="qt6-base-dev fonts-dejavu-core x11-utils"
-  [test]="libgtest-dev python3 libplist-utils faketime python3-pyatspi at-spi2-core dbus-daemon"
+  [test]="libgtest-dev python3 libplist-utils faketime python3-pyatspi at-spi2-core dbus-daemon $fonts"
   [gates]="clang-format-14 clang-tidy-14"
   [fuzz]="clang-14 libclang-rt-14-dev"
   [screenshot]="xvfb openbox xdotool imagemagick x11-utils xclip fonts-dejavu-core"

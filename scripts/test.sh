@@ -15,7 +15,4 @@ ensure_packages build gui test screenshot
 build_preset "$preset"
 
 cd "$projectRoot"
-export QT_QPA_PLATFORM=offscreen
-# The C locale is ASCII, which Qt complains about in the middle of a test's output.
-export LC_ALL=C.UTF-8
 exec ctest --preset "$preset" --parallel "$(nproc)" "$@"

@@ -13,6 +13,14 @@
 virtualFolder=$(mktemp -d)
 virtualProcesses=()
 
+# What the desktop of whoever runs this sets must not reach the programs: they get the fonts of fonts.conf and a home of
+# their own. A variable that a script exports after sourcing this reaches them.
+unset "${!DBUS_@}" "${!DESKTOP_@}" "${!FREETYPE_@}" "${!GDK_@}" "${!GTK_@}" "${!KDE_@}" "${!LANG@}" "${!LC_@}" \
+  "${!QT_@}" "${!SESSION_@}" "${!XCURSOR_@}" "${!XDG_@}" WAYLAND_DISPLAY XAUTHORITY
+export FONTCONFIG_FILE LC_ALL=C.UTF-8 TZ=UTC HOME=$virtualFolder/home
+FONTCONFIG_FILE=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/fonts.conf
+mkdir "$HOME"
+
 end_virtual_display() {
   local i
   for ((i = ${#virtualProcesses[@]} - 1; i >= 0; i--)); do
@@ -58,7 +66,6 @@ give_up() {
 }
 
 start_display() {
-  unset WAYLAND_DISPLAY XAUTHORITY DBUS_SESSION_BUS_ADDRESS
   local number=$virtualFolder/display
   : >"$number"
   # The server picks a free number itself and tells it once it can be reached. It would begin anew, and turn clients away
@@ -73,15 +80,13 @@ start_display() {
 
 window_manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
 
-# The program gets a home of its own.
-programEnvironment=(--default-signal=HUP -u XDG_CONFIG_HOME -u XDG_DATA_HOME -u XDG_CACHE_HOME HOME="$virtualFolder/home"
-  XDG_RUNTIME_DIR="$virtualFolder/run" QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
+programEnvironment=(--default-signal=HUP XDG_RUNTIME_DIR="$virtualFolder/run" QT_QPA_PLATFORM=xcb
   LSAN_OPTIONS="suppressions=$virtualFolder/leaks:print_suppressions=0")
 # Under the sanitizers: what the desktop's own libraries keep until the end is no leak of the program's.
 printf 'leak:%s\n' libdbus-1 libfontconfig >"$virtualFolder/leaks"
 
 start_window() {
-  mkdir -p "$virtualFolder/home" "$virtualFolder/run"
+  mkdir -p "$virtualFolder/run"
   chmod 700 "$virtualFolder/run"
   in_background window env "${programEnvironment[@]}" "$1"
   program=$!

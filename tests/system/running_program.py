@@ -11,6 +11,7 @@ import unittest
 
 PROGRAM = os.path.abspath(sys.argv.pop(1))
 PATIENCE = 60  # seconds until a hanging process counts as such
+FONTS = pathlib.Path(__file__).resolve().parents[2] / "scripts" / "fonts.conf"
 
 
 class RunningProgram(unittest.TestCase):
@@ -32,7 +33,8 @@ class RunningProgram(unittest.TestCase):
         """That of a start, with the home in the test's folder; what is changed to None is left out."""
         (self.folder / "run").mkdir(mode=0o700, exist_ok=True)
         variables = {"HOME": self.folder, "XDG_DATA_HOME": self.data, "XDG_RUNTIME_DIR": self.folder / "run",
-                     "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "offscreen", **changes}
+                     "LC_ALL": "C.UTF-8", "TZ": "UTC", "FONTCONFIG_FILE": FONTS, "QT_QPA_PLATFORM": "offscreen",
+                     **changes}
         return {name: str(value) for name, value in variables.items() if value is not None}
 
     def start(self, *arguments, behind=(), stdin=None, cwd=None, **changes):
