@@ -72,9 +72,7 @@ int Run(Descriptor requests, const std::vector<String>& files) {
                                     [&app](const auto& paths) { app.Event_Reopen(ItemsOf(paths)); });
 
   (void)WindowCount();  // the list of windows comes into being, so that it outlives what follows
-  const LastSave lastSave([&app] {
-    if (!app.Quitting()) app.Event_CancelClose();
-  });
+  const LastSave lastSave([&app] { app.SaveBeforeEnd(); });
 
   QMetaObject::invokeMethod(
       &application, [&app] { app.Event_Open(); }, Qt::QueuedConnection);

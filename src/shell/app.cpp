@@ -1,8 +1,12 @@
 #include "shell/app.h"
 
 #include <QApplication>
+#include <QInputMethod>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QScopeGuard>
+#include <QTextBlock>
+#include <QTextLayout>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/show_url.h"
@@ -25,6 +29,17 @@ void CloseAllWindows() {
   for (Int32 i = 0; i < WindowCount(); ++i) windows.emplace_back(&WindowAt(i));
   for (const QPointer<Window>& window : windows)
     if (window) window->Close(true);
+}
+
+// An input method that has no connection any more leaves its text uncommitted.
+void CommitComposition() {
+  const QPointer<QPlainTextEdit> area = qobject_cast<QPlainTextEdit*>(QGuiApplication::focusObject());
+  QGuiApplication::inputMethod()->commit();
+  const QTextLayout* line = area ? area->textCursor().block().layout() : nullptr;
+  if (line == nullptr || line->preeditAreaText().isEmpty()) return;
+  QInputMethodEvent event;
+  event.setCommitString(line->preeditAreaText());
+  QCoreApplication::sendEvent(area, &event);
 }
 
 std::vector<const MyWindowManager::StoredWindow*> StoredWindows() {
@@ -85,8 +100,13 @@ void App::Event_Reopen(const std::vector<FolderItem>& files) {
 }
 
 bool App::Event_CancelClose() {
-  if (loaded_) Preferences::Save();
+  CommitComposition();
+  SaveBeforeEnd();
   return false;
+}
+
+void App::SaveBeforeEnd() {
+  if (loaded_ && !quitting_) Preferences::Save();
 }
 
 bool App::_FileNew_Action() {

@@ -43,8 +43,11 @@ class App {
   // open, hidden ones counted; otherwise the front window comes forward, and an alert that stands in front of it.
   void Event_Reopen(const std::vector<FolderItem>& files = {});
 
-  // Saves, while all windows stand. False: quitting is never refused. What has not been loaded yet is not saved over.
+  // Commits what an input method is composing, then saves, while all windows stand. False: quitting is never refused.
   bool Event_CancelClose();
+
+  // Saves without asking anything of the display. Does nothing before the settings are loaded or after Quit.
+  void SaveBeforeEnd();
 
   // The application's part of the enabling pass.
   static void Event_EnableMenuItems();

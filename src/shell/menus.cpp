@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMenuBar>
 #include <QPointer>
+#include <utility>
 
 #include "framework/ui/edit_items.h"
 
@@ -100,10 +101,11 @@ void SetMenuRoles(const MenuBar& menuBar) {
 }  // namespace
 
 MenuBar& MenuBar1() {
-  static QPointer<MenuBar> menuBar;
+  static MenuBar* menuBar = nullptr;
   if (menuBar) return *menuBar;
   menuBar = new MenuBar;
-  menuBar->setParent(qApp);
+  // Menus are widgets: a menu that is open at the end must not outlive the toolkit, as a child of qApp would.
+  qAddPostRoutine([] { delete std::exchange(menuBar, nullptr); });
   Append(*menuBar, "FileMenu", "&File", fileItems);
   Append(*menuBar, "EditMenu", "&Edit", editItems);
   Append(*menuBar, "WindowMenu", "Window", windowItems);

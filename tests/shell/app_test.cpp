@@ -87,6 +87,22 @@ TEST_F(ApplicationLife, QuitAsksNothingAndWaitsForNoAlert) {
   EXPECT_EQ(record, "save with 1;");
 }
 
+TEST_F(ApplicationLife, QuitSavesWhatAnInputMethodComposes) {
+  Preferences::RegisterSection({"Probe", [this] { return record = Front<winSumlet>()->textInput().Text(); },
+                                [](const auto&) {}, [](const auto&) {}});
+  app.Event_Open();
+  Run([this] {
+    TextArea& input = (new winSumlet)->textInput();
+    QTest::keyClick(&input, Qt::Key_1);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(input.window()));
+    input.setFocus();
+    QInputMethodEvent composing(QStringLiteral("\uD55C"), {});
+    QCoreApplication::sendEvent(&input, &composing);
+    app.Quit();
+  });
+  EXPECT_EQ(record, "1\uD55C");
+}
+
 // An alert about damage may stand while only some of the windows are back: saving them would lose the others.
 TEST_F(ApplicationLife, QuitBeforeEverythingIsLoadedSavesNothing) {
   new winSumlet;

@@ -37,7 +37,8 @@ bool IsTyping(const QKeyEvent& key) {
 
 MenuBar::MenuBar() { qApp->installEventFilter(this); }
 
-MenuBar::~MenuBar() = default;
+// A menu that is open emits aboutToHide when it is destroyed, and its handlers use the other members.
+MenuBar::~MenuBar() { menus_.clear(); }
 
 QMenu& MenuBar::AddMenu(const char* name, const char* text) {
   QMenu& menu = *menus_.emplace_back(std::make_unique<QMenu>(QString::fromUtf8(text)));

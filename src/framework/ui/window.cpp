@@ -223,6 +223,9 @@ void Window::Centre() {
 // A window that has closed lives until control is back at the event loop, and the desktop may still hand it the
 // keyboard or the pointer.
 bool Window::event(QEvent* event) {
+  // A control that is destroyed may still raise an event, such as the text that an input method commits when the focus
+  // goes. Its handlers use members of the derived class, so the controls are destroyed before these.
+  if (event->type() == QEvent::DeferredDelete) delete content_;
   if (closed_) return QWidget::event(event);
   if (event->type() == QEvent::WindowActivate) {
     MoveToFront(this);
