@@ -64,6 +64,7 @@ int Run(Descriptor requests, const std::vector<String>& files) {
   StatusTray tray(app);
   SetWindowListChanged([&tray] { tray.Follow(); });
   winSumlet::ScheduleSave = [&app] { app.ScheduleSave(); };
+  winSumlet::StepTextSize = App::StepTextSize;
   winTemplates::OpenEquation = App::OpenEquation;
   application.QuitRequested = [&app] { app.Quit(); };
   application.SessionEnding = [&app] { app.Event_CancelClose(); };

@@ -1,4 +1,5 @@
 // Full screen. The desktop holds the state; the window only remembers where it stood before.
+#include "equationwindow/closed_equations.h"
 #include "equationwindow/win_sumlet.h"
 
 namespace sumlet {
@@ -24,7 +25,8 @@ void winSumlet::delayToggleFullscreen() {
 void winSumlet::tmrDelayToggleFullscreen_Action(Timer& /*sender*/) { ToggleFullScreen(); }
 
 // Quitting has saved the session by now, with the window in full screen.
-bool winSumlet::Event_CancelClose(bool /*appQuitting*/) {
+bool winSumlet::Event_CancelClose(bool appQuitting) {
+  if (!appQuitting) ClosedEquations::Add(*this);
   if (IsFullScreen()) ToggleFullScreen();
   return false;
 }

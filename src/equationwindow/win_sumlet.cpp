@@ -5,6 +5,7 @@
 namespace sumlet {
 
 std::function<void()> winSumlet::ScheduleSave;
+std::function<void(Int32 steps)> winSumlet::StepTextSize;
 
 winSumlet::winSumlet(bool visible) { Create(visible); }
 
@@ -29,6 +30,7 @@ void winSumlet::_CreateControls0() {
   textOutput_->setAccessibleName(tr("Result"));
   textOutput_->SetReadOnly(true);
   AddControl(*textOutput_, {-1, 201, 367, 35}, Lock::Left | Lock::Right | Lock::Bottom);
+  for (const TextArea* area : {textInput_, textOutput_}) area->viewport()->installEventFilter(this);
 
   tmrCalculate_.SetPeriod(250);
   tmrCalculate_.Action = [this](Timer& sender) { tmrCalculate_Action(sender); };

@@ -35,6 +35,10 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   // some time later. May be empty.
   static std::function<void()> ScheduleSave;
 
+  // Called when the user turns the wheel with Ctrl: the text of all equations is to be that many sizes larger. May be
+  // empty.
+  static std::function<void(Int32 steps)> StepTextSize;
+
   [[nodiscard]] TextArea& textInput() const { return *textInput_; }
   [[nodiscard]] TextArea& textOutput() const { return *textOutput_; }
   [[nodiscard]] Timer& tmrCalculate() { return tmrCalculate_; }
@@ -54,6 +58,13 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
 
   // Asks for a name on a sheet and adds the equation to the templates when one is given. Always True: handled.
   bool _FileSaveAsTemplate_Action();
+
+  // Copies the result, or the error, as the strip shows it. Always True: handled.
+  bool _EditCopyResult_Action();
+
+  // Gives the keyboard to the equation, with the caret at the end of the line that failed. Does nothing without an
+  // error. Always True: handled.
+  bool _EditGoToError_Action();
 
   // Shows an equation that was not typed, and its result; no save is scheduled. `name` is what it came from.
   void SetEquation(std::string_view name, std::string_view text);
@@ -77,6 +88,7 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   void Event_FullScreen() override;
   void Event_Open() override;
   void Event_Resized() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   static constexpr Int32 smallestSize = 64;  // of the content, either way, in pixels
@@ -85,6 +97,10 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   void textInput_TextChange(TextArea& sender);
   void tmrCalculate_Action(Timer& sender);
   void TemplateSaver_Saved(const NameProviderDialog& sender);
+  bool TurnWheel(const QWheelEvent& event);
+  bool DoubleClickResult(const QMouseEvent& event);
+  [[nodiscard]] bool IsCalculationDue() const { return tmrCalculate_.Mode() == TimerMode::Single; }
+  void CalculateIfDue();
   void SyntaxColoring();
   void ArrangeControls();
   void StoreWindowedBounds();
@@ -96,6 +112,7 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   Timer tmrCalculate_;
   NameProviderDialog TemplateSaver_;
   Timer tmrDelayToggleFullscreen_;
+  int wheelTurn_ = 0;  // less than a step, in eighths of a degree
 };
 
 }  // namespace sumlet

@@ -60,6 +60,8 @@ void SetWindowList(WindowList list) { Windows() = std::move(list); }
 
 void RegisterRestorer(Restorer restorer) { RegisterByKey(Restorers(), std::move(restorer)); }
 
+void Restore(KeyList& record) { RestoreWindow(KeyListRecord(record)); }
+
 void RegisterSection() {
   Preferences::RegisterSection(
       {"WindowList", Store, [](std::string_view data) { Load(data); }, [](plistDict& dict) { Load(dict); }});
@@ -90,7 +92,7 @@ void Load(std::string_view data) {
       const RepeatedAlerts once(shown);
       record.AddData(outer.GetItem(Str(i)));
     }
-    RestoreWindow(KeyListRecord(record));
+    Restore(record);
   }
 }
 

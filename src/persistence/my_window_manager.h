@@ -48,6 +48,9 @@ struct Restorer {
 };
 void RegisterRestorer(Restorer restorer);
 
+// Opens the window of one record, as StoreRecord has filled it.
+void Restore(KeyList& record);
+
 // The records of all windows as a KeyList byte string; empty while RememberEquations is off.
 [[nodiscard]] String Store();
 

@@ -1,10 +1,11 @@
 // The commands that the application answers, and its part of enabling them.
-#include <QKeySequence>
 #include <vector>
 
+#include "equationwindow/closed_equations.h"
 #include "equationwindow/win_sumlet.h"
 #include "framework/show_url.h"
 #include "framework/ui/qt_text.h"
+#include "persistence/preferences.h"
 #include "shell/app.h"
 #include "shell/menus.h"
 #include "shell/text_import.h"
@@ -25,14 +26,22 @@ void AppendWebItem(MenuBar& menuBar, const char* name, const char* text, String 
   });
 }
 
-// The item comes with the end of the start, and a key may go down before.
-void EnableFullScreen(MenuBar& menuBar) {
-  if (!menuBar.HasItem("FullScreen")) return;
+// The items come with the end of the start, and a key may go down before.
+void EnableAppended(MenuBar& menuBar) {
+  if (!menuBar.HasItem("FileReopenClosed")) return;
+  if (!ClosedEquations::IsEmpty()) menuBar.Enable("FileReopenClosed");
   const auto* equation = WindowCount() > 0 ? dynamic_cast<const winSumlet*>(&WindowAt(0)) : nullptr;
   const bool isFull = equation != nullptr && equation->IsFullScreen();
   QAction& item = menuBar.Item("FullScreen");
   item.setEnabled(equation != nullptr);
   item.setText(isFull ? QStringLiteral("Exit Full Screen") : QStringLiteral("Enter Full Screen"));
+}
+
+void EnableTextSizes(MenuBar& menuBar) {
+  const Int32 size = Preferences::TextSize;
+  if (winPreferences::TextSizeAfter(size, 1) != size) menuBar.Enable("EditLargerText");
+  if (winPreferences::TextSizeAfter(size, -1) != size) menuBar.Enable("EditSmallerText");
+  if (size != Preferences::defaultTextSize) menuBar.Enable("EditNormalText");
 }
 
 }  // namespace
@@ -48,6 +57,10 @@ void App::BindMenuHandlers() {
   menuBar.BindHandler("WindowBringAlltoFront", [] { return _WindowBringAlltoFront_Action(); });
   menuBar.BindHandler("WindowMinimize", [] { return _WindowMinimize_Action(); });
   menuBar.BindHandler("AppleAbout", [] { return _AppleAbout_Action(); });
+  menuBar.BindHandler("EditLargerText", [] { return StepTextSize(1); });
+  menuBar.BindHandler("EditSmallerText", [] { return StepTextSize(-1); });
+  menuBar.BindHandler("EditNormalText", [] { return _EditNormalText_Action(); });
+  menuBar.BindHandler("FileReopenClosed", [] { return _FileReopenClosed_Action(); });
   menuBar.BindHandler("FileQuit", [this] {
     Quit();
     return true;
@@ -62,12 +75,14 @@ void App::AppendMenuItems() {
   AppendWebItem(menuBar, "Feedback", "Feedback...", WebAddresses::Feedback());
   AppendWebItem(menuBar, "Share", "Share on Facebook...", WebAddresses::Share());
 
-  QAction& fullScreen = menuBar.AddItem(menuBar.Menu("FileMenu"), {"FullScreen", "Enter Full Screen", "F11", false});
-  fullScreen.setShortcuts({QKeySequence(Qt::Key_F11), QKeySequence(QStringLiteral("Meta+Ctrl+F"))});
+  QMenu& fileMenu = menuBar.Menu("FileMenu");
+  menuBar.AddItem(fileMenu, {"FullScreen", "Enter Full Screen", "F11; Meta+Ctrl+F", false});
   menuBar.BindHandler("FullScreen", [] {
     if (WindowCount() > 0) WindowAt(0).ToggleFullScreen();
     return true;
   });
+  menuBar.AddItem(fileMenu, {"UntitledSeparator9", "-"});
+  menuBar.AddItem(fileMenu, {"FileReopenClosed", "Reopen Closed Equation", "Ctrl+Shift+T", false});
 }
 
 void App::Event_EnableMenuItems() {
@@ -77,7 +92,8 @@ void App::Event_EnableMenuItems() {
     if (WindowAt(0).MinimizeButton()) menuBar.Enable("WindowMinimize");
     menuBar.Enable("WindowBringAlltoFront");
   }
-  EnableFullScreen(menuBar);
+  EnableAppended(menuBar);
+  EnableTextSizes(menuBar);
   MyWindowManager::BuildWindowMenu(menuBar.Menu("WindowMenu"));
 }
 
@@ -88,6 +104,21 @@ bool App::_FileCLose_Action() {
 
 bool App::_HelpSumletHelp_Action() {
   winHelp::Instance().Show();
+  return true;
+}
+
+bool App::_FileReopenClosed_Action() {
+  ClosedEquations::Reopen();
+  return true;
+}
+
+bool App::StepTextSize(Int32 steps) {
+  winPreferences::ChooseTextSize(winPreferences::TextSizeAfter(Preferences::TextSize, steps));
+  return true;
+}
+
+bool App::_EditNormalText_Action() {
+  winPreferences::ChooseTextSize(Preferences::defaultTextSize);
   return true;
 }
 

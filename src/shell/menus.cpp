@@ -32,6 +32,14 @@ constexpr MenuItemDeclaration editItems[] = {
     {"EditClear", "&Delete"},
     {"UntitledMenu0", "-"},
     {"EditSelectAll", "Select &All", "Ctrl+A"},
+    {"UntitledSeparator7", "-"},
+    {"EditRedo", "&Redo", "Ctrl+Shift+Z; Ctrl+Y"},
+    {"EditCopyResult", "Copy R&esult", "Ctrl+Shift+C", false},
+    {"EditGoToError", "&Go to Error", "F8", false},
+    {"UntitledSeparator8", "-"},
+    {"EditLargerText", "&Larger Text", "Ctrl++; Ctrl+=", false},
+    {"EditSmallerText", "&Smaller Text", "Ctrl+-", false},
+    {"EditNormalText", "&Normal Text Size", "Ctrl+0", false},
 };
 
 constexpr MenuItemDeclaration windowItems[] = {
@@ -50,6 +58,7 @@ constexpr MenuItemDeclaration helpItems[] = {
 constexpr std::pair<const char*, EditCommand> editCommands[] = {
     {"EditUndo", EditCommand::Undo},   {"EditCut", EditCommand::Cut},     {"EditCopy", EditCommand::Copy},
     {"EditPaste", EditCommand::Paste}, {"EditClear", EditCommand::Clear}, {"EditSelectAll", EditCommand::SelectAll},
+    {"EditRedo", EditCommand::Redo},
 };
 
 template <std::size_t count>
@@ -110,6 +119,7 @@ MenuBar& MenuBar1() {
   Append(*menuBar, "EditMenu", "&Edit", editItems);
   Append(*menuBar, "WindowMenu", "Window", windowItems);
   Append(*menuBar, "HelpMenu", "Help", helpItems);
+  menuBar->AddShortcut("HelpSumletHelp", "F1");
   BindEditItems(*menuBar);
   SetMenuRoles(*menuBar);
   return *menuBar;

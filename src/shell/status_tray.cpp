@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include "equationwindow/closed_equations.h"
 #include "framework/ui/window.h"
 #include "shell/app.h"
 #include "shell/application_icon.h"
@@ -16,7 +17,9 @@ QString Caption(const char* text) { return QCoreApplication::translate("StatusTr
 void StatusTray::Follow() {
   const bool wanted = WindowCount() == 0 && !app_.Quitting();
   if (wanted && !icon_) Create();
-  if (icon_) icon_->icon.setVisible(wanted);
+  if (!icon_) return;
+  icon_->icon.setVisible(wanted);
+  icon_->reopenClosed->setEnabled(!ClosedEquations::IsEmpty());
 }
 
 void StatusTray::Create() {
@@ -26,6 +29,8 @@ void StatusTray::Create() {
                    [this] { app_._FileNewWindow_Action(); });
   QObject::connect(menu.addAction(Caption("New from Template Chooser...")), &QAction::triggered, &menu,
                    [this] { app_._FileNew_Action(); });
+  icon_->reopenClosed = menu.addAction(Caption("Reopen Closed Equation"));
+  QObject::connect(icon_->reopenClosed, &QAction::triggered, &menu, [] { App::_FileReopenClosed_Action(); });
   menu.addSeparator();
   QObject::connect(menu.addAction(Caption("Quit")), &QAction::triggered, &menu, [this] { app_.Quit(); });
   QSystemTrayIcon& icon = icon_->icon;

@@ -22,6 +22,7 @@ class StatusTray {
   struct Icon {
     QMenu menu;
     QSystemTrayIcon icon;
+    QAction* reopenClosed = nullptr;
   };
 
   void Create();

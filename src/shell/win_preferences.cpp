@@ -1,5 +1,8 @@
 #include "shell/win_preferences.h"
 
+#include <algorithm>
+#include <array>
+
 #include "equationwindow/win_sumlet.h"
 #include "framework/text/numbers.h"
 #include "framework/ui/fitting_font.h"
@@ -10,7 +13,7 @@
 namespace sumlet {
 namespace {
 constexpr QSize fixedSize(319, 86);
-constexpr const char* offeredSizes[] = {"11", "13", "16", "20", "24", "36", "48", "64", "72", "96"};  // points
+constexpr std::array offeredSizes = {11, 13, 16, 20, 24, 36, 48, 64, 72, 96};  // points
 }  // namespace
 
 winPreferences& winPreferences::Instance() {
@@ -60,9 +63,9 @@ void winPreferences::Event_Open() {
 // A size that is not offered, as an older settings file may have, stands above the others, parted from them by a line.
 void winPreferences::FillSizes() {
   int current = -1;
-  for (const char* size : offeredSizes) {
-    popSize_->addItem(QLatin1String(size));
-    if (Val(size) == Preferences::TextSize) current = popSize_->count() - 1;
+  for (const Int32 size : offeredSizes) {
+    popSize_->addItem(ToQString(Str(size)));
+    if (size == Preferences::TextSize) current = popSize_->count() - 1;
   }
   if (current == -1) {
     popSize_->insertSeparator(0);
@@ -73,10 +76,26 @@ void winPreferences::FillSizes() {
 }
 
 void winPreferences::popSize_Change() {
-  if (Loading) return;
-  Preferences::TextSize = ToInt32(Val(FromQString(popSize_->currentText())));
+  if (!Loading) ChooseTextSize(ToInt32(Val(FromQString(popSize_->currentText()))));
+}
+
+Int32 winPreferences::TextSizeAfter(Int32 size, Int32 steps) {
+  for (; steps > 0; --steps) {
+    const auto* larger = std::ranges::upper_bound(offeredSizes, size);
+    if (larger != offeredSizes.end()) size = *larger;
+  }
+  for (; steps < 0; ++steps) {
+    const auto* notSmaller = std::ranges::lower_bound(offeredSizes, size);
+    if (notSmaller != offeredSizes.begin()) size = *(notSmaller - 1);
+  }
+  return size;
+}
+
+void winPreferences::ChooseTextSize(Int32 size) {
+  Preferences::TextSize = size;
   for (Int32 i = WindowCount() - 1; i >= 0; --i)
-    if (auto* equation = dynamic_cast<winSumlet*>(&WindowAt(i))) equation->ApplyTextSize(Preferences::TextSize);
+    if (auto* equation = dynamic_cast<winSumlet*>(&WindowAt(i))) equation->ApplyTextSize(size);
+  if (const auto* open = OpenWindow<winPreferences>()) open->popSize().setCurrentText(ToQString(Str(size)));
 }
 
 void winPreferences::chkRestoreEquations_Action() {

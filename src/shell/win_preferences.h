@@ -14,6 +14,12 @@ class winPreferences final : public BaseWindow {
   // The open window, or a new one when none is open. It owns itself.
   static winPreferences& Instance();
 
+  // The offered size that is `steps` larger than `size`, or smaller if negative, in points. Stops at the ends of the
+  // list of offered sizes. `size` need not be one of them.
+  [[nodiscard]] static Int32 TextSizeAfter(Int32 size, Int32 steps);
+  // Makes an offered size that of all equations: what choosing it in the window does. An open window shows it.
+  static void ChooseTextSize(Int32 size);
+
   [[nodiscard]] QCheckBox& chkRestoreEquations() const { return *chkRestoreEquations_; }
   [[nodiscard]] QComboBox& popSize() const { return *popSize_; }
 

@@ -3,8 +3,10 @@
 #include <fstream>
 
 #include "equationwindow/win_sumlet.h"
+#include "framework/clipboard.h"
 #include "framework/ui/file_dialogs.h"
 #include "framework/ui/window_fixture.h"
+#include "persistence/preferences.h"
 #include "shell/app.h"
 #include "shell/win_about.h"
 #include "shell/win_preferences.h"
@@ -43,13 +45,16 @@ TEST_F(Menus, WhatIsEnabledDependsOnTheFrontWindow) {
   const auto enabled = [] {
     MenuBar1().Update();
     String names;
-    for (const char* name : {"FileSaveAsTemplate", "FileCLose", "WindowMinimize", "FullScreen"})
+    for (const char* name : {"FileSaveAsTemplate", "FileCLose", "WindowMinimize", "FullScreen", "EditCopyResult",
+                             "EditGoToError", "FileReopenClosed"})
       if (MenuBar1().Item(name).isEnabled()) names += String(name) + " ";
     return names;
   };
   EXPECT_EQ(enabled(), "");
   NewEquation("1");
-  EXPECT_EQ(enabled(), "FileSaveAsTemplate FileCLose WindowMinimize FullScreen ");
+  EXPECT_EQ(enabled(), "FileSaveAsTemplate FileCLose WindowMinimize FullScreen EditCopyResult ");
+  NewEquation("(1");
+  EXPECT_EQ(enabled(), "FileSaveAsTemplate FileCLose WindowMinimize FullScreen EditCopyResult EditGoToError ");
   NewEquation(" \n\t");
   EXPECT_EQ(enabled(), "FileCLose WindowMinimize FullScreen ");
   winPreferences::Instance().Show();
@@ -85,8 +90,11 @@ TEST_F(Menus, EditItemsActOnTheTextWithTheFocus) {
   QTest::keyClicks(&window.textInput(), "7");
   choose({"EditSelectAll", "EditCut"});
   EXPECT_EQ(window.textInput().Text(), "");
-  choose({"EditPaste", "EditUndo", "EditUndo", "EditSelectAll"});
+  choose({"EditPaste", "EditUndo", "EditUndo", "EditRedo", "EditUndo", "EditSelectAll"});
   EXPECT_EQ(window.textInput().Text(), "7x=2");
+  QTest::keyClick(&window.textInput(), Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(window.textInput().Text(), "");
+  choose({"EditUndo"});
   // neither an equation behind another window nor the result's area
   winAbout::Instance().Show();
   choose({"EditCut"});
@@ -94,6 +102,43 @@ TEST_F(Menus, EditItemsActOnTheTextWithTheFocus) {
   window.textOutput().setFocus();
   choose({"EditSelectAll", "EditClear"});
   EXPECT_EQ(window.textInput().Text() + " is " + window.textOutput().Text(), "7x=2 is 2");
+}
+
+TEST_F(Menus, CommandsAboutTheResultFollowTheTextAsItIs) {
+  winSumlet& window = NewEquation("6\n");
+  QTest::keyClicks(&window.textInput(), "7*");
+  MenuBar1().Choose("EditCopyResult");
+  EXPECT_EQ(ClipboardText(), "42") << "though its calculation was still to come";
+  window.SetEquation("", "1\nfoo\n" + String(100, '\n'));
+  window.textInput().moveCursor(QTextCursor::End);
+  window.textOutput().setFocus();
+  QCoreApplication::processEvents();
+  QTest::mouseDClick(window.textOutput().viewport(), Qt::LeftButton);
+  QTest::keyClick(&window.textInput(), Qt::Key_B);
+  MenuBar1().Choose("EditGoToError");
+  EXPECT_EQ(window.textInput().textCursor().position(), 6);
+  EXPECT_TRUE(window.textInput().rect().intersects(window.textInput().cursorRect()));
+  EXPECT_EQ(QApplication::focusWidget(), &window.textInput());
+  EXPECT_EQ(window.textOutput().Text(), "\"foob\" Error: Variable Unknown");
+}
+
+TEST_F(Menus, ClosedEquationsComeBackTheLatestFirst) {
+  MyWindowManager::RegisterRestorer({"equation", winSumlet::RestoreFrom});
+  for (const char* name : {"one", "two", ""}) {
+    NewEquation(name).FromTemplate = name;
+    WindowAt(0).SetLeft(Len(name) + 40);
+    WindowAt(0).SetHeight(300);
+    if (String(name) == "one") NewEquation(" \n");
+  }
+  while (WindowCount() > 0) WindowAt(0).Close();
+  Preferences::TextSize = 16;
+  for (const char* name : {"one", "two"}) {
+    MenuBar1().Choose("FileReopenClosed");
+    const winSumlet& window = dynamic_cast<winSumlet&>(WindowAt(0));
+    EXPECT_EQ(window.FromTemplate + window.textInput().Text(), String(name) + name);
+    EXPECT_EQ(QRect(window.Left(), 0, window.TextSize, window.Height()), QRect(43, 0, 16, 300));
+  }
+  Preferences::TextSize = Preferences::defaultTextSize;
 }
 
 TEST_F(Menus, FilesComeInAndFailuresAreNamedOnce) {

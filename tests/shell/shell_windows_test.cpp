@@ -55,6 +55,15 @@ TEST_F(ShellWindows, TheSettingsInForceAreShownAndReachEveryEquation) {
   const winSumlet *behind = new winSumlet, *front = new winSumlet;
   winPreferences::Instance().popSize().setCurrentText("72");
   for (const winSumlet* equation : {behind, front}) EXPECT_EQ(equation->textInput().font().pointSize(), 72);
+  winPreferences::ChooseTextSize(24);
+  for (const winSumlet* equation : {behind, front}) EXPECT_EQ(equation->textOutput().font().pointSize(), 24);
+  EXPECT_EQ(winPreferences::Instance().popSize().currentText(), "24");
+  // a size, and those before and behind it
+  for (const auto& [size, smaller, larger] :
+       {std::tuple(13, 11, 16), {11, 11, 13}, {96, 72, 96}, {15, 13, 16}, {-1, -1, 11}, {200, 96, 200}}) {
+    EXPECT_EQ(winPreferences::TextSizeAfter(size, -1), smaller);
+    EXPECT_EQ(winPreferences::TextSizeAfter(size, 1), larger);
+  }
 }
 
 TEST_F(ShellWindows, TheCardStaysBlackOnWhite) {

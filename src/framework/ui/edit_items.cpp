@@ -12,6 +12,7 @@ namespace {
 
 struct TextState {
   bool canUndo = false;
+  bool canRedo = false;
   bool hasSelection = false;
   bool isReadOnly = true;
   bool isEmpty = true;
@@ -24,11 +25,12 @@ bool ClipboardHasText() {
 
 TextState StateOf(QWidget* control) {
   if (const auto* area = qobject_cast<QPlainTextEdit*>(control)) {
-    return {area->document()->isUndoAvailable(), area->textCursor().hasSelection(), area->isReadOnly(),
-            area->document()->isEmpty()};
+    return {area->document()->isUndoAvailable(), area->document()->isRedoAvailable(), area->textCursor().hasSelection(),
+            area->isReadOnly(), area->document()->isEmpty()};
   }
   if (const auto* field = qobject_cast<QLineEdit*>(control)) {
-    return {field->isUndoAvailable(), field->hasSelectedText(), field->isReadOnly(), field->text().isEmpty()};
+    return {field->isUndoAvailable(), field->isRedoAvailable(), field->hasSelectedText(), field->isReadOnly(),
+            field->text().isEmpty()};
   }
   return {};
 }
@@ -37,6 +39,8 @@ void EditArea(QPlainTextEdit& area, EditCommand command) {
   switch (command) {
     case EditCommand::Undo:
       return area.undo();
+    case EditCommand::Redo:
+      return area.redo();
     case EditCommand::Cut:
       return area.cut();
     case EditCommand::Copy:
@@ -54,6 +58,8 @@ void EditField(QLineEdit& field, EditCommand command) {
   switch (command) {
     case EditCommand::Undo:
       return field.undo();
+    case EditCommand::Redo:
+      return field.redo();
     case EditCommand::Cut:
       return field.cut();
     case EditCommand::Copy:
@@ -74,6 +80,8 @@ bool CanEdit(QWidget* control, EditCommand command) {
   switch (command) {
     case EditCommand::Undo:
       return state.canUndo && !state.isReadOnly;
+    case EditCommand::Redo:
+      return state.canRedo && !state.isReadOnly;
     case EditCommand::Cut:
     case EditCommand::Clear:
       return state.hasSelection && !state.isReadOnly;

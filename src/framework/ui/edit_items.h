@@ -5,7 +5,7 @@
 
 namespace sumlet {
 
-enum class EditCommand { Undo, Cut, Copy, Paste, Clear, SelectAll };
+enum class EditCommand { Undo, Redo, Cut, Copy, Paste, Clear, SelectAll };
 
 // Whether `control` is a text control that could do the command now. nullptr and other controls can do none.
 [[nodiscard]] bool CanEdit(QWidget* control, EditCommand command);

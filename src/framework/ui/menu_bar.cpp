@@ -55,7 +55,7 @@ QAction& MenuBar::AddItem(QMenu& menu, const MenuItemDeclaration& declaration) {
   item->setObjectName(QString::fromStdString(name));
   item->setMenuRole(QAction::NoRole);
   if (*declaration.shortcut != '\0') {
-    item->setShortcut(QKeySequence(QString::fromUtf8(declaration.shortcut)));
+    item->setShortcuts(QKeySequence::listFromString(QString::fromUtf8(declaration.shortcut)));
     item->setShortcutContext(Qt::ApplicationShortcut);
   }
   if (!declaration.autoEnable) {
@@ -66,11 +66,20 @@ QAction& MenuBar::AddItem(QMenu& menu, const MenuItemDeclaration& declaration) {
   return *item;
 }
 
+void MenuBar::AddShortcut(const std::string& name, const char* shortcut) {
+  auto* action = new QAction(this);
+  action->setShortcut(QKeySequence(QString::fromUtf8(shortcut)));
+  action->setShortcutContext(Qt::ApplicationShortcut);
+  QObject::connect(action, &QAction::triggered, this, [this, name] { Choose(name); });
+  unseenShortcuts_.push_back(action);
+}
+
 QMenu& MenuBar::Menu(const std::string& name) const { return Named(menusByName_, name); }
 
 QAction& MenuBar::Item(const std::string& name) const { return Named(itemsByName_, name); }
 
 void MenuBar::AttachTo(Window& window) {
+  for (QAction* action : unseenShortcuts_) window.addAction(action);
   if (window.MenuBarVisible()) {
     auto* bar = new QMenuBar;
     for (const auto& menu : menus_) {

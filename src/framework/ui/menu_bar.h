@@ -23,7 +23,7 @@ namespace sumlet {
 struct MenuItemDeclaration {
   const char* name;
   const char* text;           // "-" is a separator; "&" marks the mnemonic
-  const char* shortcut = "";  // as in "Ctrl+Shift+N"; Ctrl is Cmd on macOS
+  const char* shortcut = "";  // as in "Ctrl+Shift+N", further ones behind "; "; Ctrl is Cmd on macOS
   bool autoEnable = true;     // False: stays disabled unless the enabling pass enables it
 };
 
@@ -35,6 +35,8 @@ class MenuBar final : public QObject {
   QMenu& AddMenu(const char* name, const char* text);
   // Appends an item to a menu. Choosing it asks the handlers of its name.
   QAction& AddItem(QMenu& menu, const MenuItemDeclaration& declaration);
+  // A further shortcut of an item, which its menu does not show. Works in windows that are attached afterwards.
+  void AddShortcut(const std::string& name, const char* shortcut);
 
   // A menu or an item by its name; a Fault when there is none.
   [[nodiscard]] QMenu& Menu(const std::string& name) const;
@@ -63,6 +65,7 @@ class MenuBar final : public QObject {
   std::map<std::string, QMenu*> menusByName_;
   std::map<std::string, QAction*> itemsByName_;
   std::vector<QAction*> enabledOnDemand_;
+  std::vector<QAction*> unseenShortcuts_;
   std::map<std::string, std::function<bool()>> handlers_;
 };
 

@@ -94,6 +94,14 @@ void TextArea::SetMargins() {
   if (margins != viewportMargins()) setViewportMargins(margins);
 }
 
+void TextArea::MoveCaretToLineEnd(Int32 line) {
+  const QTextBlock block = document()->findBlockByNumber(line);
+  QTextCursor caret(block.isValid() ? block : document()->lastBlock());
+  caret.movePosition(QTextCursor::EndOfBlock);
+  setTextCursor(caret);
+  ensureCursorVisible();
+}
+
 Int32 TextArea::LineNumAtCharPos(Int32 position) const {
   const auto units = ToQString(Left(Text(), position)).size();  // of UTF-16, as Qt counts
   Int32 lines = 0;

@@ -36,6 +36,10 @@ class TextArea : public QPlainTextEdit {
   // that are wrapped count as many as they show.
   [[nodiscard]] Int32 LineNumAtCharPos(Int32 position) const;
 
+  // Puts the caret behind the last character of a line, 0-based, and scrolls it into sight. A line that does not exist
+  // stands for the last one.
+  void MoveCaretToLineEnd(Int32 line);
+
   // Colours line i in colours[i]; an invalid colour, or none, is black. No change of the text, and what is typed into a
   // coloured line takes its colour.
   void SetLineColors(const std::vector<QColor>& colours) { lineColors_->Apply(colours); }
