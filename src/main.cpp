@@ -18,6 +18,7 @@
 #include "shell/start_message.h"
 #include "shell/start_requests.h"
 #include "shell/status_tray.h"
+#include "templates/templates_manager.h"
 #include "templates/win_templates.h"
 
 namespace sumlet {
@@ -62,7 +63,11 @@ int Run(Descriptor requests, const std::vector<String>& files) {
   app.BindMenuHandlers();
   SetMenuAttacher([](Window& window) { MenuBar1().AttachTo(window); });
   StatusTray tray(app);
-  SetWindowListChanged([&tray] { tray.Follow(); });
+  SetWindowListChanged([&app, &tray] {
+    tray.Follow();
+    app.WindowListChanged();
+  });
+  TemplatesManager::Changed = [&app] { app.ScheduleRecovery(); };
   winSumlet::ScheduleSave = [&app] { app.ScheduleSave(); };
   winSumlet::StepTextSize = App::StepTextSize;
   winTemplates::OpenEquation = App::OpenEquation;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "framework/fault.h"
+#include "persistence/recovery.h"
 #include "persistence/registry.h"
 #include "plist/plist.h"
 
@@ -66,6 +67,15 @@ template <typename Source>
 void LoadSettings(Source& source) {
   RunCount = VariantToInt32(LoadItem(source, runCountKey, Int32ToVariant(0)));
   for (const Setting& setting : settings) setting.Take(LoadItem(source, setting.key, setting.fallback));
+}
+
+// What a settings file holds. The number of this run is not raised here, so all saves of one run write the same.
+String Content() {
+  KeyList list = NewStoredList();
+  list.AddItem(runCountKey, DoubleToVariant(RunCount + 1.0));  // a damaged file may have the largest Int32
+  for (const Setting& setting : settings) list.AddItem(setting.key, setting.Value());
+  for (const Section& section : Sections()) list.AddItem(section.key, StringToVariant(section.Store()));
+  return list.GetData();
 }
 
 // The dictionary of a section; nullptr when the file has something else in its place.
@@ -136,7 +146,8 @@ Variant LoadItem(plistDict& dict, std::string_view key, const Variant& fallback)
 // The order matters: the sections look at the settings.
 void Load() {
   const std::optional<FolderItem> file = GetPrefFile(false);
-  const std::optional<String> content = file ? file->ReadBinaryFile() : std::nullopt;
+  std::optional<String> content = file ? Recovery::Read(*file) : std::nullopt;
+  if (file && !content) content = file->ReadBinaryFile();
   if (!content) {
     PLIST_Load();
     return;
@@ -150,13 +161,23 @@ void Load() {
   }
 }
 
-// The number of this run is not raised here, so all saves of one run write the same.
 void Save() {
-  KeyList list = NewStoredList();
-  list.AddItem(runCountKey, DoubleToVariant(RunCount + 1.0));  // a damaged file may have the largest Int32
-  for (const Setting& setting : settings) list.AddItem(setting.key, setting.Value());
-  for (const Section& section : Sections()) list.AddItem(section.key, StringToVariant(section.Store()));
-  if (const std::optional<FolderItem> file = GetPrefFile(true)) file->WriteBinaryFile(list.GetData());
+  const String content = Content();
+  if (const std::optional<FolderItem> file = GetPrefFile(true)) Recovery::Save(*file, content);
 }
+
+bool SaveRecovery() {
+  if (Recovery::IsBusy()) return false;
+  String content = Content();
+  if (const std::optional<FolderItem> file = GetPrefFile(true)) Recovery::Write(*file, std::move(content));
+  return true;
+}
+
+bool HasRecovery() {
+  const std::optional<FolderItem> file = GetPrefFile(false);
+  return file && Recovery::Exists(*file);
+}
+
+void FinishSaving() { Recovery::Wait(); }
 
 }  // namespace sumlet::Preferences

@@ -46,13 +46,23 @@ void RegisterSection(Section section);
 // The older settings file, a property list, when Load has read it. Kept to the end of the program and read by nothing.
 extern std::unique_ptr<plist> pref;
 
-// Reads the file into the settings and the sections. What is missing takes its default; damage is told by MsgBox, in
-// words of KeyList. Where there is no file, or it cannot be opened, reads the older one, which is never written; where
-// that is missing, too, everything takes its default. Damage there is not told.
+// Reads the file, or the recovery file where there is one, into the settings and the sections. What is missing takes
+// its default; damage is told by MsgBox, in words of KeyList. Where there is no file, or it cannot be opened, reads the
+// older one, which is never written; where that is missing, too, everything takes its default. Damage there is not
+// told.
 void Load();
 
-// Writes the file anew. Where that is not possible it does nothing and says nothing.
+// Writes the file anew. Where that is not possible it does nothing and says nothing. Flushes the file in the
+// background.
 void Save();
+
+// Writes the recovery file (recovery.h), in the background. False while an earlier write is under way: call it again
+// later.
+[[nodiscard]] bool SaveRecovery();
+[[nodiscard]] bool HasRecovery();
+
+// Waits until what has been saved is on the disk. Call it before the program ends.
+void FinishSaving();
 
 // The value of `key`, or `fallback` when the list does not have it whole. What a list has is text.
 [[nodiscard]] Variant LoadItem(KeyList& list, std::string_view key, const Variant& fallback);

@@ -21,6 +21,8 @@ namespace sumlet {
 namespace {
 
 constexpr Int32 saveDelay = 300000;  // milliseconds
+constexpr Int32 recoveryDelay = 1000;
+constexpr Int32 longestRecoveryDelay = 5000;
 constexpr Int32 reviewDelay = 100;
 
 void CloseAllWindows() {
@@ -57,6 +59,12 @@ SaveTimer::SaveTimer() {
 }
 
 void SaveTimer::Event_Action() { Preferences::Save(); }
+
+App::App() {
+  tmrRecovery_.SetPeriod(recoveryDelay);
+  tmrRecoveryLatest_.SetPeriod(longestRecoveryDelay);
+  tmrRecovery_.Action = tmrRecoveryLatest_.Action = [this](Timer&) { WriteRecovery(); };
+}
 
 // The order of the sections is that of the settings file.
 void App::ConnectSettings() {
@@ -106,7 +114,11 @@ bool App::Event_CancelClose() {
 }
 
 void App::SaveBeforeEnd() {
-  if (loaded_ && !quitting_) Preferences::Save();
+  if (!loaded_ || quitting_) return;
+  tmrRecovery_.SetMode(TimerMode::Off);
+  tmrRecoveryLatest_.SetMode(TimerMode::Off);
+  Preferences::Save();
+  Preferences::FinishSaving();
 }
 
 bool App::_FileNew_Action() {
@@ -129,6 +141,27 @@ void App::ScheduleSave() {
   if (!tmrSave) tmrSave = std::make_unique<SaveTimer>();
   tmrSave->SetPeriod(saveDelay);
   tmrSave->SetMode(TimerMode::Single);
+  ScheduleRecovery();
+}
+
+void App::ScheduleRecovery() {
+  if (!loaded_ || quitting_) return;
+  tmrRecovery_.SetMode(TimerMode::Single);
+  if (tmrRecoveryLatest_.Mode() == TimerMode::Off) tmrRecoveryLatest_.SetMode(TimerMode::Single);
+}
+
+// The windows of the start itself are in the settings file already. While the equations are not to be remembered, a
+// recovery file from before that must not keep them either.
+void App::WindowListChanged() {
+  if (!tmrReview) return;
+  if (Preferences::RememberEquations || Preferences::HasRecovery()) ScheduleRecovery();
+}
+
+// A disk that still works on the previous write gets the next one a second later.
+void App::WriteRecovery() {
+  tmrRecovery_.SetMode(TimerMode::Off);
+  tmrRecoveryLatest_.SetMode(TimerMode::Off);
+  if (!Preferences::SaveRecovery()) ScheduleRecovery();
 }
 
 void App::ShareOnFacebook() { ShowURL(WebAddresses::Share()); }

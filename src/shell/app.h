@@ -20,6 +20,8 @@ class SaveTimer final : public Timer {
 
 class App {
  public:
+  App();
+
   // Nothing until the first ScheduleSave, then the same for the rest of the run.
   std::unique_ptr<SaveTimer> tmrSave;
   // Made when the start is over.
@@ -69,8 +71,16 @@ class App {
   // Opens the equation that was chosen in the chooser; an empty one for nullptr.
   static void OpenEquation(const winTemplates::Template* chosen);
 
-  // Saves five minutes after the last call. Does nothing while the equations are not to be remembered.
+  // Saves five minutes after the last call, and writes the recovery file by ScheduleRecovery. Does nothing while the
+  // equations are not to be remembered.
   void ScheduleSave();
+
+  // Writes the recovery file one second after the last call, and at the latest five seconds after the first. Does
+  // nothing before the settings are loaded and after Quit.
+  void ScheduleRecovery();
+
+  // A window has opened or closed. Writes the recovery file by ScheduleRecovery when windows belong in it.
+  void WindowListChanged();
 
   // The share page, and the page of the store, in the user's browser.
   static void ShareOnFacebook();
@@ -82,6 +92,10 @@ class App {
   [[nodiscard]] bool Quitting() const { return quitting_; }
 
  private:
+  void WriteRecovery();
+
+  Timer tmrRecovery_;        // since the last change
+  Timer tmrRecoveryLatest_;  // since the first change that is not in the recovery file
   bool loaded_ = false;
   bool quitting_ = false;
 };

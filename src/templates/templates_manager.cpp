@@ -15,12 +15,17 @@ namespace sumlet::TemplatesManager {
 
 Array<String> Key;
 Array<String> EquationText;
+std::function<void()> Changed;
 
 namespace {
 
 void Append(std::string_view name, String equation) {
   EquationText.Append(std::move(equation));
   Key.Append(String(name));
+}
+
+void TellChange() {
+  if (Changed) Changed();
 }
 
 void Clear() {
@@ -47,15 +52,21 @@ void Add(std::string_view name, std::string_view equation) {
     question.CancelButton = true;
     question.AlternateActionButton = "Save as New";
     const DialogButton answer = question.ShowModal();
-    if (answer == DialogButton::Action) EquationText[index] = equation;
-    if (answer != DialogButton::Alternate) return;
+    if (answer == DialogButton::Cancel) return;
+    if (answer == DialogButton::Action) {
+      EquationText[index] = equation;
+      TellChange();
+      return;
+    }
   }
   Append(name, String(equation));
+  TellChange();
 }
 
 void Remove(Int32 index) {
   EquationText.Remove(index);
   Key.Remove(index);
+  TellChange();
 }
 
 void RegisterSection() {

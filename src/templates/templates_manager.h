@@ -1,6 +1,7 @@
 // TemplatesManager: the named texts that a new equation can start from.
 #pragma once
 
+#include <functional>
 #include <string_view>
 
 #include "framework/text/array.h"
@@ -15,6 +16,9 @@ namespace sumlet::TemplatesManager {
 // Element i of Key names the text in element i of EquationText. The order is that of adding. Names need not be unique.
 extern Array<String> Key;
 extern Array<String> EquationText;
+
+// Called after each change by the user. May be empty.
+extern std::function<void()> Changed;
 
 // Adds a template. When one of this name exists, in whatever case, asks whether to replace the text of the first such,
 // to cancel, or to add a second one.

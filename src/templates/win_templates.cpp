@@ -159,6 +159,7 @@ void winTemplates::btnRename_Action() {
 void winTemplates::RenameDialog_Saved(const NameProviderDialog& sender) {
   TemplatesManager::Key[list_->ListIndex() - 1] = sender.Text;
   list_->SetCell(list_->ListIndex(), 0, sender.Text);
+  if (TemplatesManager::Changed) TemplatesManager::Changed();
 }
 
 void winTemplates::btnDelete_Action() {

@@ -59,12 +59,14 @@ class Settings : public testing::Test {
   }
   [[nodiscard]] String Saved() const {
     Preferences::Save();
+    Preferences::FinishSaving();
     return FolderItem(file_).ReadBinaryFile().value_or("unreadable");
   }
 
   const TemporaryFolder temporary_;
   const fs::path folder_ = temporary_.Path();
   const fs::path file_ = folder_ / "Application Support/com.fernhill.sumlet/preferences";
+  const FolderItem recovery_{file_.parent_path() / "recovery"};
   const FolderItem older_{folder_ / "com.fernhill.sumlet.plist"};
 };
 
@@ -158,7 +160,40 @@ TEST_F(Settings, Obstacles) {
       EXPECT_TRUE(AlertsOfLoad().empty());
       ExpectDefaults();
       EXPECT_TRUE(AlertsOf([this] { EXPECT_EQ(Saved(), "unreadable"); }).empty());
+      recovery_.Delete();  // keeps what could not be saved
     }
+  }
+}
+
+// The recovery file counts in place of the settings file, until that is safely written.
+TEST_F(Settings, ARecoveryFileIsLoadedUntilTheNextSave) {
+  const String saved = Saved();
+  SetAll(7, {"typed since"});
+  EXPECT_TRUE(Preferences::SaveRecovery());
+  for (const String& settings : {saved, String("torn"), String()}) {
+    EXPECT_TRUE(AlertsOfLoading(settings).empty());
+    EXPECT_EQ(Shown() + Templates(), "8 20 remember reviewed[typed since=typed since]");
+  }
+  EXPECT_NE(Saved(), saved);
+  EXPECT_FALSE(Preferences::HasRecovery());
+  // What cannot be saved stays in the recovery file.
+  fs::remove(file_);
+  fs::create_directory(file_);
+  EXPECT_EQ(Saved(), "unreadable");
+  EXPECT_TRUE(AlertsOfLoad().empty());
+  EXPECT_EQ(Templates(), "[typed since=typed since]");
+}
+
+TEST_F(Settings, ADamagedRecoveryFileIsSetAside) {
+  const String saved = Saved();
+  for (const String& content :
+       {String(), String("\x01"), String("X"), saved.substr(0, saved.size() - 1), saved + "?"}) {
+    std::ofstream(recovery_.Path(), std::ios::binary) << content;
+    SetAll(0, {});
+    EXPECT_TRUE(AlertsOfLoad().empty());
+    EXPECT_EQ(Templates(), "[old=old]");
+    EXPECT_FALSE(recovery_.Exists());
+    EXPECT_EQ(FolderItem(recovery_.Path().string() + ".damaged").ReadBinaryFile(), content);
   }
 }
 

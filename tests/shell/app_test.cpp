@@ -87,6 +87,31 @@ TEST_F(ApplicationLife, QuitAsksNothingAndWaitsForNoAlert) {
   EXPECT_EQ(record, "save with 1;");
 }
 
+// Once a pause of a second, and every five seconds while the user types on without one.
+TEST_F(ApplicationLife, WritesTheRecoveryFileWhenTypingPauses) {
+  app.Event_Open();
+  const std::pair<bool, std::vector<Int32>> rows[] = {
+      // whether equations are remembered, the pauses behind keys in ms; "+" is the end of a pause
+      {true, {999, 999, 1001, 5000}},
+      {true, {900, 900, 900, 900, 900, 900}},
+      {false, {5000}},
+  };
+  for (const auto& [remembered, pauses] : rows) {
+    Preferences::RememberEquations = remembered;
+    for (const Int32 pause : pauses) {
+      app.ScheduleSave();
+      clock.Advance(pause);
+      record += "+";
+      Preferences::FinishSaving();
+    }
+    record += ";";
+  }
+  EXPECT_EQ(record, "++save with 1;+save with 1;+;+++++save with 1;+;+;");
+  EXPECT_TRUE(Preferences::HasRecovery());
+  app.Quit();
+  EXPECT_FALSE(Preferences::HasRecovery());
+}
+
 TEST_F(ApplicationLife, QuitSavesWhatAnInputMethodComposes) {
   Preferences::RegisterSection({"Probe", [this] { return record = Front<winSumlet>()->textInput().Text(); },
                                 [](const auto&) {}, [](const auto&) {}});

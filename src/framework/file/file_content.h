@@ -16,8 +16,18 @@ inline constexpr std::size_t largestContent = std::size_t{256} << 20;
 // The content of a regular file of at most `largestContent`, or nothing when it cannot be had.
 [[nodiscard]] std::optional<String> ReadContent(const std::filesystem::path& path);
 
-// Makes `content` the content of the file, in place. False when that cannot be, or when there is a file that
-// ReadContent would not read, or could not read afterwards; the file is then unchanged.
-[[nodiscard]] bool ReplaceContent(const std::filesystem::path& path, std::string_view content);
+// Overwrites the file in place, or creates it, for its owner alone. A process that is killed meanwhile leaves the file
+// torn. False when the file cannot be opened, the disk has no room, or the file is one that ReadContent would not read
+// or could not read afterwards; the old content is then unchanged.
+[[nodiscard]] bool OverwriteContent(const std::filesystem::path& path, std::string_view content);
+
+// Puts a new file in the place of `path`, for its owner alone, and flushes it to the disk. At any instant, also when
+// the machine goes down, there is the old file or the new one, whole. A second file, `path` with ".new" behind it,
+// exists meanwhile, and stays when the process is killed. False when the new file cannot be written; the old one then
+// stays.
+[[nodiscard]] bool ReplaceFile(const std::filesystem::path& path, std::string_view content);
+
+// Flushes what has been written to the file, and its name, to the disk. False when that failed.
+[[nodiscard]] bool FlushFile(const std::filesystem::path& path);
 
 }  // namespace sumlet

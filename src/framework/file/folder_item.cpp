@@ -64,11 +64,11 @@ void FolderItem::CreateAsFolder() const {
 
 std::optional<String> FolderItem::ReadBinaryFile() const { return ReadContent(path_); }
 
-bool FolderItem::WriteBinaryFile(std::string_view content) const { return ReplaceContent(path_, content); }
+bool FolderItem::WriteBinaryFile(std::string_view content) const { return OverwriteContent(path_, content); }
 
 bool FolderItem::CopyFileTo(const FolderItem& target) const {
   const std::optional<String> content = ReadContent(path_);
-  return content && ReplaceContent(target.path_, *content);
+  return content && OverwriteContent(target.path_, *content);
 }
 
 void FolderItem::Delete() const {

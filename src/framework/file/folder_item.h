@@ -25,9 +25,8 @@ class FolderItem {
 
   // The content of the file, or nothing when it cannot be read: it does not exist, is a folder, is not the user's.
   [[nodiscard]] std::optional<String> ReadBinaryFile() const;
-  // Replaces the content, or makes the file, for its owner alone. In place, and all the same whole: a process that is
-  // killed leaves the old content or the new. False when the file cannot be opened or made, or the disk is full; the
-  // old content is then unchanged.
+  // Overwrites the content in place, or creates the file, for its owner alone. False when the file cannot be opened or
+  // created, or the disk is full; the old content is then unchanged.
   bool WriteBinaryFile(std::string_view content) const;
 
   // Copies the file to `target`, which is replaced. False when that cannot be.
