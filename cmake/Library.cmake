@@ -1,6 +1,8 @@
 # sumlet_options(TARGET): what every target of this project is compiled with.
 function(sumlet_options target)
   if(NOT MSVC)
+    # No fused multiplication and addition: rounding to ten places needs each step rounded by itself.
+    target_compile_options(${target} PRIVATE -ffp-contract=off)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
     if(SUMLET_WARNINGS_AS_ERRORS)
       target_compile_options(${target} PRIVATE -Werror)
@@ -14,7 +16,7 @@ function(sumlet_options target)
       target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
     endif()
   else()
-    target_compile_options(${target} PRIVATE /utf-8 /W4)
+    target_compile_options(${target} PRIVATE /utf-8 /W4 /fp:precise)
   endif()
 endfunction()
 

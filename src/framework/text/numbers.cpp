@@ -1,17 +1,15 @@
 // Numbers from text, conversions and random numbers. number_text.cpp writes numbers.
 //
-// A number is scanned here. Most are short enough that their digits and the power of ten that divides them are both
-// exact doubles, so one division rounds correctly (W. D. Clinger, How to Read Floating Point Numbers Accurately, 1990).
-// The exact extent of any other goes to std::from_chars, which on its own would also take "inf" and would refuse a "+".
+// Most numbers are short enough that their digits and the power of ten that divides them are both exact doubles, so one
+// division rounds correctly (W. D. Clinger, How to Read Floating Point Numbers Accurately, 1990). The exact extent of
+// any other goes to std::from_chars, which on its own would also take "inf" and would refuse a "+".
 
 #include "framework/text/numbers.h"
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <charconv>
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <random>
 
@@ -23,145 +21,80 @@ namespace {
 enum class Commas { End, Skip };
 
 constexpr std::uint64_t largestExactInteger = std::uint64_t{1} << 53;
-constexpr std::array<double, 23> exactPowersOfTen{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                                  1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr std::size_t digitsInUint64 = 19;  // any number of that many digits fits
+constexpr std::array<double, digitsInUint64 + 1> exactPowersOfTen{
+    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19};
 
-// Eight characters at once as one number, the first in its lowest byte (D. Lemire, Quickly parsing eight digits, 2018).
-constexpr std::size_t blockSize = 8;
-
-constexpr bool IsEightDigits(std::uint64_t block) {
-  constexpr std::uint64_t highHalves = 0xF0F0F0F0F0F0F0F0;
-  constexpr std::uint64_t threes = 0x3333333333333333;
-  return ((block & highHalves) | (((block + 0x0606060606060606) & highHalves) >> 4)) == threes;
+// A signed whole number of any length, close enough to compare it with a length of text.
+double WholeNumber(std::string_view digits) {
+  const bool negative = digits.front() == '-';
+  double value = 0;
+  for (const char c : digits) {
+    if (IsDigit(c)) value = value * 10 + (c - '0');
+  }
+  return negative ? -value : value;
 }
 
-// Joins neighbours to numbers of two digits, these to four, and these to eight.
-constexpr std::uint64_t EightDigits(std::uint64_t block) {
-  constexpr std::uint64_t everyFourth = 0x000000FF000000FF;
-  block -= 0x3030303030303030;
-  block = block * 10 + (block >> 8);
-  const std::uint64_t first = (block & everyFourth) * (100 + (std::uint64_t{1000000} << 32));
-  const std::uint64_t second = (block >> 16 & everyFourth) * (1 + (std::uint64_t{10000} << 32));
-  return (first + second) >> 32;
+// For a number out of range only: whether it is too small and not too large. Its size follows from the place of its
+// first digit other than 0, moved by the exponent.
+bool IsBelowOne(std::string_view number) {
+  const std::size_t exponentAt = number.find_first_of("eE");
+  const std::string_view mantissa = number.substr(0, exponentAt);
+  const double point = static_cast<double>(std::min(mantissa.find('.'), mantissa.size()));
+  const double first = static_cast<double>(std::min(mantissa.find_first_not_of("0."), mantissa.size()));
+  const double exponent = exponentAt == std::string_view::npos ? 0 : WholeNumber(number.substr(exponentAt + 1));
+  return point - first + exponent < 0;
 }
 
-// Reads one number from the front of a text, piece by piece.
-class NumberScanner {
- public:
-  NumberScanner(std::string_view s, Commas commas) : s_(s), commas_(commas) {}
+// `number` is digits, at most one point, and a whole exponent or none.
+double Convert(std::string_view number) {
+  double value = 0;
+  const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+  if (error != std::errc::result_out_of_range) return value;
+  return IsBelowOne(number) ? 0 : std::numeric_limits<double>::infinity();
+}
 
-  double Read() {
-    while (Peek() == ' ') ++at_;
-    const bool negative = Peek() == '-';
-    if (negative || Peek() == '+') ++at_;
-    begin_ = at_;
-    ReadDigits();
-    if (Peek() == '.') {
-      ++at_;
-      const std::size_t wholeDigits = digitCount_;
-      ReadDigits();
-      places_ = digitCount_ - wholeDigits;
-    }
-    if (digitCount_ == 0) return 0;
-    const bool hasExponent = ReadExponent();
-    const double magnitude = !hasExponent && IsExact() ? ExactQuotient() : Convert();
-    return negative ? -magnitude : magnitude;
+// The length of the exponent at the front of `text`; 0 unless it is whole: behind "2e" and "2e+" the number is 2.
+std::size_t ExponentLength(std::string_view text) {
+  if (text.empty() || FoldAscii(text.front()) != 'e') return 0;
+  const std::size_t digits = text.size() > 1 && (text[1] == '+' || text[1] == '-') ? 2 : 1;
+  std::size_t end = digits;
+  while (end < text.size() && IsDigit(text[end])) ++end;
+  return end > digits ? end : 0;
+}
+
+// A number with commas or an exponent: what counts is copied first.
+double ReadUncommon(std::string_view text, Commas commas) {
+  String number;
+  bool hasPoint = false;
+  std::size_t digitCount = 0;
+  std::size_t at = 0;
+  for (; at < text.size(); ++at) {
+    const char c = text[at];
+    if (c == ',' && commas == Commas::Skip && digitCount > 0) continue;
+    const bool isPoint = c == '.' && !hasPoint;
+    if (!isPoint && !IsDigit(c)) break;
+    if (isPoint) hasPoint = true;
+    if (!isPoint) ++digitCount;
+    number += c;
   }
+  if (digitCount == 0) return 0;
+  const std::size_t exponentLength = ExponentLength(text.substr(at));
+  if (exponentLength > 0) return Convert(number += text.substr(at, exponentLength));
+  std::string_view digits = number;
+  return *TakeNumber(digits);
+}
 
- private:
-  [[nodiscard]] char Peek(std::size_t ahead = 0) const { return at_ + ahead < s_.size() ? s_[at_ + ahead] : '\0'; }
-
-  void ReadDigits() {
-    const std::size_t begin = at_;
-    std::size_t commaCount = 0;
-    std::size_t at = AfterBlocks();
-    for (; at < s_.size(); ++at) {
-      const char c = s_[at];
-      if (IsDigit(c)) {
-        mantissa_ = mantissa_ * 10 + static_cast<std::uint64_t>(c - '0');
-      } else if (c == ',' && commas_ == Commas::Skip && digitCount_ + (at - begin) > commaCount) {
-        ++commaCount;
-      } else {
-        break;
-      }
-    }
-    at_ = at;
-    digitCount_ += at - begin - commaCount;
-  }
-
-  // Takes the digits as long as there are eight together; gives the place behind them.
-  std::size_t AfterBlocks() {
-    std::size_t at = at_;
-    if constexpr (std::endian::native != std::endian::little) return at;
-    for (std::uint64_t block = 0; s_.size() - at >= blockSize; at += blockSize) {
-      std::memcpy(&block, s_.data() + at, blockSize);
-      if (!IsEightDigits(block)) break;
-      mantissa_ = mantissa_ * 100000000 + EightDigits(block);
-    }
-    return at;
-  }
-
-  [[nodiscard]] bool IsExact() const {
-    return digitCount_ <= digitsInUint64 && mantissa_ <= largestExactInteger && places_ < exactPowersOfTen.size();
-  }
-
-  [[nodiscard]] double ExactQuotient() const { return static_cast<double>(mantissa_) / exactPowersOfTen[places_]; }
-
-  // Taken only when it is whole: behind "2e" and "2e+" the number is 2.
-  bool ReadExponent() {
-    if (FoldAscii(Peek()) != 'e') return false;
-    std::size_t ahead = 1;
-    if (Peek(1) == '+' || Peek(1) == '-') ++ahead;
-    if (!IsDigit(Peek(ahead))) return false;
-    while (IsDigit(Peek(ahead))) ++ahead;
-    at_ += ahead;
-    return true;
-  }
-
-  [[nodiscard]] double Convert() const {
-    const std::string_view extent = s_.substr(begin_, at_ - begin_);
-    if (extent.find(',') == std::string_view::npos) return ConvertDigits(extent);
-    return ConvertDigits(ReplaceAll(extent, ",", ""));
-  }
-
-  [[nodiscard]] static double ConvertDigits(std::string_view digits) {
-    double value = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (error != std::errc::result_out_of_range) return value;
-    return IsBelowOne(digits) ? 0 : std::numeric_limits<double>::infinity();
-  }
-
-  // For a number out of range only: whether it is too small and not too large. Its size is told by the place of its
-  // first digit other than 0, moved by the exponent.
-  [[nodiscard]] static bool IsBelowOne(std::string_view digits) {
-    const std::size_t exponentAt = digits.find_first_of("eE");
-    const std::string_view mantissa = digits.substr(0, exponentAt);
-    const double point = static_cast<double>(std::min(mantissa.find('.'), mantissa.size()));
-    const double first = static_cast<double>(std::min(mantissa.find_first_not_of("0."), mantissa.size()));
-    const double exponent = exponentAt == std::string_view::npos ? 0 : WholeNumber(digits.substr(exponentAt + 1));
-    return point - first + exponent < 0;
-  }
-
-  // A signed whole number of any length, close enough to compare it with a length of text.
-  [[nodiscard]] static double WholeNumber(std::string_view digits) {
-    const bool negative = digits.front() == '-';
-    double value = 0;
-    for (const char c : digits) {
-      if (IsDigit(c)) value = value * 10 + (c - '0');
-    }
-    return negative ? -value : value;
-  }
-
-  std::string_view s_;
-  Commas commas_;
-  std::size_t at_ = 0;
-  std::size_t begin_ = 0;
-  std::uint64_t mantissa_ = 0;  // all digits read; meaningless when there are too many
-  std::size_t digitCount_ = 0;
-  std::size_t places_ = 0;
-};
+double ReadNumber(std::string_view text, Commas commas) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  const bool negative = !text.empty() && text.front() == '-';
+  if (negative || (!text.empty() && text.front() == '+')) text.remove_prefix(1);
+  std::string_view rest = text;
+  const std::optional<double> number = TakeNumber(rest);
+  const bool goesOn = !rest.empty() && (rest.front() == ',' || FoldAscii(rest.front()) == 'e');
+  const double magnitude = goesOn ? ReadUncommon(text, commas) : number.value_or(0);
+  return negative ? -magnitude : magnitude;
+}
 
 double HexadecimalValue(std::string_view digits) {
   double value = 0;
@@ -182,11 +115,35 @@ std::mt19937_64 SeededGenerator() {
 
 }  // namespace
 
-double Val(std::string_view s) { return NumberScanner(s, Commas::End).Read(); }
+std::optional<double> TakeNumber(std::string_view& text) {
+  const char* const begin = text.data();
+  const char* const end = begin + text.size();
+  const char* at = begin;
+  std::uint64_t mantissa = 0;  // meaningless when there are too many digits
+  const auto readDigits = [&] {
+    for (; at != end && IsDigit(*at); ++at) mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
+  };
+  readDigits();
+  auto digitCount = static_cast<std::size_t>(at - begin);
+  std::size_t places = 0;
+  if (at != end && *at == '.') {
+    const char* const fraction = ++at;
+    readDigits();
+    places = static_cast<std::size_t>(at - fraction);
+    digitCount += places;
+  }
+  if (digitCount == 0) return {};
+  const std::string_view number(begin, static_cast<std::size_t>(at - begin));
+  text.remove_prefix(number.size());
+  if (digitCount > digitsInUint64 || mantissa > largestExactInteger) return Convert(number);
+  return static_cast<double>(static_cast<std::int64_t>(mantissa)) / exactPowersOfTen[places];
+}
+
+double Val(std::string_view s) { return ReadNumber(s, Commas::End); }
 
 double CDbl(std::string_view s) {
   if (s.size() >= 2 && s[0] == '&' && FoldAscii(s[1]) == 'h') return HexadecimalValue(s.substr(2));
-  return NumberScanner(s, Commas::Skip).Read();
+  return ReadNumber(s, Commas::Skip);
 }
 
 Int32 ToInt32(double x) {

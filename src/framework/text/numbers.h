@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "framework/text/mathematics.h"
@@ -18,6 +19,10 @@ namespace sumlet {
 // The same, but a "," behind a digit is a group separator and is skipped, and "&h" begins a hexadecimal integer.
 [[nodiscard]] double CDbl(std::string_view s);
 
+// The number at the front of `text`: digits with at most one "." among or around them, and nothing in front of them.
+// Removes it from `text`. Nothing, and `text` unchanged, when there is no digit.
+[[nodiscard]] std::optional<double> TakeNumber(std::string_view& text);
+
 // Decimal digits with a leading "-" for a negative number.
 [[nodiscard]] String Str(Int32 n);
 // Seven significant digits, without trailing zeros. From 1e7 on and below 1e-4 as "1.234568e+9", with six digits
@@ -29,6 +34,13 @@ namespace sumlet {
 // exponent. A pattern with "." always writes the point: Format(3, "#.#") is "3.". The sign is written only by a pattern
 // with "-", and not for a value that rounds to zero. An infinity is "inf", not-a-number "nan".
 [[nodiscard]] String Format(double x, std::string_view pattern);
+
+// What CDbl reads back from Format(x, "-#.##########"), without the text. A value that is not finite stays as it is, and
+// a negative one that rounds to zero becomes a plain zero.
+//
+// From 2^19 on, doubles lie further apart than ten places, so the text names x alone. Below, the text is a whole number
+// of units of 1e-10 that is an exact double, and reading divides it by 1e10, rounding once.
+[[nodiscard]] double RoundToTenPlaces(double x);
 
 // Upper-case hexadecimal digits of the 32 bits of `n`, without leading zeros.
 [[nodiscard]] String Hex(Int32 n);
