@@ -23,7 +23,7 @@ declare -A packageGroups=(
   [package]="dpkg-dev file fakeroot lintian desktop-file-utils appstream mandoc"
   [icons]="librsvg2-bin icnsutils icoutils"
   [bench]="libbenchmark-dev libx11-dev libxdamage-dev valgrind dbus-daemon"
-  [bench-peers]="python3 mawk gawk bc"
+  [bench-peers]="python3 mawk gawk bc luajit"
   [bench-windows]="python3 speedcrunch galculator featherpad mousepad qalculate-gtk gnome-calculator"
 )
 

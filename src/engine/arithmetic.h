@@ -1,14 +1,36 @@
-// Pieces of arithmetic that operators, functions and fractions share.
+// The operators as arithmetic, and the form of every computed value.
 #pragma once
 
-#include "framework/text/text.h"
+#include "framework/text/numbers.h"
 
 namespace sumlet {
 
-// The remainder of a and b, both cut to Int32, with the sign of a; a as cut when b is then 0.
-[[nodiscard]] double IntegerRemainder(double a, double b);
+// Both cut their operands to Int32, and compute in 64 bits so that no pair of operands traps. A divisor that is then 0
+// gives the quotient 0, and the dividend as the remainder. The remainder has the sign of the dividend.
+[[nodiscard]] double IntegerQuotient(double dividend, double divisor);
+[[nodiscard]] double IntegerRemainder(double dividend, double divisor);
 
-// `number` without a "." in the last place, as Format leaves it behind a whole number.
-[[nodiscard]] String WithoutClosingPoint(String number);
+// The unrounded value of the operator `sign`, one of those that characters.h gives a level of precedence.
+[[nodiscard]] inline double Operate(char sign, double left, double right) {
+  switch (sign) {
+    case '+':
+      return left + right;
+    case '-':
+      return left - right;
+    case '*':
+      return left * right;
+    case '/':
+      return left / right;
+    case '\\':
+      return IntegerQuotient(left, right);
+    case '%':
+      return IntegerRemainder(left, right);
+    default:  // '^'
+      return Pow(left, right);
+  }
+}
+
+// A computed value as it goes back into a line: rounded to ten places, with its sign.
+[[nodiscard]] String ValueText(double value);
 
 }  // namespace sumlet

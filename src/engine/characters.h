@@ -19,6 +19,7 @@ inline constexpr CharacterSet bar = 1 << 4;
 inline constexpr CharacterSet powerSign = 1 << 5;
 inline constexpr CharacterSet productSign = 1 << 6;
 inline constexpr CharacterSet sumSign = 1 << 7;
+inline constexpr CharacterSet operatorSign = powerSign | productSign | sumSign;  // the levels of precedence
 
 namespace detail {
 

@@ -64,11 +64,6 @@ String WithSingleBlanks(std::string_view text) {
 
 }  // namespace
 
-String WithoutClosingPoint(String number) {
-  if (!number.empty() && number.back() == '.') number.pop_back();
-  return number;
-}
-
 // Blanks go, so that digits they divide become one number, and pairs of minus signs cancel.
 String MathClass::CleanupNumber(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
@@ -103,7 +98,7 @@ String MathClass::FractionToDecimal(std::string_view text) {
   const String numerator = Trim(NthField(NthField(fraction, "/", 1), " ", 1));
   const String denominator = Trim(NthField(NthField(fraction, "/", 2), " ", 1));
   if (numerator.empty() || denominator.empty()) return String(errors::incompleteFraction);
-  return WithoutClosingPoint(Format(whole + Val(numerator) / Val(denominator), "-#.##########"));
+  return ValueText(whole + Val(numerator) / Val(denominator));
 }
 
 }  // namespace sumlet

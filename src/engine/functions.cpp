@@ -1,82 +1,100 @@
 // The functions of the line language: one more is a row of a table.
 
+#include "engine/functions.h"
+
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 #include "engine/arithmetic.h"
 #include "engine/errors.h"
-#include "engine/function_names.h"
 #include "engine/math_class.h"
+#include "engine/short_name.h"
 #include "framework/text/numbers.h"
-#include "framework/text/utf8.h"
 
 namespace sumlet {
 namespace {
 
-// A pattern without "-": a function's value goes back into the text without its sign, so cos(pi) is 1.
-constexpr std::string_view functionFormat = "#.##########";
-
-struct OneArgument {
-  std::string_view name;
-  double (*apply)(double);
-};
-
-struct TwoArguments {
-  std::string_view name;
-  double (*apply)(double, double);
-};
-
 constexpr double degreesPerRadian = 57.29577951308232;     // 180 / pi
 constexpr double radiansPerDegree = 0.017453292519943295;  // pi / 180
 
-constexpr TwoArguments twoArgumentFunctions[] = {
-    {"atan2", ATan2}, {"max", Max}, {"mod", IntegerRemainder}, {"min", Min}, {"pow", Pow},
+constexpr Function functions[] = {
+    {"atan2", nullptr, ATan2},
+    {"max", nullptr, Max},
+    {"min", nullptr, Min},
+    {"mod", nullptr, IntegerRemainder},
+    {"pow", nullptr, Pow},
+    {"abs", Abs, nullptr},
+    {"acos", ACos, nullptr},
+    {"asin", ASin, nullptr},
+    {"atan", ATan, nullptr},
+    {"ceil", Ceil, nullptr},
+    {"cos", Cos, nullptr},
+    {"deg", [](double x) { return x * degreesPerRadian; }, nullptr},
+    {"rad", [](double x) { return x * radiansPerDegree; }, nullptr},
+    {"exp", Exp, nullptr},
+    {"floor", Floor, nullptr},
+    {"log", Log, nullptr},
+    {"round", Round, nullptr},
+    {"sign", [](double x) { return static_cast<double>(Sign(x)); }, nullptr},
+    {"sin", Sin, nullptr},
+    {"sqrt", Sqrt, nullptr},
+    {"tan", Tan, nullptr},
 };
 
-constexpr OneArgument oneArgumentFunctions[] = {
-    {"abs", Abs},
-    {"acos", ACos},
-    {"asin", ASin},
-    {"atan", ATan},
-    {"ceil", Ceil},
-    {"cos", Cos},
-    {"deg", [](double x) { return x * degreesPerRadian; }},
-    {"rad", [](double x) { return x * radiansPerDegree; }},
-    {"exp", Exp},
-    {"floor", Floor},
-    {"log", Log},
-    {"round", Round},
-    {"sign", [](double x) { return static_cast<double>(Sign(x)); }},
-    {"sin", Sin},
-    {"sqrt", Sqrt},
-    {"tan", Tan},
+static_assert(std::all_of(std::begin(functions), std::end(functions), [](const Function& function) {
+  return !function.name.empty() && function.name.size() <= longestFunctionName &&
+         CanEndFunctionName(function.name.back());
+}));
+
+// An open-addressing hash table of the functions, filled by the compiler: packed names, and the rows that they belong
+// to.
+struct FunctionIndex {
+  static constexpr std::size_t size = 64;
+  std::array<std::uint64_t, size> names{};
+  std::array<std::uint8_t, size> rows{};
+
+  static constexpr std::size_t FirstSlot(std::uint64_t packed) { return packed * 0x9E3779B97F4A7C15 >> 58; }
+
+  constexpr FunctionIndex() {
+    for (std::size_t row = 0; row < std::size(functions); ++row) {
+      const std::uint64_t packed = PackedName(functions[row].name);
+      const std::size_t slot = Find(packed);
+      names[slot] = packed;
+      rows[slot] = static_cast<std::uint8_t>(row);
+    }
+  }
+  // The slot of the name, or the empty one where it would be.
+  [[nodiscard]] constexpr std::size_t Find(std::uint64_t packed) const {
+    std::size_t slot = FirstSlot(packed);
+    while (names[slot] != 0 && names[slot] != packed) slot = (slot + 1) % size;
+    return slot;
+  }
 };
 
-constexpr auto canBeCalled = [](const auto& function) { return CanBeCalled(function.name); };
-static_assert(std::all_of(std::begin(twoArgumentFunctions), std::end(twoArgumentFunctions), canBeCalled));
-static_assert(std::all_of(std::begin(oneArgumentFunctions), std::end(oneArgumentFunctions), canBeCalled));
-
-// nullptr when there is none of this name.
-template <typename Function, std::size_t count>
-const Function* Find(const Function (&functions)[count], std::string_view foldedName) {
-  const Function* function = std::begin(functions);
-  while (function != std::end(functions) && function->name != foldedName) ++function;
-  return function == std::end(functions) ? nullptr : function;
-}
+constexpr FunctionIndex functionIndex;
 
 }  // namespace
 
+const Function* FindFunction(std::string_view name) {
+  const std::uint64_t packed = PackedName(IsAscii(name) ? name : FoldCase(name));
+  if (packed == 0) return nullptr;
+  const std::size_t slot = functionIndex.Find(packed);
+  return functionIndex.names[slot] == packed ? &functions[functionIndex.rows[slot]] : nullptr;
+}
+
 String MathClass::DoFunction(std::string_view argument1, std::string_view argument2, std::string_view name) {
-  const String folded = FoldCase(name);
-  if (const TwoArguments* function = Find(twoArgumentFunctions, folded)) {
-    if (argument1.empty() || argument2.empty()) return Fail(errors::twoArgumentFormat, name);
-    return WithoutClosingPoint(Format(function->apply(CDbl(argument1), CDbl(argument2)), functionFormat));
+  const Function* function = FindFunction(name);
+  if (function == nullptr) {
+    if (SameText(name, "frac")) return DecimalToFraction(CDbl(argument1));
+    return Fail(errors::functionUnknown, name);
   }
-  if (folded == "frac") return DecimalToFraction(CDbl(argument1));
-  const OneArgument* function = Find(oneArgumentFunctions, folded);
-  if (function == nullptr) return Fail(errors::functionUnknown, name);
+  if (function->ofTwo != nullptr) {
+    if (argument1.empty() || argument2.empty()) return Fail(errors::twoArgumentFormat, name);
+    return ValueText(Abs(function->ofTwo(CDbl(argument1), CDbl(argument2))));
+  }
   if (argument1.empty()) return Fail(errors::oneArgumentFormat, name);
-  return WithoutClosingPoint(Format(function->apply(CDbl(argument1)), functionFormat));
+  return ValueText(Abs(function->ofOne(CDbl(argument1))));
 }
 
 }  // namespace sumlet

@@ -13,8 +13,9 @@
 #include <string_view>
 #include <unordered_map>
 #include <utility>
-#include <vector>
 
+#include "engine/straight_line.h"
+#include "engine/variable_index.h"
 #include "framework/text/array.h"
 #include "framework/text/text.h"
 
@@ -73,9 +74,13 @@ class MathClass {
     String value;
   };
 
+  // lines.cpp
+  [[nodiscard]] bool EvaluateStraight(std::string_view line, String& value);
+
   // One text to its value or error (reduction.cpp).
   [[nodiscard]] String Reduce(std::string_view expression);
   [[nodiscard]] String Assign(std::string_view expression, std::size_t equalsSign);
+  [[nodiscard]] static std::string_view NameError(std::string_view name);
   [[nodiscard]] String Rewrite(RewriteBuffer& text);
   [[nodiscard]] Ending ReduceBars(RewriteBuffer& text);
   [[nodiscard]] String ReduceOperators(RewriteBuffer& text);
@@ -98,15 +103,10 @@ class MathClass {
 
   // variables.cpp
   struct Substitution;
-  struct ValueForm {
-    bool hasWords;    // holds characters of names, which are looked up in their turn
-    bool isLong;      // a number worth abridging
-    String abridged;  // of a long number, made when it is first wanted
-  };
   [[nodiscard]] static ValueForm FormOf(std::string_view value);
   void DefineBuiltIns();
-  void AddVariable(std::string_view name, std::string_view value);
-  [[nodiscard]] Int32 FindVariable(std::string_view name);
+  void AddVariable(std::string_view name, std::string_view value) { AddVariable(name, value, FormOf(value)); }
+  void AddVariable(std::string_view name, std::string_view value, const ValueForm& form);
   [[nodiscard]] String SubstituteVariables(std::string_view text);
   [[nodiscard]] bool AppendSubstituted(Substitution& line, std::string_view text);
   [[nodiscard]] bool AppendValue(Substitution& line, Int32 index);
@@ -118,11 +118,11 @@ class MathClass {
   [[nodiscard]] static String DecimalToFraction(double value);
   [[nodiscard]] static String FractionToDecimal(std::string_view text);
 
-  std::vector<ValueForm> valueForms_;                     // of varValue, element by element
-  std::size_t longValueBytes_ = 0;                        // of the long values put in during the run
-  Int32 randomIndex_ = -1;                                // of RND, whose value is never read
-  std::unordered_map<std::string, Int32> variableIndex_;  // folded name to its index in varKey
-  std::string foldedName_;                                // of the name being looked up, kept for its memory
+  VariableIndex variables_;  // variable i is element i of varKey and varValue
+  StraightLine straightLine_{variables_};
+  std::unordered_map<Int32, String> abridgedValues_;  // of long values, made when first wanted
+  std::size_t longValueBytes_ = 0;                    // of the long values put in during the run
+  Int32 randomIndex_ = -1;                            // of RND, whose value is never read
 };
 
 }  // namespace sumlet

@@ -11,9 +11,6 @@
 namespace sumlet {
 namespace {
 
-// Places behind the point that a value keeps when it goes back into the text, sign included.
-constexpr std::string_view operatorFormat = "-#.##########";
-
 // The end of `text` that is the left operand: number characters, and the minus sign in front of them when it is the
 // sign of the number: when nothing stands before it, or something that is no part of a number.
 std::string_view LeftOperand(std::string_view text) {
@@ -44,35 +41,23 @@ std::optional<std::string_view> RightOperand(std::string_view text) {
   return text;
 }
 
-// In 64 bits, so that no pair of operands traps.
-double IntegerQuotient(double a, double b) {
-  const std::int64_t divisor = ToInt32(b);
-  const std::int64_t quotient = divisor == 0 ? 0 : ToInt32(a) / divisor;
-  return static_cast<double>(quotient);
-}
-
-struct BinaryOperator {
-  char sign;
-  double (*apply)(double left, double right);
-};
-
-// characters.h has the precedence of each sign.
-constexpr BinaryOperator binaryOperators[] = {
-    {'+', [](double a, double b) { return a + b; }},
-    {'-', [](double a, double b) { return a - b; }},
-    {'*', [](double a, double b) { return a * b; }},
-    {'/', [](double a, double b) { return a / b; }},
-    {'^', Pow},
-    {'\\', IntegerQuotient},
-    {'%', IntegerRemainder},
-};
-
 }  // namespace
 
-double IntegerRemainder(double a, double b) {
-  const std::int64_t dividend = ToInt32(a);
-  const std::int64_t divisor = ToInt32(b);
-  return static_cast<double>(divisor == 0 ? dividend : dividend % divisor);
+double IntegerQuotient(double dividend, double divisor) {
+  const std::int64_t by = ToInt32(divisor);
+  return static_cast<double>(by == 0 ? 0 : ToInt32(dividend) / by);
+}
+
+double IntegerRemainder(double dividend, double divisor) {
+  const std::int64_t by = ToInt32(divisor);
+  const std::int64_t cut = ToInt32(dividend);
+  return static_cast<double>(by == 0 ? cut : cut % by);
+}
+
+String ValueText(double value) {
+  String text = Format(value, "-#.##########");
+  if (text.back() == '.') text.pop_back();
+  return text;
 }
 
 // Moves the cursor in front of the next operator and gives true, or gives false when none is left. `level` is the level
@@ -115,12 +100,11 @@ String MathClass::DoOperation(std::string_view left, std::string_view right, std
   const String leftNumber = CleanupNumber(left);
   const String rightNumber = CleanupNumber(right);
   if (op.empty()) return rightNumber.empty() ? leftNumber : String(errors::missingOperator);
-  if (op == "-" && rightNumber.empty()) return WithoutClosingPoint(Format(-CDbl(leftNumber), operatorFormat));
+  if (op == "-" && rightNumber.empty()) return ValueText(-CDbl(leftNumber));
   const char sign = op.size() == 1 ? op.front() : SameText(op, "mod") ? '%' : '\0';
-  for (const BinaryOperator& binary : binaryOperators) {
-    if (binary.sign != sign) continue;
+  if (IsIn(sign, operatorSign)) {
     if (leftNumber.empty() || rightNumber.empty()) return Fail(errors::twoArgumentsRequired, op);
-    return WithoutClosingPoint(Format(binary.apply(CDbl(leftNumber), CDbl(rightNumber)), operatorFormat));
+    return ValueText(Operate(sign, CDbl(leftNumber), CDbl(rightNumber)));
   }
   const String answer = DoFunction(leftNumber, rightNumber, op);
   return Fail(answer != errors::functionUnknown ? errors::oneArgumentFormat : errors::functionUnknown, op);

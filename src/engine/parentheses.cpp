@@ -3,7 +3,7 @@
 #include <array>
 
 #include "engine/errors.h"
-#include "engine/function_names.h"
+#include "engine/functions.h"
 #include "engine/math_class.h"
 #include "engine/rewrite_buffer.h"
 #include "framework/text/utf8.h"

@@ -70,13 +70,21 @@ String MathClass::Assign(std::string_view expression, std::size_t equalsSign) {
   const std::string_view rightSide = expression.substr(equalsSign + 1);
   if (rightSide.find('=') != std::string_view::npos) return String(errors::multipleAssignments);
   const std::string_view name = Trimmed(expression.substr(0, equalsSign));
-  if (name.find(' ') != std::string_view::npos) return Fail(errors::nameContainsSpace, name);
+  const std::string_view nameError = NameError(name);
+  if (nameError == errors::nameContainsSpace) return Fail(nameError, name);
 
   String value = Reduce(SubstituteVariables(rightSide));
   if (ResultIsError(value) || name.empty()) return value;
-  if (DoFunction({}, {}, name) != errors::functionUnknown) return Fail(errors::nameIsFunction, name);
+  if (!nameError.empty()) return Fail(nameError, name);
+  ResultDetails = name;
   AddVariable(name, value);
   return value;
+}
+
+// Why nothing can be assigned to `name`; empty when it can.
+std::string_view MathClass::NameError(std::string_view name) {
+  if (name.find(' ') != std::string_view::npos) return errors::nameContainsSpace;
+  return FindFunction(name) != nullptr || SameText(name, "frac") ? errors::nameIsFunction : std::string_view();
 }
 
 String MathClass::Rewrite(RewriteBuffer& text) {

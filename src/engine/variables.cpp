@@ -45,17 +45,23 @@ struct MathClass::Substitution {
   std::vector<Int32> opened;  // the variables whose values are being read
 };
 
-MathClass::ValueForm MathClass::FormOf(std::string_view value) {
-  const bool hasWords = HasWords(value);
-  return {hasWords, !hasWords && value.size() > shortNumberLength, {}};
+ValueForm MathClass::FormOf(std::string_view value) {
+  const bool isNegative = value.starts_with('-');
+  std::string_view rest = value.substr(isNegative ? 1 : 0);
+  const std::optional<double> magnitude = TakeNumber(rest);
+  ValueForm form;
+  form.hasWords = HasWords(value);
+  if (magnitude && rest.empty()) form.number = isNegative ? -*magnitude : *magnitude;
+  form.isLong = !form.hasWords && value.size() > shortNumberLength;
+  return form;
 }
 
 // Empties the table and fills it anew. A run may give any built-in another value except RND.
 void MathClass::DefineBuiltIns() {
   varKey.Redim(-1);
   varValue.Redim(-1);
-  valueForms_.clear();
-  variableIndex_.clear();
+  variables_.Clear();
+  abridgedValues_.clear();
   longValueBytes_ = 0;
   AddVariable("pi", "3.14159265358979323846264338327950");
   AddVariable("\u03C0", "3.14159265358979323846264338327950");
@@ -64,25 +70,19 @@ void MathClass::DefineBuiltIns() {
   AddVariable("mod", "%");
 }
 
-void MathClass::AddVariable(std::string_view name, std::string_view value) {
-  const Int32 index = FindVariable(name);
-  if (index >= 0) {
-    if (varValue[index] == value) return;
-    varValue[index] = value;
-    valueForms_[static_cast<std::size_t>(index)] = FormOf(value);
+// `form` is that of `value`.
+void MathClass::AddVariable(std::string_view name, std::string_view value, const ValueForm& form) {
+  const Int32 index = variables_.Find(name);
+  if (index < 0) {
+    varKey.Append(String(name));
+    varValue.Append(String(value));
+    variables_.Add(name, form);
     return;
   }
-  varKey.Append(String(name));
-  varValue.Append(String(value));
-  valueForms_.push_back(FormOf(value));
-  variableIndex_.emplace(foldedName_, varKey.Ubound());
-}
-
-// The index of `name`, or -1. Leaves the folded name in foldedName_.
-Int32 MathClass::FindVariable(std::string_view name) {
-  foldedName_ = FoldCase(name);
-  const auto found = variableIndex_.find(foldedName_);
-  return found == variableIndex_.end() ? -1 : found->second;
+  if (varValue[index] == value) return;
+  varValue[index] = value;
+  abridgedValues_.erase(index);
+  if (index != randomIndex_) variables_.SetForm(index, form);
 }
 
 // What follows a long value can tell that it need not have been put in whole. Once that has cost enough, it is done
@@ -116,7 +116,7 @@ bool MathClass::AppendSubstituted(Substitution& line, std::string_view text) {
     const std::string_view word = text.substr(at, end - at);
     at = end;
     if (word.empty()) continue;
-    const Int32 index = FindVariable(word);
+    const Int32 index = variables_.Find(word);
     if (index < 0) {
       line.result += word;  // a function, or unknown, unless it is white space
       line.isComputed = line.isComputed || !Trimmed(word).empty();
@@ -129,7 +129,7 @@ bool MathClass::AppendSubstituted(Substitution& line, std::string_view text) {
 
 bool MathClass::AppendValue(Substitution& line, Int32 index) {
   line.result += ' ';
-  const ValueForm& form = valueForms_[static_cast<std::size_t>(index)];
+  const ValueForm& form = variables_.Form(index);
   if (index == randomIndex_) {
     if (!AppendSubstituted(line, Str(Rnd()))) return false;
   } else if (form.hasWords) {
@@ -148,12 +148,12 @@ bool MathClass::AppendValue(Substitution& line, Int32 index) {
 
 // A text with two numbers is always computed and never shown as it stands.
 void MathClass::AppendLongValue(Substitution& line, Int32 index) {
-  ValueForm& form = valueForms_[static_cast<std::size_t>(index)];
   const bool isComputed = line.isComputed || line.longValues > 0;
   ++line.longValues;
   if (isComputed && longValueBytes_ > abridgingThreshold) {
-    if (form.abridged.empty()) form.abridged = AbridgedNumber(varValue[index]);
-    line.result += form.abridged;
+    String& abridged = abridgedValues_[index];
+    if (abridged.empty()) abridged = AbridgedNumber(varValue[index]);
+    line.result += abridged;
   } else {
     ++line.wholeLongValues;
     line.result += varValue[index];

@@ -35,8 +35,8 @@ namespace sumlet {
 // with "-", and not for a value that rounds to zero. An infinity is "inf", not-a-number "nan".
 [[nodiscard]] String Format(double x, std::string_view pattern);
 
-// What CDbl reads back from Format(x, "-#.##########"), without the text. A value that is not finite stays as it is, and
-// a negative one that rounds to zero becomes a plain zero.
+// What CDbl reads back from Format(x, "-#.##########"), without the text. A value that is not finite stays as it is,
+// and a negative one that rounds to zero becomes a plain zero.
 //
 // From 2^19 on, doubles lie further apart than ten places, so the text names x alone. Below, the text is a whole number
 // of units of 1e-10 that is an exact double, and reading divides it by 1e10, rounding once.

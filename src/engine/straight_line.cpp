@@ -1,0 +1,223 @@
+#include "engine/straight_line.h"
+
+#include <cmath>
+
+#include "engine/arithmetic.h"
+#include "engine/characters.h"
+#include "framework/text/numbers.h"
+
+namespace sumlet {
+namespace {
+
+// The level of an opening parenthesis, where the operators of an expression end. Signs that bind tighter have a lower
+// set.
+constexpr CharacterSet group = sumSign << 1;
+static_assert(powerSign < productSign && productSign < sumSign && sumSign < group);
+
+}  // namespace
+
+// One walk. The stack's first element stands for the whole expression, as if it were in parentheses.
+class StraightLine::Walk {
+ public:
+  Walk(std::string_view expression, const VariableIndex& variables, std::vector<Waiting>& waiting)
+      : at_(expression.data()), end_(at_ + expression.size()), variables_(variables), waiting_(waiting) {
+    waiting_.clear();
+    waiting_.push_back({.level = group});
+  }
+
+  // The end of the expression is reached behind a complete operand, all operators applied.
+  [[nodiscard]] bool Run() {
+    bool isFirst = true;  // the next operand begins its expression
+    for (;;) {
+      SkipBlanks();
+      const bool isNegated = at_ != end_ && *at_ == '-';
+      if (isNegated) {
+        ++at_;
+        SkipBlanks();
+      }
+      if (!ReadOperand(isNegated, isFirst)) return false;
+      if (isOpened_) {
+        isFirst = true;
+        continue;
+      }
+      if (!CloseParentheses()) return false;
+      if (at_ == end_) return Apply(sumSign) && waiting_.size() == 1;
+      isFirst = *at_ == ',';
+      if (!(isFirst ? TakeFirstArgument() : TakeOperator())) return false;
+      ++at_;
+    }
+  }
+
+  [[nodiscard]] double Number() const { return value_; }
+  [[nodiscard]] bool IsComputed() const { return isComputed_; }
+  // The function's name, or nothing, at the last parenthesis that closed and leaves a name in ResultDetails.
+  [[nodiscard]] std::string_view Tried() const { return tried_; }
+
+ private:
+  void SkipBlanks() {
+    while (at_ != end_ && *at_ == ' ') ++at_;
+  }
+
+  // Reads a number or a variable, or opens a parenthesis.
+  [[nodiscard]] bool ReadOperand(bool isNegated, bool isFirst) {
+    isOpened_ = false;
+    if (at_ == end_) return false;
+    if (IsDigit(*at_) || *at_ == '.') return ReadNumber(isNegated);
+    const char* const begin = at_;
+    while (at_ != end_ && !IsIn(*at_, delimiter)) ++at_;
+    const std::string_view word(begin, static_cast<std::size_t>(at_ - begin));
+    const Int32 variable = word.empty() ? -1 : variables_.Find(word);
+    if (variable < 0) return Open(begin, isNegated, isFirst);
+    const std::optional<double>& number = variables_.Form(variable).number;
+    if (!number) return false;
+    value_ = *number;
+    return ApplySign(isNegated, isFirst);
+  }
+
+  [[nodiscard]] bool ReadNumber(bool isNegated) {
+    std::string_view rest(at_, static_cast<std::size_t>(end_ - at_));
+    const std::optional<double> number = TakeNumber(rest);
+    if (!number) return false;
+    at_ = rest.data();
+    value_ = isNegated ? -*number : *number;
+    return true;
+  }
+
+  [[nodiscard]] bool ApplySign(bool isNegated, bool isFirst) {
+    if (!isNegated) return true;
+    if (std::signbit(value_) && !isFirst) return false;
+    value_ = -value_;
+    return true;
+  }
+
+  // The cursor stands behind the letters of a word from `begin` on, which is no variable, or else at `begin`.
+  [[nodiscard]] bool Open(const char* begin, bool isNegated, bool isFirst) {
+    if (at_ != begin && at_ != end_ && IsDigit(*at_)) ++at_;  // a digit ends a word, but atan2 has one
+    if (at_ == end_ || *at_ != '(') return false;
+    const Function* function = nullptr;
+    if (at_ != begin) {
+      const std::string_view name(begin, static_cast<std::size_t>(at_ - begin));
+      function = FindFunction(name);
+      if (function == nullptr || function->name.size() != name.size()) return false;  // a letter outside ASCII
+    }
+    waiting_.push_back(
+        {.level = group, .isNegated = isNegated, .isFirst = isFirst, .function = function, .begin = begin});
+    ++at_;
+    isOpened_ = true;
+    return true;
+  }
+
+  [[nodiscard]] bool CloseParentheses() {
+    for (;;) {
+      SkipBlanks();
+      if (at_ == end_ || *at_ != ')') return true;
+      if (!Close()) return false;
+      ++at_;
+    }
+  }
+
+  [[nodiscard]] bool Close() {
+    if (!Apply(sumSign) || waiting_.size() == 1) return false;
+    const Waiting opened = waiting_.back();
+    waiting_.pop_back();
+    const std::size_t nameLength = opened.function == nullptr ? 0 : opened.function->name.size();
+    if (nameLength < longestFunctionName) tried_ = {opened.begin, nameLength};
+    if (opened.function != nullptr && !Call(opened)) return false;
+    return ApplySign(opened.isNegated, opened.isFirst);
+  }
+
+  [[nodiscard]] bool Call(const Waiting& opened) {
+    const Function& function = *opened.function;
+    if (opened.hasFirstArgument != (function.ofTwo != nullptr)) return false;
+    return Compute(std::fabs(opened.hasFirstArgument ? function.ofTwo(opened.left, value_) : function.ofOne(value_)));
+  }
+
+  // The cursor stands at the comma.
+  [[nodiscard]] bool TakeFirstArgument() {
+    if (!Apply(sumSign)) return false;
+    Waiting& opened = waiting_.back();
+    if (opened.function == nullptr || opened.hasFirstArgument) return false;
+    opened.hasFirstArgument = true;
+    opened.left = value_;
+    return true;
+  }
+
+  // The cursor stands behind an operand.
+  [[nodiscard]] bool TakeOperator() {
+    const CharacterSet level = SetsOf(*at_) & operatorSign;
+    if (level == 0 || !Apply(level)) return false;
+    waiting_.push_back({.level = level, .sign = *at_, .left = value_});
+    return true;
+  }
+
+  // Applies the waiting operators that bind as tightly as `level` or tighter.
+  [[nodiscard]] bool Apply(CharacterSet level) {
+    while (waiting_.back().level <= level) {
+      if (!Compute(Operate(waiting_.back().sign, waiting_.back().left, value_))) return false;
+      waiting_.pop_back();
+    }
+    return true;
+  }
+
+  [[nodiscard]] bool Compute(double value) {
+    value_ = RoundToTenPlaces(value);
+    isComputed_ = true;
+    return std::isfinite(value_);
+  }
+
+  const char* at_;
+  const char* end_;
+  const VariableIndex& variables_;
+  std::vector<Waiting>& waiting_;
+  double value_ = 0;  // of the operand read last, with all that was applied to it
+  bool isComputed_ = false;
+  bool isOpened_ = false;
+  std::string_view tried_;
+};
+
+namespace {
+
+// Without the parentheses and blanks around the one operand of an expression that computes nothing.
+std::string_view LoneOperand(std::string_view expression) {
+  const std::size_t begin = expression.find_first_not_of(" (");
+  const std::size_t end = expression.find_last_not_of(" )") + 1;
+  return expression.substr(begin, end - begin);
+}
+
+}  // namespace
+
+std::optional<StraightLine::Value> StraightLine::Evaluate(std::string_view expression) {
+  Walk walk(expression, variables_, waiting_);
+  if (!walk.Run()) return {};
+  Value value;
+  value.number = walk.Number();
+  if (walk.IsComputed()) {
+    if (value.number == 0 && std::signbit(value.number)) return {};
+  } else {
+    const std::string_view operand = LoneOperand(expression);
+    if (operand.find_first_not_of("-.0123456789") == std::string_view::npos) {
+      value.text = operand;
+    } else if (operand.front() == '-') {
+      return {};
+    } else {
+      value.variable = variables_.Find(operand);
+    }
+  }
+  expression_ = expression;
+  tried_ = walk.Tried();
+  return value;
+}
+
+// The last name tried in vain has one character more than the function's name. The texts that rewriting tries are in
+// normal form (rewrite_buffer.h): no white space at the beginning, several blanks are one, and there is none behind a
+// "-" at the beginning.
+std::optional<String> StraightLine::NameTriedLast() const {
+  if (tried_.data() == nullptr) return {};
+  const std::string_view front = expression_.substr(0, static_cast<std::size_t>(tried_.data() - expression_.data()));
+  const std::string_view trimmed = Trimmed(front);
+  if (trimmed.empty()) return String();
+  const char inFront = trimmed == "-" ? '-' : front.back();
+  return inFront + String(tried_);
+}
+
+}  // namespace sumlet
