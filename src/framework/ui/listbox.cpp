@@ -4,11 +4,16 @@
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTextDocument>
+#include <QToolTip>
 #include <algorithm>
 #include <utility>
 
+#include "framework/ui/dialogs.h"
+#include "framework/ui/plain_style.h"
 #include "framework/ui/qt_text.h"
 
 namespace sumlet {
@@ -27,6 +32,11 @@ QString OnOneLine(QString text) {
     if (c.isSpace() || c.category() == QChar::Other_Control) c = u' ';
   return text;
 }
+
+// What of `text` can be seen in `width` pixels: no character is narrower than a pixel.
+QString SeenLine(std::string_view text, int width) { return OnOneLine(ToQString(Left(text, width + 1))); }
+
+int TextWidth(int cellWidth) { return std::max(cellWidth - 2 * textMargin, 0); }
 
 }  // namespace
 
@@ -82,6 +92,7 @@ Listbox::Listbox(QWidget* parent, Int32 columnCount)
   setFrameStyle(QFrame::Box | QFrame::Plain);
   setLineWidth(1);
   SetColours();
+  UseLightScrollBar(*this);
   setRootIsDecorated(false);
   setItemsExpandable(false);
   setIndentation(0);
@@ -136,9 +147,13 @@ void Listbox::SetColours() {
   colours.setColor(QPalette::Base, Qt::white);
   colours.setColor(QPalette::Text, Qt::black);
   colours.setColor(QPalette::WindowText, borderColour);
-  colours.setColor(QPalette::Highlight, selectionColour);
-  colours.setColor(QPalette::HighlightedText, Qt::white);
   setPalette(colours);
+}
+
+// Styles may replace the palette and fill the area behind the rows in a colour of their own.
+void Listbox::paintEvent(QPaintEvent* event) {
+  QPainter(viewport()).fillRect(event->rect(), Qt::white);
+  QTreeView::paintEvent(event);
 }
 
 void Listbox::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
@@ -150,26 +165,54 @@ void Listbox::drawRow(QPainter* painter, const QStyleOptionViewItem& option, con
     painter->save();
     painter->setClipRect(cell, Qt::IntersectClip);
     painter->translate(cell.topLeft());
-    painter->setPen(palette().color(selected ? QPalette::HighlightedText : QPalette::Text));
+    painter->setPen(selected ? Qt::white : Qt::black);
     CellGraphics g{*painter, cell.width(), cell.height()};
+    painter->fillRect(0, 0, g.Width, g.Height, Qt::white);
     const bool backgroundDrawn = CellBackgroundPaint && CellBackgroundPaint(g, row, column);
-    if (!backgroundDrawn && selected) painter->fillRect(0, 0, g.Width, g.Height, palette().highlight());
+    if (!backgroundDrawn && selected) painter->fillRect(0, 0, g.Width, g.Height, selectionColour);
     if (!CellTextPaint || !CellTextPaint(g, row, column)) DrawText(g, row, column);
     painter->restore();
   }
 }
 
-// One line, cut with dots where it is too long. No character that is seen is narrower than a pixel, so of a long text
-// only the beginning is measured.
+// One line, cut with dots where it is too long.
 void Listbox::DrawText(CellGraphics& g, Int32 row, Int32 column) const {
   const String& text = Cell(row, column);
   if (text.empty()) return;
-  const QString line = OnOneLine(ToQString(sumlet::Left(text, g.Width + 1)));
-  const QRect space(textMargin, 0, std::max(g.Width - 2 * textMargin, 0), g.Height);
+  const QRect space(textMargin, 0, TextWidth(g.Width), g.Height);
+  const QString line = SeenLine(text, g.Width);
   const QString shown = g.painter.fontMetrics().elidedText(line, textElideMode(), space.width());
   const Qt::Alignment side =
       alignments_[rows_->Checked(column)] == ColumnAlignment::Right ? Qt::AlignRight : Qt::AlignLeft;
   g.painter.drawText(space, side | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+// Whether the list draws the text of the cell, and not all of it. The handler is the one to say who draws: it draws
+// where nobody sees it.
+bool Listbox::IsCut(const QModelIndex& cell) const {
+  const int width = columnWidth(cell.column());
+  QImage unseen(1, 1, QImage::Format_RGB32);
+  QPainter painter(&unseen);
+  CellGraphics g{painter, width, 1};
+  if (CellTextPaint && CellTextPaint(g, cell.row(), cell.column())) return false;
+  const QString line = SeenLine(Cell(cell.row(), cell.column()), width);
+  return fontMetrics().horizontalAdvance(line) > TextWidth(width);
+}
+
+bool Listbox::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
+  ShowToolTip(static_cast<const QHelpEvent&>(*event));
+  return true;
+}
+
+// As rich text the tool tip wraps long texts.
+void Listbox::ShowToolTip(const QHelpEvent& event) {
+  const QModelIndex cell = indexAt(event.pos());
+  if (cell.isValid() && IsCut(cell))
+    QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(AlertText(Cell(cell.row(), cell.column()))),
+                       viewport(), visualRect(cell));
+  else
+    QToolTip::hideText();
 }
 
 void Listbox::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -2,7 +2,7 @@
 //
 // Black on white whatever the desktop's colours, in the desktop's font, with a border of one pixel inside its bounds,
 // without headings, lines and a sign of the focus. A vertical scroll bar shows when it is needed. The last column takes
-// what is left.
+// what is left. A tool tip shows the whole of a text that the list itself draws and has to cut.
 //
 // Rows and columns are 0-based; a row or column that does not exist is a Fault and changes nothing. Texts are UTF-8 and
 // come out byte for byte as they went in. Any number of rows and any length of texts is fine: what a cell does not show
@@ -60,16 +60,19 @@ class Listbox : public QTreeView {
   // A row was clicked twice with the left button; it is selected.
   std::function<void(Listbox& sender)> DoubleClick;
   // Draw the background and the text of one cell. False leaves the drawing to the list, the text in the colour that the
-  // painter's pen has then. Where there is no handler the list draws, a selected row white on blue.
+  // painter's pen has then. Where there is no handler the list draws, a selected row white on blue. The cell is white
+  // before either runs.
   std::function<bool(CellGraphics& g, Int32 row, Int32 column)> CellBackgroundPaint;
   std::function<bool(CellGraphics& g, Int32 row, Int32 column)> CellTextPaint;
 
  protected:
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                                      const QEvent* event) const override;
+  bool viewportEvent(QEvent* event) override;
 
  private:
   using Row = std::array<String, largestColumnCount>;
@@ -77,6 +80,8 @@ class Listbox : public QTreeView {
 
   void SetColours();
   void DrawText(CellGraphics& g, Int32 row, Int32 column) const;
+  [[nodiscard]] bool IsCut(const QModelIndex& cell) const;
+  void ShowToolTip(const QHelpEvent& event);
   void TakeListIndex(Int32 row);
 
   Rows* rows_;

@@ -14,6 +14,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "framework/ui/plain_style.h"
 #include "framework/ui/qt_text.h"
 
 namespace sumlet {
@@ -43,6 +44,7 @@ TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent), lineColors_(new Li
   setFrameStyle(QFrame::Box | QFrame::Plain);
   setLineWidth(1);
   SetColours(false);
+  UseLightScrollBar(*this);
   setBackgroundRole(QPalette::Base);        // of the margins; the text's own background is that anyway
   setForegroundRole(QPalette::WindowText);  // of the border
   setAutoFillBackground(true);

@@ -1,5 +1,8 @@
 #include "framework/ui/listbox.h"
 
+#include <QHelpEvent>
+#include <QToolTip>
+
 #include "framework/fault.h"
 #include "framework/ui/window_fixture.h"
 
@@ -55,6 +58,24 @@ TEST(Listbox, BearsAnyTextAndManyRows) {
   for (int i = 0; i < 20; ++i) list.grab();
   list.SetListIndex(list.ListCount() - 1);
   EXPECT_GT(list.visualRect(list.currentIndex()).bottom(), 0) << "scrolled into sight";
+}
+
+TEST(Listbox, ToolTipShowsTheWholeOfACutText) {
+  Listbox list(nullptr);
+  list.resize(300, 100);
+  list.SetFirstColumnWidth(100);
+  list.CellTextPaint = [](CellGraphics&, Int32, Int32 column) { return column == 1; };
+  const String longName = "<b>a name that is far too long for its column";
+  list.AddRow(longName, longName);
+  list.AddRow("short");
+  list.show();
+  // A text that the handler draws is the handler's affair.
+  for (const auto& [row, column, cut] : {std::tuple{0, 1, false}, {1, 0, false}, {0, 0, true}}) {
+    const QPoint where = list.visualRect(list.model()->index(row, column)).center();
+    QHelpEvent hovers(QEvent::ToolTip, where, list.viewport()->mapToGlobal(where));
+    QCoreApplication::sendEvent(list.viewport(), &hovers);
+    EXPECT_EQ(QToolTip::isVisible(), cut) << row << column;
+  }
 }
 
 }  // namespace

@@ -1,0 +1,38 @@
+#include "framework/ui/plain_style.h"
+
+#include <QGuiApplication>
+#include <QPalette>
+#include <QScrollBar>
+#include <QStyleFactory>
+#include <cstdlib>
+
+namespace sumlet {
+
+QStyle& PlainStyle() {
+  static QStyle* const style = QStyleFactory::create(QStringLiteral("Fusion"));
+  return *style;
+}
+
+QColor AccentColour(const QPalette& palette) {
+  constexpr int smallestContrast = 64;  // of lightnesses from 0 to 255
+  const QColor accent = palette.color(QPalette::Highlight);
+  const QColor text = palette.color(QPalette::ButtonText);
+  if (std::abs(accent.lightness() - palette.color(QPalette::Button).lightness()) >= smallestContrast) return accent;
+  return {(accent.red() + text.red()) / 2, (accent.green() + text.green()) / 2, (accent.blue() + text.blue()) / 2};
+}
+
+// Styles for dark desktops draw scroll bars in colours of their own and ignore the palette. Others lay the bar over the
+// end of the text. In both cases area and bar get the plain style; where neither is so they keep the desktop's.
+void UseLightScrollBar(QAbstractScrollArea& area) {
+  constexpr QColor lightGrey(0xEF, 0xEF, 0xEF);
+  constexpr int medium = 128;  // of a lightness from 0 to 255
+  QScrollBar& bar = *area.verticalScrollBar();
+  bar.setPalette(QPalette(lightGrey));
+  const bool isDark = QGuiApplication::palette().color(QPalette::Window).lightness() < medium;
+  const bool isLaidOver = area.style()->styleHint(QStyle::SH_ScrollBar_Transient, nullptr, &bar) != 0;
+  if (!isDark && !isLaidOver) return;
+  area.setStyle(&PlainStyle());
+  bar.setStyle(&PlainStyle());
+}
+
+}  // namespace sumlet
