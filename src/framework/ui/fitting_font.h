@@ -8,8 +8,12 @@
 
 namespace sumlet {
 
+// What of a line must fit vertically: the whole line, or, where it is drawn centred, only the ink of its letters.
+enum class FittedHeight { Line, Ink };
+
 // `font`, made smaller until one line of `text` fits into `space`, in pixels. It is not made smaller than 6 points,
-// below which nothing can be read. The empty text takes a line's height all the same.
-[[nodiscard]] QFont FittingFont(QFont font, const QString& text, const QSize& space);
+// below which nothing can be read.
+[[nodiscard]] QFont FittingFont(QFont font, const QString& text, const QSize& space,
+                                FittedHeight height = FittedHeight::Line);
 
 }  // namespace sumlet

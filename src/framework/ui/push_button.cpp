@@ -1,43 +1,65 @@
+// The style draws the empty button. Caption, default outline and focus ring are drawn here, because styles leave room
+// for the caption as if the button could grow, and mark a default button and the focus alike or not at all. A style
+// that knows the widget would ask it for both marks, so it gets the option alone.
 #include "framework/ui/push_button.h"
 
+#include <QKeyEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
 #include "framework/ui/fitting_font.h"
+#include "framework/ui/plain_style.h"
 
 namespace sumlet {
+namespace {
 
-PushButton::PushButton(const QString& caption, QWidget* parent) : QPushButton(caption, parent) {
-  setFocusPolicy(Qt::TabFocus);
-  setAutoDefault(true);  // Return presses the button that has the focus
+constexpr qreal rounding = 3;  // of the outline's and the ring's corners, in pixels
+
+// A rounded rectangle with its outer edge `inset` pixels inside `bounds`.
+void DrawOutline(QPainter& painter, const QRect& bounds, const QPen& pen, qreal inset) {
+  const qreal middle = inset + pen.widthF() / 2;
+  painter.setPen(pen);
+  painter.drawRoundedRect(QRectF(bounds).adjusted(middle, middle, -middle, -middle), rounding, rounding);
 }
 
-void PushButton::SetTextSize(Int32 points) {
+}  // namespace
+
+// Qt's autoDefault would press the button on Return, but would also take the default mark from the button that loses
+// the focus. So it is off, and Return is handled here.
+PushButton::PushButton(const QString& caption, QWidget* parent) : QPushButton(caption, parent) {
+  setFocusPolicy(Qt::TabFocus);
+  setAutoDefault(false);
+}
+
+void PushButton::SetTextSize(Int32 pixels) {
   QFont captionFont = font();
-  captionFont.setPointSize(points);
+  captionFont.setPixelSize(pixels);
   setFont(captionFont);
 }
 
+void PushButton::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!isReturn)
+    QPushButton::keyPressEvent(event);
+  else if (!event->isAutoRepeat())
+    click();
+}
+
 void PushButton::paintEvent(QPaintEvent* /*event*/) {
-  constexpr QSize distance(2, 1);  // of the caption from the frame on each side, in pixels
+  constexpr QSize margin(6, 3);  // between the caption and the button's edges, in pixels
   QStylePainter painter(this);
   QStyleOptionButton option;
   initStyleOption(&option);
-  const QRect space = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
-  painter.setFont(FittingFont(font(), text(), space.size() - 2 * distance));
-  option.fontMetrics = QFontMetrics(painter.font());
-  painter.drawControl(QStyle::CE_PushButton, option);
-  if (hasFocus()) DrawFocusRing(painter);
-}
-
-// Of its own, because styles outline the focus in the way in which they outline the default button.
-void PushButton::DrawFocusRing(QPainter& painter) const {
-  constexpr int distance = 2;  // from the button's edge, in pixels
-  constexpr int rounding = 2;
-  const qreal inset = distance + 0.5;
+  option.features &= ~(QStyleOptionButton::DefaultButton | QStyleOptionButton::AutoDefaultButton);
+  option.state &= ~QStyle::State_HasFocus;
+  option.text.clear();
+  style()->drawControl(QStyle::CE_PushButton, &option, &painter);
+  painter.setFont(FittingFont(font(), text(), size() - 2 * margin, FittedHeight::Ink));
+  painter.drawItemText(rect(), Qt::AlignCenter | Qt::TextSingleLine, option.palette, isEnabled(), text(),
+                       QPalette::ButtonText);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(palette().color(QPalette::Highlight));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), rounding, rounding);
+  if (isDefault() && isEnabled()) DrawOutline(painter, rect(), QPen(AccentColour(palette()), 2), 0);
+  if (hasFocus()) DrawOutline(painter, rect(), QPen(palette().buttonText(), 1, Qt::DotLine), 2);
 }
 
 }  // namespace sumlet

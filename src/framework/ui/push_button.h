@@ -1,5 +1,8 @@
 // PushButton: a button whose caption is drawn smaller where it does not fit. It takes the focus by Tab, not by a click:
-// a click leaves the selection, or the caret, of the control being worked on where it is. A ring shows the focus.
+// a click leaves the selection, or the caret, of the control being worked on where it is.
+//
+// Looks the same in every style as far as a user must recognise it: an outline marks the default button, a ring inside
+// it the focus.
 #pragma once
 
 #include <QPushButton>
@@ -12,14 +15,12 @@ class PushButton : public QPushButton {
  public:
   PushButton(const QString& caption, QWidget* parent);
 
-  // The size of the caption in points, where it fits. At start it is that of the desktop's font.
-  void SetTextSize(Int32 points);
+  // The size of the caption in pixels, where it fits. At start it is that of the desktop's font.
+  void SetTextSize(Int32 pixels);
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
-
- private:
-  void DrawFocusRing(QPainter& painter) const;
 };
 
 }  // namespace sumlet
