@@ -67,7 +67,7 @@ int Run(Descriptor requests, const std::vector<String>& files) {
     tray.Follow();
     app.WindowListChanged();
   });
-  TemplatesManager::Changed = [&app] { app.ScheduleRecovery(); };
+  const auto templateChanges = TemplatesManager::NotifyOfChanges([&app] { app.ScheduleRecovery(); });
   winSumlet::ScheduleSave = [&app] { app.ScheduleSave(); };
   winSumlet::StepTextSize = App::StepTextSize;
   winTemplates::OpenEquation = App::OpenEquation;

@@ -93,6 +93,7 @@ void BindEditItems(MenuBar& menuBar) {
   }
   QObject::connect(&menuBar.Menu("EditMenu"), &QMenu::aboutToShow, &menuBar, [&menuBar] {
     for (const auto& [name, command] : editCommands) menuBar.Item(name).setEnabled(CanEdit(Target(), command));
+    if (WindowCount() > 0) WindowAt(0).EnableMenuItems(menuBar);
   });
   // Outside the menu they are always enabled: a text control answers their shortcuts itself.
   QObject::connect(&menuBar.Menu("EditMenu"), &QMenu::aboutToHide, &menuBar, [&menuBar] {

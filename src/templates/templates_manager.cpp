@@ -2,6 +2,7 @@
 
 #include <set>
 #include <utility>
+#include <vector>
 
 #include "framework/message.h"
 #include "framework/text/bytes.h"
@@ -15,17 +16,23 @@ namespace sumlet::TemplatesManager {
 
 Array<String> Key;
 Array<String> EquationText;
-std::function<void()> Changed;
 
 namespace {
+
+std::vector<std::weak_ptr<const std::function<void()>>>& Listeners() {
+  static std::vector<std::weak_ptr<const std::function<void()>>> listeners;
+  return listeners;
+}
+
+// Goes through a copy, because a listener may subscribe another.
+void Notify() {
+  for (const auto& listener : std::vector(Listeners()))
+    if (const Subscription called = listener.lock()) (*called)();
+}
 
 void Append(std::string_view name, String equation) {
   EquationText.Append(std::move(equation));
   Key.Append(String(name));
-}
-
-void TellChange() {
-  if (Changed) Changed();
 }
 
 void Clear() {
@@ -55,18 +62,36 @@ void Add(std::string_view name, std::string_view equation) {
     if (answer == DialogButton::Cancel) return;
     if (answer == DialogButton::Action) {
       EquationText[index] = equation;
-      TellChange();
+      Notify();
       return;
     }
   }
   Append(name, String(equation));
-  TellChange();
+  Notify();
+}
+
+void Insert(Int32 index, std::string_view name, std::string_view equation) {
+  Key.Insert(index, String(name));
+  EquationText.Insert(index, String(equation));
+  Notify();
 }
 
 void Remove(Int32 index) {
   EquationText.Remove(index);
   Key.Remove(index);
-  TellChange();
+  Notify();
+}
+
+void Rename(Int32 index, std::string_view name) {
+  Key[index] = name;
+  Notify();
+}
+
+Subscription NotifyOfChanges(std::function<void()> listener) {
+  std::erase_if(Listeners(), [](const auto& other) { return other.expired(); });
+  auto subscription = std::make_shared<const std::function<void()>>(std::move(listener));
+  Listeners().push_back(subscription);
+  return subscription;
 }
 
 void RegisterSection() {

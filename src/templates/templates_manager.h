@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string_view>
 
 #include "framework/text/array.h"
@@ -17,15 +18,19 @@ namespace sumlet::TemplatesManager {
 extern Array<String> Key;
 extern Array<String> EquationText;
 
-// Called after each change by the user. May be empty.
-extern std::function<void()> Changed;
-
 // Adds a template. When one of this name exists, in whatever case, asks whether to replace the text of the first such,
 // to cancel, or to add a second one.
 void Add(std::string_view name, std::string_view equation);
 
-// By 0-based index; a Fault when there is none.
+// The index is 0-based; a Fault when there is no such template. Insert adds a template ahead of that one, or behind all
+// others, and asks nothing.
+void Insert(Int32 index, std::string_view name, std::string_view equation);
 void Remove(Int32 index);
+void Rename(Int32 index, std::string_view name);
+
+// Calls `listener` after each change by the functions above, until the caller drops the returned handle.
+using Subscription = std::shared_ptr<const std::function<void()>>;
+[[nodiscard]] Subscription NotifyOfChanges(std::function<void()> listener);
 
 // Makes the templates a section of the settings file.
 void RegisterSection();

@@ -3,14 +3,20 @@
 #include <QGuiApplication>
 #include <algorithm>
 
+#include "framework/ui/fitting_font.h"
+#include "framework/ui/menu_bar.h"
 #include "framework/ui/open_window.h"
 #include "persistence/preferences.h"
-#include "templates/templates_manager.h"
 
 namespace sumlet {
 namespace {
-constexpr Int32 smallTextSize = 11;  // points
+constexpr Int32 smallTextSize = 11;  // pixels
 constexpr Int32 rowHeight = 60;      // pixels
+constexpr Int32 nameColumnWidth = 200;
+constexpr Int32 nameMargins = 10;  // what a name leaves free of the column's width
+
+String ShownText(Int32 index) { return ReplaceLineEndings(TemplatesManager::EquationText[index], EndOfLine); }
+
 }  // namespace
 
 std::function<void(const winTemplates::Template* chosen)> winTemplates::OpenEquation;
@@ -57,11 +63,13 @@ PushButton* winTemplates::CreateButton(const QString& caption, const QRect& boun
   return button;
 }
 
+// With a large font of the desktop, the names that the program itself brings still show whole.
 void winTemplates::CreateList() {
   list_ = new Listbox(Content());
   list_->setAccessibleName(tr("Templates"));
   list_->RequiresSelection = true;
-  list_->SetFirstColumnWidth(200);
+  list_->SetFirstColumnWidth(nameColumnWidth);
+  list_->setFont(FittingFont(list_->font(), tr("Variables Example"), {nameColumnWidth - nameMargins, rowHeight}));
   list_->SetDefaultRowHeight(rowHeight);
   list_->Change = [this](Listbox&) { list_Change(); };
   list_->DoubleClick = [this](Listbox&) { OpenSelection(); };
@@ -74,11 +82,20 @@ void winTemplates::CreateList() {
   AddControl(*list_, {-1, -1, 602, 365}, Lock::Left | Lock::Top | Lock::Right | Lock::Bottom);
 }
 
+void winTemplates::AddMenuHandlers() {
+  BindMenuHandler("EditUndo", [this] { return UndoDelete(); });
+}
+
 void winTemplates::Event_Open() {
   Preferences::TemplatesOpen = true;
   LoadList();
   list_->setFocus();
   SetupControls();
+  storeChanges_ = TemplatesManager::NotifyOfChanges([this] { FollowStore(); });
+}
+
+void winTemplates::Event_EnableMenuItems(MenuBar& menuBar) {
+  if (!deleted_.empty()) menuBar.Enable("EditUndo");
 }
 
 void winTemplates::SetupControls() {
@@ -113,8 +130,24 @@ void winTemplates::LoadList() {
   list_->DeleteAllRows();
   list_->AddRow("New Equation...", "");
   list_->SetListIndex(0);
-  for (Int32 i = 0; i <= TemplatesManager::Key.Ubound(); ++i)
-    list_->AddRow(TemplatesManager::Key[i], ReplaceLineEndings(TemplatesManager::EquationText[i], EndOfLine));
+  for (Int32 i = 0; i <= TemplatesManager::Key.Ubound(); ++i) list_->AddRow(TemplatesManager::Key[i], ShownText(i));
+}
+
+// Changes only the cells that differ: the selection, the edit mode and the scroll position stay. A template that is
+// gone takes its row along, and the row that now has its place is selected, or the last row.
+void winTemplates::FollowStore() {
+  const Int32 count = TemplatesManager::Key.Ubound() + 1;
+  if (const Int32 selected = list_->ListIndex(); list_->ListCount() - 1 > count) {
+    LoadList();
+    list_->SetListIndex(std::min(count, selected));
+    return;
+  }
+  for (Int32 i = 0; i < count; ++i) {
+    const Int32 row = i + 1;
+    if (row == list_->ListCount()) list_->AddRow("");
+    if (list_->Cell(row, 0) != TemplatesManager::Key[i]) list_->SetCell(row, 0, TemplatesManager::Key[i]);
+    if (list_->Cell(row, 1) != ShownText(i)) list_->SetCell(row, 1, ShownText(i));
+  }
 }
 
 // Hidden first and closed last: the new window is in front before this one goes.
@@ -157,16 +190,23 @@ void winTemplates::btnRename_Action() {
 }
 
 void winTemplates::RenameDialog_Saved(const NameProviderDialog& sender) {
-  TemplatesManager::Key[list_->ListIndex() - 1] = sender.Text;
-  list_->SetCell(list_->ListIndex(), 0, sender.Text);
-  if (TemplatesManager::Changed) TemplatesManager::Changed();
+  TemplatesManager::Rename(list_->ListIndex() - 1, sender.Text);
 }
 
 void winTemplates::btnDelete_Action() {
-  const Int32 row = list_->ListIndex();
-  TemplatesManager::Remove(row - 1);
-  LoadList();
-  list_->SetListIndex(std::min(list_->ListCount() - 1, row));
+  const Int32 index = list_->ListIndex() - 1;
+  deleted_.push_back({index, {TemplatesManager::Key[index], TemplatesManager::EquationText[index]}});
+  TemplatesManager::Remove(index);
+}
+
+// The last one deleted comes back first, so that each finds its place as it was.
+bool winTemplates::UndoDelete() {
+  if (deleted_.empty()) return false;
+  const auto [index, content] = std::move(deleted_.back());
+  deleted_.pop_back();
+  TemplatesManager::Insert(index, content.Name, content.Text);
+  list_->SetListIndex(index + 1);
+  return true;
 }
 
 void winTemplates::StoreRecord(KeyList& record) const { record.AddItem("template", BooleanToVariant(true)); }

@@ -1,11 +1,14 @@
 // winTemplates: the template chooser, in which a new equation begins, from nothing or from a template. Templates are
-// renamed and deleted here too.
+// renamed and deleted here too, and Undo brings back what was deleted while the chooser is open.
+//
+// The list follows the store: a template that is added or replaced elsewhere shows at once.
 //
 // There is one at most. Choosing a row closes it.
 #pragma once
 
 #include <QImage>
 #include <functional>
+#include <vector>
 
 #include "framework/ui/base_window.h"
 #include "framework/ui/listbox.h"
@@ -13,6 +16,7 @@
 #include "framework/ui/timer.h"
 #include "persistence/my_window_manager.h"
 #include "templates/name_provider_dialog.h"
+#include "templates/templates_manager.h"
 
 namespace sumlet {
 
@@ -53,7 +57,9 @@ class winTemplates final : public BaseWindow, public MyWindowManager::StoredWind
  protected:
   void Layout() override;
   void CreateControls() override;
+  void AddMenuHandlers() override;
   void Event_Open() override;
+  void Event_EnableMenuItems(MenuBar& menuBar) override;
   void Event_Activate() override;
   bool Event_CancelClose(bool appQuitting) override;
   void Event_MouseEnter() override;
@@ -62,10 +68,17 @@ class winTemplates final : public BaseWindow, public MyWindowManager::StoredWind
   QImage pOverlay;
 
  private:
+  struct DeletedTemplate {
+    Int32 index;  // 0-based, in TemplatesManager
+    Template content;
+  };
+
   winTemplates();
 
   PushButton* CreateButton(const QString& caption, const QRect& bounds, Locks locks, void (winTemplates::*action)());
   void CreateList();
+  void FollowStore();
+  bool UndoDelete();
   void list_Change();
   bool list_CellBackgroundPaint(CellGraphics& g, Int32 row, Int32 column);
   bool list_CellTextPaint(CellGraphics& g, Int32 row, Int32 column);
@@ -84,6 +97,8 @@ class winTemplates final : public BaseWindow, public MyWindowManager::StoredWind
   PushButton* btnRename_ = nullptr;
   PushButton* btnDelete_ = nullptr;
   NameProviderDialog RenameDialog_;
+  std::vector<DeletedTemplate> deleted_;  // the last one last
+  TemplatesManager::Subscription storeChanges_;
 };
 
 }  // namespace sumlet
