@@ -9,9 +9,10 @@ namespace {
 
 constexpr QColor bandColour(0xEF, 0xF4, 0xFA);
 constexpr QColor ruleColour(0xDD, 0xDD, 0xDD);
-constexpr Int32 previewTextSize = 11;  // points
+constexpr QColor shadeColour(0x00, 0x38, 0xB0);
+constexpr Int32 previewTextSize = 11;  // pixels
 
-// Black behind a mask that lets less of it through from top to bottom. On white, the mask is what is seen.
+// Deep blue behind a mask that lets less of it through from top to bottom.
 QImage FadingShade(Int32 height) {
   constexpr double maskAtTop = 175;
   constexpr double maskAtBottom = 255;
@@ -19,7 +20,7 @@ QImage FadingShade(Int32 height) {
   for (Int32 y = 0; y < height; ++y) {
     const double t = static_cast<double>(y) / height;
     const int mask = static_cast<int>(maskAtTop * (1 - t) + maskAtBottom * t);
-    shade.setPixelColor(0, y, QColor(0, 0, 0, 255 - mask));
+    shade.setPixelColor(0, y, QColor(shadeColour.red(), shadeColour.green(), shadeColour.blue(), 255 - mask));
   }
   return shade;
 }
@@ -43,7 +44,7 @@ bool winTemplates::list_CellBackgroundPaint(CellGraphics& g, Int32 row, Int32 co
 bool winTemplates::list_CellTextPaint(CellGraphics& g, Int32 row, Int32 column) {
   if (column != 1) return false;
   QFont font = g.painter.font();
-  font.setPointSize(previewTextSize);
+  font.setPixelSize(previewTextSize);
   g.painter.setFont(font);
   DrawPreview(g, list_->Cell(row, column));
   return true;

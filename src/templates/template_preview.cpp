@@ -15,7 +15,7 @@ namespace {
 
 constexpr Int32 leftMargin = 2;  // pixels
 
-// The lines of `text`, wrapped at `width`, up to and with the line that makes them `enough`. The layouts own the lines.
+// The lines of `text`, wrapped at `width`, no more than `enough` of them. The layouts own the lines.
 std::vector<QTextLine> WrappedLines(std::string_view text, const QFont& font, Int32 width, std::size_t enough,
                                     std::list<QTextLayout>& layouts) {
   std::vector<QTextLine> lines;
@@ -41,10 +41,10 @@ std::vector<QTextLine> WrappedLines(std::string_view text, const QFont& font, In
 void DrawPreview(CellGraphics& g, std::string_view text) {
   const QFontMetrics metrics = g.painter.fontMetrics();
   const Int32 pitch = std::max(metrics.lineSpacing(), 1);
-  const Int32 fillsTheCell = g.Height / pitch + 1;
+  const Int32 wholeLines = std::max(g.Height / pitch, 1);
   std::list<QTextLayout> layouts;
   const std::vector<QTextLine> lines = WrappedLines(text, g.painter.font(), std::max(g.Width - leftMargin, 1),
-                                                    static_cast<std::size_t>(fillsTheCell), layouts);
+                                                    static_cast<std::size_t>(wholeLines), layouts);
   const Int32 height = pitch * static_cast<Int32>(lines.size());
   Int32 baseline = std::max((g.Height - height) / 2, 0) + metrics.ascent();
   for (const QTextLine& line : lines) {
