@@ -1,15 +1,46 @@
 #include "templates/win_save.h"
 
+#include <QPainter>
 #include <limits>
 
 #include "framework/message.h"
 #include "framework/ui/fitting_font.h"
+#include "framework/ui/plain_style.h"
 #include "framework/ui/qt_text.h"
 
 namespace sumlet {
 namespace {
+
 constexpr QSize fixedSize(361, 109);
-}
+
+// Draws its own border, in the highlight colour while it has the focus: some styles draw neither a border nor a sign of
+// the focus around a field of this height. The plain style draws nothing else around the text.
+class BorderedField final : public QLineEdit {
+ public:
+  explicit BorderedField(QWidget* parent) : QLineEdit(parent) {
+    setStyle(&PlainStyle());
+    setFrame(false);
+    setTextMargins(2 * border, border, 2 * border, border);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QLineEdit::paintEvent(event);
+    constexpr QColor restingColour(0x8C, 0x8C, 0x8C);
+    QPainter painter(this);
+    const int width = hasFocus() ? border : 1;
+    QPen pen(hasFocus() ? AccentColour(palette()) : restingColour, width);
+    pen.setJoinStyle(Qt::MiterJoin);
+    painter.setPen(pen);
+    const qreal middle = width / 2.0;
+    painter.drawRect(QRectF(rect()).adjusted(middle, middle, -middle, -middle));
+  }
+
+ private:
+  static constexpr int border = 2;  // pixels
+};
+
+}  // namespace
 
 winSave::winSave() { Create(); }
 
@@ -26,7 +57,7 @@ void winSave::CreateControls() {
   lblPrompt_->setTextFormat(Qt::PlainText);
   AddControl(*lblPrompt_, {20, 10, 321, 20}, Lock::Left | Lock::Top);
 
-  textName_ = new QLineEdit(Content());
+  textName_ = new BorderedField(Content());
   textName_->setMaxLength(std::numeric_limits<int>::max());
   AddControl(*textName_, {20, 42, 321, 22}, Lock::Left | Lock::Top);
   constexpr int frame = 2;  // of the field, above and below the text, in pixels
