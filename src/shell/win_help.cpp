@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 
 #include "framework/ui/fitting_font.h"
 #include "framework/ui/open_window.h"
@@ -9,8 +10,9 @@
 namespace sumlet {
 namespace {
 
+constexpr int cardWidth = 540;         // pixels
 constexpr int firstColumnWidth = 100;  // pixels
-constexpr int firstTextWidth = 90;     // what is left of it for a text
+constexpr int columnMargins = 10;      // what a column's text leaves free of its width, in pixels
 constexpr QColor gridLine(0xD9, 0xD9, 0xD9);
 
 struct HelpRow {
@@ -104,11 +106,18 @@ void winHelp::CreateControls() {
   list_->SetFirstColumnWidth(firstColumnWidth);
   for (const HelpRow& row : helpRows) {
     list_->AddRow(row.first, row.second);
-    // The second column can be made as wide as the desktop's font needs it, the first cannot.
-    list_->setFont(FittingFont(list_->font(), QString::fromUtf8(row.first), {firstTextWidth, QWIDGETSIZE_MAX}));
+    FitFont(0, row.first);
+    FitFont(1, row.second);
   }
-  AddControl(*list_, {-1, -1, 540, 581}, Lock::Left | Lock::Top | Lock::Right | Lock::Bottom);
+  AddControl(*list_, {-1, -1, cardWidth, 581}, Lock::Left | Lock::Top | Lock::Right | Lock::Bottom);
   list_Open();
+}
+
+// Makes the card's font smaller until the text fits into its column, as wide as that is when the window opens.
+void winHelp::FitFont(Int32 column, const char* text) {
+  const int bar = list_->verticalScrollBar()->sizeHint().width();
+  const int width = column == 0 ? firstColumnWidth : cardWidth - 2 * list_->frameWidth() - firstColumnWidth - bar;
+  list_->setFont(FittingFont(list_->font(), QString::fromUtf8(text), {width - columnMargins, QWIDGETSIZE_MAX}));
 }
 
 void winHelp::list_Open() {

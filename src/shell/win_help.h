@@ -20,6 +20,7 @@ class winHelp final : public BaseWindow {
  private:
   winHelp();
 
+  void FitFont(Int32 column, const char* text);
   void list_Open();
   static bool list_CellBackgroundPaint(CellGraphics& g, Int32 row, Int32 column);
   static bool list_CellTextPaint(CellGraphics& g, Int32 row, Int32 column);

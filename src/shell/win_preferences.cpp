@@ -32,25 +32,30 @@ void winPreferences::Layout() {
 void winPreferences::CreateControls() {
   chkRestoreEquations_ = new QCheckBox(tr("Restore Open Equations on Startup"), Content());
   connect(chkRestoreEquations_, &QCheckBox::toggled, this, [this] { chkRestoreEquations_Action(); });
-  const QString caption = chkRestoreEquations_->text();
-  const int box =
-      chkRestoreEquations_->sizeHint().width() - chkRestoreEquations_->fontMetrics().horizontalAdvance(caption);
-  AddFitting(*chkRestoreEquations_, caption, {36, 48, 246, 20}, {box, 0});
+  AddControl(*chkRestoreEquations_, {36, 48, 246, 20}, Lock::Left | Lock::Top);
 
   Label1_ = new QLabel(tr("Text Size"), Content());
   Label1_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  AddFitting(*Label1_, Label1_->text(), {69, 17, 62, 20}, {0, 0});
+  AddControl(*Label1_, {69, 17, 62, 20}, Lock::Left | Lock::Top);
 
   popSize_ = new QComboBox(Content());
   Label1_->setBuddy(popSize_);  // its name for a screen reader
   connect(popSize_, &QComboBox::currentIndexChanged, this, [this] { popSize_Change(); });
-  AddFitting(*popSize_, QStringLiteral("96"), {137, 17, 112, 20}, {40, 2});
+  AddControl(*popSize_, {137, 17, 112, 20}, Lock::Left | Lock::Top);
+  FitCaptions();
 }
 
-// The desktop's font may be a large one; what does not fit beside the `taken` pixels of a box or frame is set smaller.
-void winPreferences::AddFitting(QWidget& control, const QString& text, const QRect& bounds, const QSize& taken) {
-  control.setFont(FittingFont(control.font(), text, bounds.size() - taken));
-  AddControl(control, bounds, Lock::Left | Lock::Top);
+// The desktop's font may be a large one. All three controls get the size in which each of them shows its text whole.
+void winPreferences::FitCaptions() {
+  constexpr QSize frameAndArrow(40, 2);  // of the popup, in pixels
+  const QString caption = chkRestoreEquations_->text();
+  const int box =
+      chkRestoreEquations_->sizeHint().width() - chkRestoreEquations_->fontMetrics().horizontalAdvance(caption);
+  QFont fitting = FittingFont(font(), caption, chkRestoreEquations_->size() - QSize(box, 0));
+  fitting = FittingFont(fitting, Label1_->text(), Label1_->size());
+  fitting = FittingFont(fitting, QStringLiteral("96"), popSize_->size() - frameAndArrow);
+  for (QWidget* control : std::initializer_list<QWidget*>{chkRestoreEquations_, Label1_, popSize_})
+    control->setFont(fitting);
 }
 
 void winPreferences::Event_Open() {
@@ -73,6 +78,7 @@ void winPreferences::FillSizes() {
     current = 0;
   }
   popSize_->setCurrentIndex(current);
+  popSize_->setMaxVisibleItems(popSize_->count());  // all of them, without a scroll bar
 }
 
 void winPreferences::popSize_Change() {

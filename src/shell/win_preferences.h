@@ -31,7 +31,7 @@ class winPreferences final : public BaseWindow {
  private:
   winPreferences();
 
-  void AddFitting(QWidget& control, const QString& text, const QRect& bounds, const QSize& taken);
+  void FitCaptions();
   void FillSizes();
   void chkRestoreEquations_Action();
   void popSize_Change();

@@ -45,6 +45,7 @@ TEST_F(ShellWindows, TheSettingsInForceAreShownAndReachEveryEquation) {
       shown += (i == sizes.currentIndex() ? "[" + row + "]" : row) + " ";
     }
     EXPECT_EQ(shown, list);
+    EXPECT_GE(sizes.maxVisibleItems(), sizes.count()) << "no scroll bar";
     QCheckBox& box = winPreferences::Instance().chkRestoreEquations();
     EXPECT_EQ(box.isChecked(), remembered);
     EXPECT_EQ(Preferences::TextSize, size) << "opening the window changes nothing";
@@ -86,6 +87,11 @@ TEST_F(ShellWindows, TextsFitWithALargeFont) {
     EXPECT_LE(control->sizeHint().width(), control->width());
     EXPECT_LE(control->fontMetrics().height(), control->height());
   }
+  EXPECT_EQ(winPreferences::Instance().popSize().font(), winPreferences::Instance().chkRestoreEquations().font());
+  Listbox& card = winHelp::Instance().list();
+  QCoreApplication::processEvents();
+  for (Int32 row = 0; row < card.ListCount(); ++row)
+    EXPECT_LE(card.sizeHintForIndex(card.model()->index(row, 1)).width(), card.columnWidth(1)) << row;
   QApplication::setFont(before);
   EXPECT_EQ(ApplicationIcon().pixmap(256).toImage().size(), QSize(256, 256));
 }
