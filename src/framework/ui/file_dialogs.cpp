@@ -41,10 +41,10 @@ QString AsFileName(std::string_view name) {
 std::vector<FolderItem> OpenDialog::ShowModal() const {
   if (Handlers().open) return Handlers().open(*this);
   const QString filter = ToQString(Filter) + QStringLiteral(";;All files (*)");
+  const QStringList paths = QFileDialog::getOpenFileNames(nullptr, ToQString(PromptText), LastFolder(), filter, nullptr,
+                                                          QFileDialog::HideNameFilterDetails);
   std::vector<FolderItem> files;
-  for (const QString& path : QFileDialog::getOpenFileNames(nullptr, ToQString(PromptText), LastFolder(), filter)) {
-    files.push_back(ItemOf(path));
-  }
+  for (const QString& path : paths) files.push_back(ItemOf(path));
   return files;
 }
 
