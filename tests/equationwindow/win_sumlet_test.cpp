@@ -150,6 +150,26 @@ TEST_F(WinSumlet, ColorsFollowTheCalculationAndTheTyping) {
   EXPECT_EQ(Colors(), ";;");
 }
 
+TEST_F(WinSumlet, ACompositionKeepsItsMarkAndTakesTheColorOfItsLine) {
+  window->SetEquation("", "# ab\n1");
+  TypeAt(3, "c");
+  QTextCharFormat underlined;
+  underlined.setFontUnderline(true);
+  const QInputMethodEvent::Attribute mark(QInputMethodEvent::TextFormat, 0, 2, underlined);
+  QInputMethodEvent composed("xy", {mark});
+  QCoreApplication::sendEvent(&input, &composed);
+  clock.Advance(250);
+  const auto formats = input.document()->firstBlock().layout()->formats();
+  ASSERT_FALSE(formats.isEmpty());
+  EXPECT_EQ(formats.back().start, 4);
+  EXPECT_TRUE(formats.back().format.fontUnderline());
+  QInputMethodEvent committed;
+  committed.setCommitString("z");
+  QCoreApplication::sendEvent(&input, &committed);
+  EXPECT_EQ(input.Text(), "# aczb\n1");
+  EXPECT_EQ(Colors(), "#7f7f7f 6;;");
+}
+
 TEST_F(WinSumlet, SavesAsTemplateTheTextOfTheMomentOfSaving) {
   SetDialogHandler([](const MessageDialog&) {
     EXPECT_TRUE(Front<winSave>()) << "asked about a name that is there with the sheet still up";

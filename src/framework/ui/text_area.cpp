@@ -6,6 +6,8 @@
 #include "framework/ui/text_area.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScrollBar>
@@ -40,7 +42,7 @@ QString WithLineFeeds(QString raw) { return raw.replace(QChar::ParagraphSeparato
 
 }  // namespace
 
-TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent), lineColors_(new LineColors(document())) {
+TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent), lineFormats_(new LineFormats(document())) {
   setFrameStyle(QFrame::Box | QFrame::Plain);
   setLineWidth(1);
   SetColours(false);
@@ -160,6 +162,15 @@ QMimeData* TextArea::createMimeDataFromSelection() const {
   auto* copied = new QMimeData;
   copied->setText(WithLineFeeds(textCursor().selectedText()));
   return copied;
+}
+
+void TextArea::inputMethodEvent(QInputMethodEvent* event) {
+  const int start = textCursor().selectionStart() + std::min(event->replacementStart(), 0);
+  const int sizeBefore = document()->characterCount();
+  lineFormats_->BeginComposition();
+  QPlainTextEdit::inputMethodEvent(event);
+  const auto added = static_cast<int>(event->commitString().size());
+  lineFormats_->EndComposition(std::max(start, 0), sizeBefore + added - document()->characterCount(), added);
 }
 
 // Shift and Return would put in U+2028, which looks like the end of a line and is none for the calculation.

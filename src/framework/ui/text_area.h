@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "framework/text/text.h"
-#include "framework/ui/line_colors.h"
+#include "framework/ui/line_formats.h"
 
 namespace sumlet {
 
@@ -42,7 +42,7 @@ class TextArea : public QPlainTextEdit {
 
   // Colours line i in colours[i]; an invalid colour, or none, is black. No change of the text, and what is typed into a
   // coloured line takes its colour.
-  void SetLineColors(const std::vector<QColor>& colours) { lineColors_->Apply(colours); }
+  void SetLineColors(const std::vector<QColor>& colours) { lineFormats_->Apply(colours); }
 
   // Runs after each change of the text, those by SetText included; not for a change of its looks.
   std::function<void(TextArea& sender)> TextChange;
@@ -51,6 +51,7 @@ class TextArea : public QPlainTextEdit {
   [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
@@ -61,7 +62,7 @@ class TextArea : public QPlainTextEdit {
   void WrapAnywhereIfLong(int position, int added);
   void WrapAtWordsIfShort();
 
-  LineColors* lineColors_;
+  LineFormats* lineFormats_;
 };
 
 }  // namespace sumlet
