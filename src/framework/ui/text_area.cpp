@@ -6,6 +6,7 @@
 #include "framework/ui/text_area.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QDrag>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -164,6 +165,12 @@ QMimeData* TextArea::createMimeDataFromSelection() const {
   return copied;
 }
 
+// The focus follows the text, so that the user can go on typing behind it.
+void TextArea::dropEvent(QDropEvent* event) {
+  QPlainTextEdit::dropEvent(event);
+  if (event->isAccepted()) setFocus(Qt::OtherFocusReason);
+}
+
 void TextArea::inputMethodEvent(QInputMethodEvent* event) {
   const int start = textCursor().selectionStart() + std::min(event->replacementStart(), 0);
   const int sizeBefore = document()->characterCount();
@@ -181,6 +188,29 @@ void TextArea::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QPlainTextEdit::keyPressEvent(event);
+}
+
+void TextArea::mousePressEvent(QMouseEvent* event) {
+  dragIsOver_ = false;
+  QPlainTextEdit::mousePressEvent(event);
+}
+
+// A drag that begins here runs and ends inside the base call, and Qt then goes on as if the button were down: it
+// scrolls, starts the next drag without an end, and takes the selection away when it gets the release. So it gets a
+// release of no button, which only stops the scrolling, and nothing more of this button.
+void TextArea::mouseMoveEvent(QMouseEvent* event) {
+  if (dragIsOver_) return;
+  QPlainTextEdit::mouseMoveEvent(event);
+  dragIsOver_ = viewport()->findChild<QDrag*>() != nullptr;
+  if (!dragIsOver_) return;
+  QMouseEvent release(QEvent::MouseButtonRelease, event->position(), event->globalPosition(), Qt::NoButton,
+                      Qt::NoButton, event->modifiers());
+  QPlainTextEdit::mouseReleaseEvent(&release);
+}
+
+void TextArea::mouseReleaseEvent(QMouseEvent* event) {
+  if (dragIsOver_ && event->button() == Qt::LeftButton) return;
+  QPlainTextEdit::mouseReleaseEvent(event);
 }
 
 void TextArea::resizeEvent(QResizeEvent* event) {

@@ -49,10 +49,14 @@ class TextArea : public QPlainTextEdit {
 
  protected:
   [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
+  void dropEvent(QDropEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
@@ -63,6 +67,7 @@ class TextArea : public QPlainTextEdit {
   void WrapAtWordsIfShort();
 
   LineFormats* lineFormats_;
+  bool dragIsOver_ = false;  // a drag from here has ended, and no button was pressed since
 };
 
 }  // namespace sumlet
