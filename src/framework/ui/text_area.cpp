@@ -6,6 +6,7 @@
 #include "framework/ui/text_area.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QClipboard>
 #include <QDrag>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
@@ -193,6 +194,7 @@ void TextArea::keyPressEvent(QKeyEvent* event) {
 void TextArea::mousePressEvent(QMouseEvent* event) {
   dragIsOver_ = false;
   QPlainTextEdit::mousePressEvent(event);
+  tokens_.Press(*event);
 }
 
 // A drag that begins here runs and ends inside the base call, and Qt then goes on as if the button were down: it
@@ -201,6 +203,7 @@ void TextArea::mousePressEvent(QMouseEvent* event) {
 void TextArea::mouseMoveEvent(QMouseEvent* event) {
   if (dragIsOver_) return;
   QPlainTextEdit::mouseMoveEvent(event);
+  tokens_.Move(*event);
   dragIsOver_ = viewport()->findChild<QDrag*>() != nullptr;
   if (!dragIsOver_) return;
   QMouseEvent release(QEvent::MouseButtonRelease, event->position(), event->globalPosition(), Qt::NoButton,
@@ -211,6 +214,15 @@ void TextArea::mouseMoveEvent(QMouseEvent* event) {
 void TextArea::mouseReleaseEvent(QMouseEvent* event) {
   if (dragIsOver_ && event->button() == Qt::LeftButton) return;
   QPlainTextEdit::mouseReleaseEvent(event);
+  // Qt has offered the word of its own to a middle click elsewhere.
+  QClipboard& clipboard = *QGuiApplication::clipboard();
+  if (event->button() == Qt::LeftButton && tokens_.IsActive() && clipboard.supportsSelection())
+    clipboard.setMimeData(createMimeDataFromSelection(), QClipboard::Selection);
+}
+
+void TextArea::mouseDoubleClickEvent(QMouseEvent* event) {
+  QPlainTextEdit::mouseDoubleClickEvent(event);
+  tokens_.DoubleClick(*event);
 }
 
 void TextArea::resizeEvent(QResizeEvent* event) {

@@ -11,6 +11,7 @@
 
 #include "framework/text/text.h"
 #include "framework/ui/line_formats.h"
+#include "framework/ui/token_selection.h"
 
 namespace sumlet {
 
@@ -54,6 +55,7 @@ class TextArea : public QPlainTextEdit {
   void focusOutEvent(QFocusEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -67,6 +69,7 @@ class TextArea : public QPlainTextEdit {
   void WrapAtWordsIfShort();
 
   LineFormats* lineFormats_;
+  TokenSelection tokens_{*this};
   bool dragIsOver_ = false;  // a drag from here has ended, and no button was pressed since
 };
 

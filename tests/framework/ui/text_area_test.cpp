@@ -79,6 +79,32 @@ TEST_F(TextAreaTest, IsBlackOnWhiteOnADarkDesktop) {
   EXPECT_NE(picture.pixelColor(0, 50), QColor(Qt::white)) << "the border";
 }
 
+TEST_F(TextAreaTest, ADoubleClickSelectsTheWholeNumberOrName) {
+  struct {
+    const char* line;
+    int index;  // of the character that is clicked
+    const char* selected;
+  } const cases[] = {
+      {"1+12.75*2", 3, "12.75"},
+      {"0.6666666667", 0, "0.6666666667"},
+      {"1+.5", 3, ".5"},
+      {"2rate+1", 0, "2"},
+      {"2rate+1", 2, "rate"},
+      {"x1=3", 1, "x1"},
+      {"1,234,567+1", 3, "1,234,567"},
+      {"(1,000)", 1, "1"},
+      {"été_b/2", 1, "été_b"},
+  };
+  for (const auto& [line, index, selected] : cases) {
+    area.SetText(line);
+    QTextCursor clicked = area.textCursor();
+    clicked.setPosition(index);
+    const QPoint place = area.cursorRect(clicked).center() + QPoint(2, 0);
+    QTest::mouseDClick(area.viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(area.textCursor().selectedText().toStdString(), selected) << line << " at " << index;
+  }
+}
+
 // Keeping words together would take minutes here, and the time limit of the test run would end it.
 TEST_F(TextAreaTest, NeverScrollsSideways) {
   area.SetText("averyverylongnamethatisunknown_ and words");
