@@ -29,6 +29,7 @@ void winSumlet::_CreateControls0() {
   textOutput_ = new TextArea(Content());
   textOutput_->setAccessibleName(tr("Result"));
   textOutput_->SetReadOnly(true);
+  textOutput_->SetTypingReceiver(*textInput_);
   AddControl(*textOutput_, {-1, 201, 367, 35}, Lock::Left | Lock::Right | Lock::Bottom);
   for (const TextArea* area : {textInput_, textOutput_}) area->viewport()->installEventFilter(this);
 

@@ -1,5 +1,6 @@
 #include "equationwindow/win_sumlet.h"
 
+#include <QClipboard>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextLayout>
@@ -168,6 +169,19 @@ TEST_F(WinSumlet, ACompositionKeepsItsMarkAndTakesTheColorOfItsLine) {
   QCoreApplication::sendEvent(&input, &committed);
   EXPECT_EQ(input.Text(), "# aczb\n1");
   EXPECT_EQ(Colors(), "#7f7f7f 6;;");
+}
+
+TEST_F(WinSumlet, WhatIsTypedIntoTheResultGoesToTheEquation) {
+  window->SetEquation("", "40+2");
+  input.selectAll();
+  output.setFocus();
+  for (const auto key : {QKeySequence::SelectAll, QKeySequence::Copy}) QTest::keySequence(&output, key);
+  EXPECT_EQ(QApplication::clipboard()->text(), "42");
+  QTest::keyClick(&output, Qt::Key_Left);
+  EXPECT_EQ(QApplication::focusWidget(), &output);
+  QTest::keyClick(&output, '+');
+  EXPECT_EQ(QApplication::focusWidget(), &input);
+  EXPECT_EQ(input.Text(), "40+2+") << "a selection out of sight is not replaced";
 }
 
 TEST_F(WinSumlet, SavesAsTemplateTheTextOfTheMomentOfSaving) {

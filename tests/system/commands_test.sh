@@ -10,15 +10,26 @@ width_is() { xdotool getwindowgeometry "$(xdotool getactivewindow)" | grep -q "G
 start_window "$1"
 open_equation
 
-# The result cannot be typed over; the equation can, and is calculated anew.
+at() { xdotool mousemove --window "$window" "$@"; }
+
+# The result dragged into the equation arrives once, and then the pointer and the keyboard are free. What is typed with
+# the focus in the result goes to the equation.
 type_keys x=2
 press Return
 type_keys 'x*21'
 press Tab
 expect_text 42
-type_keys 7
-expect_text 42
-press shift+Tab ctrl+a
+at 15 242 click --repeat 3 1
+sleep 0.6  # the next press is no further click
+at 15 236 mousedown 1
+for y in 220 190 160 120; do at 15 $y sleep 0.05; done
+xdotool mouseup 1
+type_keys +7
+expect_text $'x=2\nx*2142+7'
+at 15 242 click 1
+type_keys 8
+expect_text $'x=2\nx*2142+78'
+press ctrl+a
 type_keys foo
 press Tab
 expect_text '"foo" Error: Variable Unknown'

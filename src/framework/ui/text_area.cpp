@@ -39,6 +39,15 @@ bool HasLongLine(QStringView text) {
   return false;
 }
 
+// Whether the key types a character or a line end. AltGr is Ctrl and Alt on Windows; on macOS Alt types characters.
+bool IsTyped(const QKeyEvent& key) {
+  const QString text = key.text();
+  if (text.isEmpty() || !(text.front().isPrint() || text.front().isSurrogate() || text == QLatin1String("\r")))
+    return false;
+  const auto modifiers = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+  return modifiers == Qt::NoModifier || modifiers == (Qt::ControlModifier | Qt::AltModifier);
+}
+
 // Qt's own plain text turns a no-break space into a space; its raw text keeps it and divides lines by U+2029.
 QString WithLineFeeds(QString raw) { return raw.replace(QChar::ParagraphSeparator, QLatin1Char('\n')); }
 
@@ -126,6 +135,12 @@ void TextArea::SetReadOnly(bool readOnly) {
   if (readOnly) setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
+// Qt gives a read-only area no input method, and dead keys would lose their accents.
+void TextArea::SetTypingReceiver(TextArea& receiver) {
+  typingReceiver_ = &receiver;
+  setAttribute(Qt::WA_InputMethodEnabled);
+}
+
 void TextArea::SetScrollbarVertical(bool shown) {
   setVerticalScrollBarPolicy(shown ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
 }
@@ -166,13 +181,29 @@ QMimeData* TextArea::createMimeDataFromSelection() const {
   return copied;
 }
 
+// Leaves the caret where it is. A selection is out of sight while another control has the focus, and typing must not
+// replace it then.
+void TextArea::ClearSelection() {
+  QTextCursor caret = textCursor();
+  caret.clearSelection();
+  setTextCursor(caret);
+}
+
 // The focus follows the text, so that the user can go on typing behind it.
 void TextArea::dropEvent(QDropEvent* event) {
   QPlainTextEdit::dropEvent(event);
   if (event->isAccepted()) setFocus(Qt::OtherFocusReason);
 }
 
+// The focus follows at the end of the composition: a change of the focus would end it.
 void TextArea::inputMethodEvent(QInputMethodEvent* event) {
+  if (typingReceiver_ != nullptr) {
+    typingReceiver_->ClearSelection();
+    typingReceiver_->inputMethodEvent(event);
+    if (event->preeditString().isEmpty() && !event->commitString().isEmpty())
+      typingReceiver_->setFocus(Qt::OtherFocusReason);
+    return;
+  }
   const int start = textCursor().selectionStart() + std::min(event->replacementStart(), 0);
   const int sizeBefore = document()->characterCount();
   lineFormats_->BeginComposition();
@@ -181,8 +212,22 @@ void TextArea::inputMethodEvent(QInputMethodEvent* event) {
   lineFormats_->EndComposition(std::max(start, 0), sizeBefore + added - document()->characterCount(), added);
 }
 
+QVariant TextArea::inputMethodQuery(Qt::InputMethodQuery query) const {
+  if (typingReceiver_ == nullptr) return QPlainTextEdit::inputMethodQuery(query);
+  const QVariant answer = typingReceiver_->inputMethodQuery(query);
+  if (!answer.canConvert<QRectF>()) return answer;
+  return answer.toRectF().translated(typingReceiver_->viewport()->mapTo(window(), QPoint()) -
+                                     viewport()->mapTo(window(), QPoint()));
+}
+
 // Shift and Return would put in U+2028, which looks like the end of a line and is none for the calculation.
 void TextArea::keyPressEvent(QKeyEvent* event) {
+  if (typingReceiver_ != nullptr && IsTyped(*event)) {
+    typingReceiver_->ClearSelection();
+    typingReceiver_->setFocus(Qt::OtherFocusReason);
+    typingReceiver_->keyPressEvent(event);
+    return;
+  }
   if (event == QKeySequence::InsertLineSeparator && !isReadOnly()) {
     QKeyEvent plainReturn(event->type(), Qt::Key_Return, Qt::NoModifier, event->text());
     QPlainTextEdit::keyPressEvent(&plainReturn);

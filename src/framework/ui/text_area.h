@@ -30,6 +30,10 @@ class TextArea : public QPlainTextEdit {
   // Read only, the text can still be selected and copied, by mouse and by keyboard.
   void SetReadOnly(bool readOnly);
 
+  // What is typed or composed into this read-only area goes to `receiver`, and the focus with it. The receiver has to
+  // live as long as this area.
+  void SetTypingReceiver(TextArea& receiver);
+
   // Whether a vertical scroll bar shows when the text is higher than the area. There is never a horizontal one.
   void SetScrollbarVertical(bool shown);
 
@@ -54,6 +58,7 @@ class TextArea : public QPlainTextEdit {
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
+  [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
   void keyPressEvent(QKeyEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -65,12 +70,14 @@ class TextArea : public QPlainTextEdit {
  private:
   void SetMargins();
   void SetColours(bool selectionOutlivesFocus);
+  void ClearSelection();
   void WrapAnywhereIfLong(int position, int added);
   void WrapAtWordsIfShort();
 
   LineFormats* lineFormats_;
   TokenSelection tokens_{*this};
   bool dragIsOver_ = false;  // a drag from here has ended, and no button was pressed since
+  TextArea* typingReceiver_ = nullptr;
 };
 
 }  // namespace sumlet
