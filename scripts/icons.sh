@@ -7,7 +7,10 @@ source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
 ensure_packages icons
 cd "$projectRoot/data/icons"
-for size in 16 24 32 48 64 128 256; do
+# In the smallest picture the bars of the equals sign lie on whole pixels, each one pixel high.
+sed 's/y="152" \(.*\) height="24"/y="160" \1 height="16"/; s/y="192" \(.*\) height="24"/y="192" \1 height="16"/' sumlet.svg |
+  rsvg-convert --width 16 --height 16 --output sumlet-16.png
+for size in 24 32 48 64 128 256; do
   rsvg-convert --width "$size" --height "$size" --output "sumlet-$size.png" sumlet.svg
 done
 png2icns ../macos/sumlet.icns sumlet-{16,32,48,128,256}.png >/dev/null
