@@ -51,7 +51,8 @@ for file in "$icons/scalable/apps/$icon.svg" "$icons/symbolic/apps/$icon-symboli
 done
 
 # The desktop's way to the program, and from its window back to the entry.
-start_window "$bin/$(entry_value Exec)"
+exec=$(entry_value Exec)
+start_window "$bin/${exec% %F}"
 open_equation
 type_keys 6*7
 press Tab
