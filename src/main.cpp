@@ -8,6 +8,7 @@
 #include "framework/ui/caret_rest.h"
 #include "framework/ui/desktop_clipboard.h"
 #include "framework/ui/dialogs.h"
+#include "framework/ui/incoming_files.h"
 #include "shell/app.h"
 #include "shell/application_icon.h"
 #include "shell/last_save.h"
@@ -61,7 +62,11 @@ int Run(Descriptor requests, const std::vector<String>& files) {
   App app;
   app.FilesToOpen = ItemsOf(files);
   app.BindMenuHandlers();
-  SetMenuAttacher([](Window& window) { MenuBar1().AttachTo(window); });
+  SetMenuAttacher([](Window& window) {
+    MenuBar1().AttachTo(window);
+    if (dynamic_cast<winSumlet*>(&window) || dynamic_cast<winTemplates*>(&window)) AcceptFiles(window);
+  });
+  SetFileOpener([&app](const auto& dropped) { app.OpenDropped(dropped); });
   StatusTray tray(app);
   SetWindowListChanged([&app, &tray] {
     tray.Follow();

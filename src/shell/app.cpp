@@ -107,6 +107,14 @@ void App::Event_Reopen(const std::vector<FolderItem>& files) {
   TellOfUnopened(unopened);
 }
 
+void App::OpenDropped(const std::vector<FolderItem>& files) {
+  if (quitting_ || !loaded_) return;
+  const Int32 before = WindowCount();
+  const Array<String> unopened = OpenTextFiles(files, FileKinds::Text);
+  if (WindowCount() > before) WindowAt(0).Show();
+  TellOfUnopened(unopened);
+}
+
 bool App::Event_CancelClose() {
   CommitComposition();
   SaveBeforeEnd();

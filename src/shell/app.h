@@ -45,6 +45,9 @@ class App {
   // open, hidden ones counted; otherwise the front window comes forward, and an alert that stands in front of it.
   void Event_Reopen(const std::vector<FolderItem>& files = {});
 
+  // The user has dropped or pasted `files`. Opens those that hold text and names the others in one dialog.
+  void OpenDropped(const std::vector<FolderItem>& files);
+
   // Commits what an input method is composing, then saves, while all windows stand. False: quitting is never refused.
   bool Event_CancelClose();
 

@@ -1,26 +1,40 @@
 #include "shell/text_import.h"
 
+#include <QDir>
+#include <QMimeDatabase>
+#include <algorithm>
+
 #include "equationwindow/win_sumlet.h"
 #include "framework/message.h"
 #include "framework/text/encoding.h"
 #include "framework/ui/file_dialogs.h"
+#include "framework/ui/qt_text.h"
 
 namespace sumlet {
 namespace {
 
 // The kinds of files that hold plain text. Users may choose others all the same.
 constexpr std::string_view textFiles =
-    "Text (*.asc *.ascii *.bas *.c *.class *.cp *.cpp *.h *.hp *.hpp *.i3 *.java *.m2 *.m3 *.mak *.text *.txt)";
+    "*.asc *.ascii *.bas *.c *.class *.cp *.cpp *.h *.hp *.hpp *.i3 *.java *.m2 *.m3 *.mak *.text *.txt";
 
 // Far above any equation, and what a text area still handles.
 constexpr std::size_t largestText = std::size_t{16} << 20;
 
+bool IsText(std::string_view name, std::string_view content) {
+  if (QDir::match(ToQString(textFiles), ToQString(name))) return true;
+  constexpr std::size_t enough = 16384;  // bytes to recognise a kind of files by
+  const auto size = static_cast<qsizetype>(std::min(content.size(), enough));
+  const QByteArray start = QByteArray::fromRawData(content.data(), size);
+  return QMimeDatabase().mimeTypeForFileNameAndData(ToQString(name), start).inherits(QStringLiteral("text/plain"));
+}
+
 // Nothing when a window has been opened, else the name of the file, and the reason where it needs one.
-std::optional<String> Import(const FolderItem& file) {
+std::optional<String> Import(const FolderItem& file, FileKinds kinds) {
   const std::filesystem::path& path = file.Path();
   const String name = (path.has_filename() ? path.filename() : path).string();  // without one: "folder/"
   const std::optional<String> content = file.ReadBinaryFile();
   if (content && content->size() > largestText) return name + " (larger than 16 MB)";
+  if (content && kinds == FileKinds::Text && !IsText(name, *content)) return name;
   const String text = content ? Trim(DecodeText(*content)) : String();
   if (text.empty()) return name;
   (new winSumlet)->SetEquation(EquationName(name), text);
@@ -31,10 +45,10 @@ std::optional<String> Import(const FolderItem& file) {
 
 String EquationName(std::string_view fileName) { return Replace(fileName, ".txt", ""); }
 
-Array<String> OpenTextFiles(const std::vector<FolderItem>& files) {
+Array<String> OpenTextFiles(const std::vector<FolderItem>& files, FileKinds kinds) {
   Array<String> unopened;
   for (const FolderItem& file : files)
-    if (std::optional<String> name = Import(file)) unopened.Append(std::move(*name));
+    if (std::optional<String> name = Import(file, kinds)) unopened.Append(std::move(*name));
   return unopened;
 }
 
@@ -49,7 +63,7 @@ void TellOfUnopened(const Array<String>& names) {
 void ImportTextFiles() {
   OpenDialog dialog;
   dialog.PromptText = "Select Text (.txt) files to import as equations.";
-  dialog.Filter = textFiles;
+  dialog.Filter = "Text (" + String(textFiles) + ")";
   TellOfUnopened(OpenTextFiles(dialog.ShowModal()));
 }
 

@@ -9,9 +9,14 @@
 
 namespace sumlet {
 
-// Opens an equation window for each file that can be read and holds any text. The others are the result: a name each,
-// with the reason where it is none of these.
-[[nodiscard]] Array<String> OpenTextFiles(const std::vector<FolderItem>& files);
+enum class FileKinds {
+  Any,
+  Text  // what the desktop counts as text, by its name or its content
+};
+
+// Opens an equation window for each file of these kinds that can be read and holds any text. The others are the result:
+// a name each, with the reason where it is none of these.
+[[nodiscard]] Array<String> OpenTextFiles(const std::vector<FolderItem>& files, FileKinds kinds = FileKinds::Any);
 
 // Names the files that OpenTextFiles could not open in one dialog. Does nothing when there are none.
 void TellOfUnopened(const Array<String>& names);

@@ -1,13 +1,17 @@
 #include "shell/menus.h"
 
+#include <QClipboard>
+#include <QMimeData>
 #include <fstream>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/clipboard.h"
 #include "framework/ui/file_dialogs.h"
+#include "framework/ui/incoming_files.h"
 #include "framework/ui/window_fixture.h"
 #include "persistence/preferences.h"
 #include "shell/app.h"
+#include "shell/text_import.h"
 #include "shell/win_about.h"
 #include "shell/win_preferences.h"
 
@@ -124,19 +128,18 @@ TEST_F(Menus, CommandsAboutTheResultFollowTheTextAsItIs) {
 
 TEST_F(Menus, ClosedEquationsComeBackTheLatestFirst) {
   MyWindowManager::RegisterRestorer({"equation", winSumlet::RestoreFrom});
-  for (const char* name : {"one", "two", ""}) {
-    NewEquation(name).FromTemplate = name;
-    WindowAt(0).SetLeft(Len(name) + 40);
-    WindowAt(0).SetHeight(300);
-    if (String(name) == "one") NewEquation(" \n");
+  for (const char* text : {"1", " \n", "2"}) {
+    winSumlet& window = NewEquation(text);
+    window.FromTemplate = text;
+    window.SetHeight(300);
+    window.Close();
   }
-  while (WindowCount() > 0) WindowAt(0).Close();
   Preferences::TextSize = 16;
-  for (const char* name : {"one", "two"}) {
+  for (const String text : {"2", "1"}) {
     MenuBar1().Choose("FileReopenClosed");
-    const winSumlet& window = dynamic_cast<winSumlet&>(WindowAt(0));
-    EXPECT_EQ(window.FromTemplate + window.textInput().Text(), String(name) + name);
-    EXPECT_EQ(QRect(window.Left(), 0, window.TextSize, window.Height()), QRect(43, 0, 16, 300));
+    const winSumlet& window = *Front<winSumlet>();
+    EXPECT_EQ(window.FromTemplate + window.textInput().Text(), text + text);
+    EXPECT_EQ(QSize(window.TextSize, window.Height()), QSize(16, 300)) << "the size of text in force";
   }
   Preferences::TextSize = Preferences::defaultTextSize;
 }
@@ -165,6 +168,37 @@ TEST_F(Menus, FilesComeInAndFailuresAreNamedOnce) {
     WindowAt(0).Close();
   }
   EXPECT_EQ(opened, "latin.txt:# café €\n3;utf16:1+2;budget:1+1\n\n2*\u00A021;");
+  const FolderItem picture(folder.filePath("dropped.txt.png").toStdString());
+  std::ofstream(picture.Path(), std::ios::binary) << "\x89PNG\r\n\x1A\n 1";
+  EXPECT_EQ(OpenTextFiles({picture, files[0]}, FileKinds::Text), Array<String>{"dropped.txt.png"});
+}
+
+// The opener is told of files only; of a drop the program shows the outcome in the drag's action.
+TEST_F(Menus, FilesAreOpenedWhereOtherThingsAreInserted) {
+  String opened;
+  SetFileOpener([&opened](const std::vector<FolderItem>& files) {
+    for (const FolderItem& file : files) opened += file.Path().string() + ";";
+  });
+  TextArea& area = NewEquation("").textInput();
+  AcceptFiles(WindowAt(0));
+  const auto receive = [&area](const char* type, const char* bytes) {
+    auto* data = new QMimeData;
+    data->setData(type, bytes);
+    QApplication::clipboard()->setMimeData(data);
+    area.paste();
+    const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter({}, offered, data, Qt::LeftButton, {});
+    QDropEvent drop({}, offered, data, Qt::LeftButton, {});
+    for (QDropEvent* event : {static_cast<QDropEvent*>(&enter), &drop}) QApplication::sendEvent(area.viewport(), event);
+    QCoreApplication::processEvents();
+    return drop.dropAction();
+  };
+  EXPECT_EQ(receive("text/uri-list", "file:///a%20b\r\nfile:///caf%E9\r\n"), Qt::CopyAction) << "whatever was offered";
+  EXPECT_EQ(opened, "/a b;/caf\xE9;/a b;/caf\xE9;") << "pasted and dropped";
+  receive("text/plain", "2+");
+  receive("text/uri-list", "https://sumlet.example/");
+  EXPECT_EQ(area.Text(), "2+https://sumlet.example/2+") << "a link is pasted and not dropped";
+  SetFileOpener({});
 }
 
 TEST_F(Menus, ExportTellsOfAFailure) {

@@ -52,12 +52,10 @@ class SecondStart(RunningProgram):
         equations = [dict(settings_file.items(record))["equation"] for _, record in windows]
         self.assertEqual(equations, [b"2%2B1", b"1%2B1", b"0%2B1", b"0%2B1"])
 
-    def test_options_are_answered_without_a_display(self):
-        for option, status, said in [("--help", 0, "Usage: sumlet [FILE...]\n"), ("--version", 0, "sumlet "),
-                                     ("-x", 2, "sumlet: unknown option -x\n")]:
-            run = subprocess.run([PROGRAM, option], env=self.environment(QT_QPA_PLATFORM="none"), text=True,
-                                 capture_output=True, timeout=PATIENCE, check=False)
-            self.assertEqual((run.returncode, said in run.stdout + run.stderr), (status, True), option)
+    def test_options_need_no_display(self):
+        for option, status in [("--version", 0), ("-x", 2)]:
+            run = subprocess.run([PROGRAM, option], env=self.environment(QT_QPA_PLATFORM="none"), capture_output=True, check=False)
+            self.assertEqual((run.returncode, run.stdout.startswith(b"sumlet ")), (status, status == 0))
 
     def test_of_starts_at_the_same_instant_one_lives_on(self):
         for number in range(200):

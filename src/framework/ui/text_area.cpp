@@ -18,6 +18,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "framework/ui/incoming_files.h"
 #include "framework/ui/plain_style.h"
 #include "framework/ui/qt_text.h"
 
@@ -179,6 +180,26 @@ QMimeData* TextArea::createMimeDataFromSelection() const {
   auto* copied = new QMimeData;
   copied->setText(WithLineFeeds(textCursor().selectedText()));
   return copied;
+}
+
+bool TextArea::canInsertFromMimeData(const QMimeData* source) const {
+  return QPlainTextEdit::canInsertFromMimeData(source) || !FilesIn(*source).empty();
+}
+
+// The clipboard has the text of a link beside its address, and that is what the user wants to paste.
+void TextArea::insertFromMimeData(const QMimeData* source) {
+  if (FilesIn(*source).empty())
+    QPlainTextEdit::insertFromMimeData(source);
+  else
+    OpenIncoming(*source);
+}
+
+// A drag that nobody takes here goes on to the window.
+void TextArea::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls())
+    event->ignore();
+  else
+    QPlainTextEdit::dragEnterEvent(event);
 }
 
 // Leaves the caret where it is. A selection is out of sight while another control has the focus, and typing must not

@@ -1,7 +1,8 @@
 // TextArea: a plain text of many lines, wrapped at the area's width.
 //
 // Black on white whatever the desktop's colours, in the desktop's font, with a border of one pixel inside its bounds
-// and no sign of the focus but the caret. Tab moves the focus on. All editing by keyboard and mouse is Qt's.
+// and no sign of the focus but the caret. Tab moves the focus on. All editing by keyboard and mouse is Qt's, except
+// that pasted files are opened (incoming_files.h), and that drags of files and other addresses are left to the window.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -53,12 +54,15 @@ class TextArea : public QPlainTextEdit {
   std::function<void(TextArea& sender)> TextChange;
 
  protected:
+  [[nodiscard]] bool canInsertFromMimeData(const QMimeData* source) const override;
   [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+  void insertFromMimeData(const QMimeData* source) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;

@@ -1,0 +1,64 @@
+#include "framework/ui/incoming_files.h"
+
+#include <QCoreApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QUrl>
+#include <QWidget>
+#include <utility>
+
+namespace sumlet {
+namespace {
+
+std::function<void(const std::vector<FolderItem>&)>& Opener() {
+  static std::function<void(const std::vector<FolderItem>&)> open;
+  return open;
+}
+
+// A file name may hold any bytes, and the toolkit's own conversion loses those that are no UTF-8.
+FolderItem ItemOf(const QUrl& file) {
+#if defined(Q_OS_WIN)
+  return FolderItem(file.toLocalFile().toStdWString());
+#else
+  return FolderItem(QByteArray::fromPercentEncoding(file.path(QUrl::FullyEncoded).toLatin1()).toStdString());
+#endif
+}
+
+class DropFilter final : public QObject {
+ public:
+  using QObject::QObject;
+  bool eventFilter(QObject* /*window*/, QEvent* event) override {
+    const QEvent::Type type = event->type();
+    if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop) return false;
+    auto& drop = static_cast<QDropEvent&>(*event);
+    drop.setAccepted(!FilesIn(*drop.mimeData()).empty());
+    drop.setDropAction(Qt::CopyAction);  // after a move the other program would delete the files
+    if (type == QEvent::Drop) OpenIncoming(*drop.mimeData());
+    return true;
+  }
+};
+
+}  // namespace
+
+std::vector<FolderItem> FilesIn(const QMimeData& data) {
+  std::vector<FolderItem> files;
+  for (const QUrl& url : data.urls())
+    if (url.isLocalFile()) files.push_back(ItemOf(url));
+  return files;
+}
+
+void SetFileOpener(std::function<void(const std::vector<FolderItem>& files)> open) { Opener() = std::move(open); }
+
+void OpenIncoming(const QMimeData& data) {
+  const auto open = [files = FilesIn(data)] {
+    if (!files.empty() && Opener()) Opener()(files);
+  };
+  QMetaObject::invokeMethod(qApp, open, Qt::QueuedConnection);
+}
+
+void AcceptFiles(QWidget& window) {
+  window.setAcceptDrops(true);
+  window.installEventFilter(new DropFilter(&window));
+}
+
+}  // namespace sumlet
