@@ -80,6 +80,7 @@ void App::ConnectSettings() {
 void App::Event_Open() {
   {
     const auto loaded = qScopeGuard([this] { loaded_ = true; });
+    const SingleActivation frontOnly;
     Preferences::Load();
   }
   if (quitting_) FilesToOpen.clear();

@@ -136,6 +136,7 @@ bool App::_ApplePreferences_Action() {
 bool App::_WindowBringAlltoFront_Action() {
   std::vector<QPointer<Window>> windows;
   for (Int32 i = WindowCount() - 1; i >= 0; --i) windows.emplace_back(&WindowAt(i));
+  const SingleActivation frontOnly;
   for (const QPointer<Window>& window : windows) {
     if (window) window->Show();
   }

@@ -61,6 +61,17 @@ expect_title 'Template Chooser'
 quit HUP
 expect_stored chooser
 
+# Eight windows keep their order, also with the question of the fifth start in front of them.
+eight=()
+for i in 5 3 8 1 7 2 6 4; do eight+=("$((40 * i)) $((30 * i)) 300 200 $i"); done
+for round in 1 2 3; do
+  settings_file write-fifth "$settings" "${eight[@]}"
+  start_window "$1"
+  expect_shown 9
+  quit TERM
+  expect_stored "${eight[@]}"
+done
+
 # Without a settings file the older one is taken over, binary here, and left as it is.
 rm "$settings"
 older="$virtualFolder/home/.config/com.fernhill.sumlet.plist"

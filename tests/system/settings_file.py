@@ -3,8 +3,10 @@
     settings_file.py show FILE             prints the templates, each "name: text", and the windows, front to back: "left
                                            top width height text"
     settings_file.py write FILE WINDOW...  writes a file with these windows, each "left top width height text"
+    settings_file.py write-fifth FILE WINDOW...  the same, and the next start is the fifth
 """
 
+import functools
 import pathlib
 import sys
 import urllib.parse
@@ -49,16 +51,17 @@ def show(path):
             print(place, fields["equation"])
 
 
-def write(path, *windows):
+def write(path, *windows, runs=b"1"):
     records = []
     for window in windows:
         *place, text = window.split(" ", 4)
         records.append(packed([*zip(PLACE, (value.encode() for value in place)),
                                ("equation", urllib.parse.quote(text).encode())]))
     path.parent.mkdir(parents=True, exist_ok=True)
-    path.write_bytes(packed([("RunCount", b"1"), ("TemplateList", packed([])),
+    path.write_bytes(packed([("RunCount", runs), ("TemplateList", packed([])),
                              ("WindowList", packed([(str(i), record) for i, record in enumerate(records)]))]))
 
 
 if __name__ == "__main__":
-    {"show": show, "write": write}[sys.argv[1]](pathlib.Path(sys.argv[2]), *sys.argv[3:])
+    commands = {"show": show, "write": write, "write-fifth": functools.partial(write, runs=b"4")}
+    commands[sys.argv[1]](pathlib.Path(sys.argv[2]), *sys.argv[3:])

@@ -33,6 +33,8 @@ std::function<void(Window&)>& MenuAttacher() {
   return attach;
 }
 
+int singleActivations = 0;
+
 void TakeOut(const Window* window) {
   Array<Window*>& windows = OpenWindows();
   for (Int32 i = windows.Ubound(); i >= 0; --i)
@@ -67,6 +69,12 @@ Window& WindowAt(Int32 index) { return *OpenWindows()[index]; }
 void SetWindowListChanged(std::function<void()> changed) { ListChanged() = std::move(changed); }
 void SetMenuAttacher(std::function<void(Window& window)> attach) { MenuAttacher() = std::move(attach); }
 
+SingleActivation::SingleActivation() { ++singleActivations; }
+
+SingleActivation::~SingleActivation() {
+  if (--singleActivations == 0 && WindowCount() > 0) WindowAt(0).Show();
+}
+
 Window::Window() : content_(new QWidget) {
   layout_ = new QVBoxLayout(this);  // tells the window of itself: not before all members have their values
   setAttribute(Qt::WA_DeleteOnClose);
@@ -88,16 +96,21 @@ void Window::Create(bool visible) {
   AddMenuHandlers();
   Event_Open();
   created_ = true;
-  if (visible && frame_ != Frame::Sheet) show();
+  if (visible && frame_ != Frame::Sheet) ComeUp();
+}
+
+void Window::ComeUp() {
+  setAttribute(Qt::WA_ShowWithoutActivating, singleActivations > 0);
+  show();
 }
 
 void Window::Show() {
   if (closed_) return;
   MoveToFront(this);
   if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
-  show();
+  ComeUp();
   raise();
-  activateWindow();
+  if (singleActivations == 0) activateWindow();
 }
 
 // The sheet becomes a child of its parent, so that the desktop keeps it above, and it goes when the parent goes.

@@ -47,8 +47,8 @@ class Window : public QWidget {
   void SetWidth(Int32 width) { ResizeContent(width, Height()); }
   void SetHeight(Int32 height) { ResizeContent(Width(), height); }
 
-  // Brings the window onto the screen, minimised or hidden before, in front of all others, and gives it the keyboard.
-  // Does nothing for one that has closed.
+  // Brings the window onto the screen, minimised or hidden before, in front of all others, and gives it the keyboard
+  // unless a SingleActivation holds that back. Does nothing for one that has closed.
   void Show();
 
   // Shows a sheet at the top of `parent` and returns at once; the sheet's own events tell the outcome. It closes when
@@ -145,6 +145,7 @@ class Window : public QWidget {
   void MoveTo(Int32 left, Int32 top);
   void ResizeContent(Int32 width, Int32 height);
   void FollowSize();
+  void ComeUp();
   // The sheet that stands on this window; nullptr for none.
   [[nodiscard]] Window* Sheet() const;
   void Stagger();
@@ -166,6 +167,17 @@ class Window : public QWidget {
   bool created_ = false;
   bool closed_ = false;
   bool appQuitting_ = false;
+};
+
+// While an instance exists, windows appear and come forward without taking the keyboard. When the last one goes, the
+// front window takes it. Activating several windows in a row instead would leave their order to chance: the desktop
+// answers late, and not in the order of the requests.
+class SingleActivation {
+ public:
+  SingleActivation();
+  ~SingleActivation();
+  SingleActivation(const SingleActivation&) = delete;
+  SingleActivation& operator=(const SingleActivation&) = delete;
 };
 
 // All open windows, hidden ones included, front to back; index 0 is the front window. The order is that of activation
