@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "engine/math_class.h"
 #include "framework/ui/base_window.h"
@@ -112,7 +113,8 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   Timer tmrCalculate_;
   NameProviderDialog TemplateSaver_;
   Timer tmrDelayToggleFullscreen_;
-  int wheelTurn_ = 0;  // less than a step, in eighths of a degree
+  int wheelTurn_ = 0;                    // less than a step, in eighths of a degree
+  std::optional<QRect> restoredBounds_;  // of a restored window until it goes to full screen
 };
 
 }  // namespace sumlet
