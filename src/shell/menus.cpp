@@ -67,13 +67,14 @@ void Append(MenuBar& menuBar, const char* name, const char* text, const MenuItem
   for (const MenuItemDeclaration& item : items) menuBar.AddItem(menu, item);
 }
 
-// The control that Edit commands are about: the one with the focus, or the one that had it before the menu bar took it
-// for the keyboard.
+// The control that Edit commands are about: the one with the focus, or the one that had it before the menu bar or a
+// menu took it for the keyboard.
 QPointer<QWidget> editTarget;
 
 void FollowFocus() {
   QObject::connect(qApp, &QApplication::focusChanged, qApp, [](QWidget*, QWidget* now) {
-    if (now != nullptr && qobject_cast<QMenuBar*>(now) == nullptr) editTarget = now;
+    const bool isMenu = qobject_cast<QMenuBar*>(now) != nullptr || qobject_cast<QMenu*>(now) != nullptr;
+    if (now != nullptr && !isMenu) editTarget = now;
   });
 }
 

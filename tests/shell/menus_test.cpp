@@ -144,6 +144,27 @@ TEST_F(Menus, ClosedEquationsComeBackTheLatestFirst) {
   Preferences::TextSize = Preferences::defaultTextSize;
 }
 
+TEST_F(Menus, KeysReachTheTextAfterAMenu) {
+  winSumlet& window = NewEquation("");
+  window.Show();
+  QCoreApplication::processEvents();
+  const auto press = [&window](const char* text) {
+    const QKeySequence keys(text);
+    for (int i = 0; i < keys.count(); ++i)
+      QTest::keyClick(window.windowHandle(), keys[static_cast<uint>(i)].key(),
+                      keys[static_cast<uint>(i)].keyboardModifiers());
+  };
+  for (const char* keys : {"Alt+X", "Alt+Shift+5", "Alt+F, Esc", "Alt+F, Down, Right, Esc", "F10, Right, Esc"}) {
+    window.textInput().clear();
+    press(keys);
+    press("1");
+    EXPECT_EQ(window.textInput().Text(), "1") << keys;
+  }
+  press("Alt+F, Down, Right");
+  EXPECT_TRUE(MenuBar1().Item("EditSelectAll").isEnabled()) << "of the text, although the menu has the focus";
+  press("Esc");
+}
+
 TEST_F(Menus, FilesComeInAndFailuresAreNamedOnce) {
   std::vector<FolderItem> files;
   const std::pair<const char*, std::string> contents[] = {{"budget.txt", "\n\n 1+1\n\n2*\u00A021 \n"},

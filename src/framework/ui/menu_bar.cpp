@@ -6,6 +6,9 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QShortcut>
+#include <QStyleOptionMenuItem>
+#include <algorithm>
 
 #include "framework/fault.h"
 
@@ -25,6 +28,36 @@ void ForgetTitle(QMenu& menu) {
   if (!QAccessible::isActive()) return;
   if (QAccessibleInterface* title = QAccessible::queryAccessibleInterface(menu.menuAction()))
     QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(title));
+}
+
+// The bar of one window. Styles mark a title only while its menu is open. This one also marks it while the bar has the
+// keyboard, as after Alt, so that the user sees where the keys go.
+class WindowMenuBar final : public QMenuBar {
+ public:
+  WindowMenuBar() {
+#if !defined(Q_OS_MACOS)
+    connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this,
+            [this] { setActiveAction(actions().value(0)); });
+#endif
+  }
+
+ protected:
+  void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override {
+    QMenuBar::initStyleOption(option, action);
+    if (hasFocus() && action == activeAction()) option->state |= QStyle::State_Selected | QStyle::State_Sunken;
+  }
+};
+
+// Text controls would type the letter of Alt and a letter that no menu has. AltGr is a modifier of its own, or Ctrl and
+// Alt; on macOS Alt itself types characters.
+bool IsAltCharacter(const QKeyEvent& key) {
+#if defined(Q_OS_MACOS)
+  return false;
+#else
+  const Qt::KeyboardModifiers others = Qt::ControlModifier | Qt::GroupSwitchModifier;
+  return (key.modifiers() & Qt::AltModifier) && !(key.modifiers() & others) && !key.text().isEmpty() &&
+         key.text().front().isPrint();
+#endif
 }
 
 // A plain character is no shortcut of any item, and typing must not wait for an enabling pass.
@@ -81,7 +114,7 @@ QAction& MenuBar::Item(const std::string& name) const { return Named(itemsByName
 void MenuBar::AttachTo(Window& window) {
   for (QAction* action : unseenShortcuts_) window.addAction(action);
   if (window.MenuBarVisible()) {
-    auto* bar = new QMenuBar;
+    auto* bar = new WindowMenuBar;
     for (const auto& menu : menus_) {
       bar->addMenu(menu.get());
       connect(bar, &QObject::destroyed, menu.get(), [title = menu.get()] { ForgetTitle(*title); });
@@ -104,7 +137,21 @@ bool MenuBar::Choose(const std::string& name) {
   return handler != handlers_.end() && handler->second();
 }
 
+// Escape closes a menu and gives the keyboard back to the text. The toolkit would leave it with the bar, where a second
+// Escape ends that.
+bool MenuBar::Consumes(QObject* receiver, QKeyEvent& key) const {
+  const auto isReceiver = [receiver](const auto& menu) { return menu.get() == receiver; };
+  if (key.matches(QKeySequence::Cancel) && std::any_of(menus_.begin(), menus_.end(), isReceiver)) {
+    static_cast<QMenu*>(receiver)->hide();
+    if (auto* bar = qobject_cast<QMenuBar*>(QApplication::focusWidget())) QCoreApplication::sendEvent(bar, &key);
+    return true;
+  }
+  const auto* control = qobject_cast<const QWidget*>(receiver);
+  return control && control->testAttribute(Qt::WA_InputMethodEnabled) && IsAltCharacter(key);
+}
+
 bool MenuBar::eventFilter(QObject* receiver, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) return Consumes(receiver, static_cast<QKeyEvent&>(*event));
   if (event->type() != QEvent::ShortcutOverride || !receiver->isWindowType()) return false;
   if (!IsTyping(static_cast<const QKeyEvent&>(*event))) Update();
   return false;

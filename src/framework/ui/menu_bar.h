@@ -57,10 +57,13 @@ class MenuBar final : public QObject {
   // Asks the handlers of `name`. True when one of them has handled it.
   bool Choose(const std::string& name);
 
-  // Runs before each shortcut is looked up; installed on the application.
+  // Runs the enabling pass before each shortcut is looked up, and keeps a few keys from the controls; installed on the
+  // application.
   bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
+  [[nodiscard]] bool Consumes(QObject* receiver, QKeyEvent& key) const;
+
   std::vector<std::unique_ptr<QMenu>> menus_;
   std::map<std::string, QMenu*> menusByName_;
   std::map<std::string, QAction*> itemsByName_;
