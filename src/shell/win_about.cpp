@@ -38,7 +38,8 @@ winAbout& winAbout::Instance() {
 winAbout::winAbout() { Create(); }
 
 void winAbout::Layout() {
-  setAccessibleName(tr("About Sumlet"));  // the window has no title
+  setWindowTitle(QStringLiteral("Sumlet"));  // an empty one would show the name of the program file
+  setAccessibleName(tr("About Sumlet"));
   SetFixed(fixedSize);
   SetEscapeCloses();
 }
