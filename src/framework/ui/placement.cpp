@@ -1,6 +1,7 @@
 #include "framework/ui/placement.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace sumlet {
 namespace {
@@ -13,10 +14,27 @@ int Next(int previous, int size, int begin, int end) {
 
 }  // namespace
 
-QPoint StaggeredCorner(const QSize& size, const QRect& screen, std::optional<QPoint> previous) {
+// The corners run diagonally and come back to the first one before the screen is full. Then the next diagonal follows.
+QPoint StaggeredCorner(const QSize& size, const QRect& screen, std::optional<QPoint> previous,
+                       const std::vector<QPoint>& taken) {
+  const auto nextX = [&](int x) { return Next(x, size.width(), screen.x(), screen.x() + screen.width()); };
+  const auto nextY = [&](int y) { return Next(y, size.height(), screen.y(), screen.y() + screen.height()); };
+  const auto isFree = [&taken](const QPoint& corner) {
+    return std::none_of(taken.begin(), taken.end(), [&corner](const QPoint& other) {
+      const QPoint distance = other - corner;
+      return std::max(std::abs(distance.x()), std::abs(distance.y())) < StaggerStep / 2;
+    });
+  };
   const QPoint from = previous && screen.contains(*previous) ? *previous : screen.topLeft();
-  return {Next(from.x(), size.width(), screen.x(), screen.x() + screen.width()),
-          Next(from.y(), size.height(), screen.y(), screen.y() + screen.height())};
+  const QPoint first(nextX(from.x()), nextY(from.y()));
+  QPoint diagonal = first;
+  QPoint corner = first;
+  // Each taken corner excludes one place.
+  for (std::size_t i = 0; !isFree(corner) && i < taken.size(); ++i) {
+    corner = {nextX(corner.x()), nextY(corner.y())};
+    if (corner == diagonal) diagonal = corner = {nextX(corner.x()), corner.y()};
+  }
+  return isFree(corner) ? corner : first;
 }
 
 QPoint CentredCorner(const QSize& size, const QRect& screen) {

@@ -5,6 +5,7 @@
 #include <QRect>
 #include <QSize>
 #include <optional>
+#include <vector>
 
 namespace sumlet {
 
@@ -20,8 +21,10 @@ inline constexpr int StaggerStep = 24;
 
 // The top left corner of a staggered window of `size` (frame included), in pixels. It begins near the corner of
 // `screen` and goes on from `previous`; where the window would leave the screen, that direction begins anew. Without a
-// previous corner on this screen it is the first. A window larger than the screen stands at its corner.
-[[nodiscard]] QPoint StaggeredCorner(const QSize& size, const QRect& screen, std::optional<QPoint> previous);
+// previous corner on this screen it is the first. A window larger than the screen stands at its corner. Passes over
+// places within half a step of a corner in `taken`, as long as the screen has others.
+[[nodiscard]] QPoint StaggeredCorner(const QSize& size, const QRect& screen, std::optional<QPoint> previous,
+                                     const std::vector<QPoint>& taken = {});
 
 // The top left corner of a centred window of `size`, and of a sheet that hangs below the title bar of a window whose
 // content takes `parent`, in pixels. Where it would leave the screen it is moved inside; what is larger than the screen

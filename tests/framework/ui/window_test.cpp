@@ -1,5 +1,7 @@
 #include "framework/ui/window.h"
 
+#include <algorithm>
+
 #include "framework/fault.h"
 #include "framework/ui/base_window.h"
 #include "framework/ui/window_fixture.h"
@@ -17,6 +19,16 @@ TEST(StaggeredCorner, StaysOnTheScreen) {
   };
   for (const auto& [size, previous, corner] : rows)
     EXPECT_EQ(StaggeredCorner(size, QRect(100, 50, 400, 300), previous), corner);
+  // The 8 by 4 places of this screen are taken one by one, and then the first again.
+  std::vector<QPoint> taken;
+  for (int i = 0; i < 32; ++i) {
+    const QPoint corner = StaggeredCorner({200, 200}, QRect(100, 50, 400, 300), {}, taken);
+    EXPECT_EQ(std::count(taken.begin(), taken.end(), corner), 0) << i;
+    taken.push_back(corner);
+  }
+  EXPECT_EQ(StaggeredCorner({200, 200}, QRect(100, 50, 400, 300), {}, taken), QPoint(124, 74));
+  EXPECT_EQ(StaggeredCorner({200, 200}, QRect(100, 50, 400, 300), {}, {{130, 70}}), QPoint(148, 98))
+      << "a title hidden";
 }
 
 struct RecordingWindow final : BaseWindow {
