@@ -45,12 +45,13 @@ def has(accessible, *states):
     return all(map(accessible.getState().contains, states))
 
 
-def window(name):
+def window(name, role=pyatspi.ROLE_FRAME):
     def find():
         programs = [program for program in pyatspi.Registry.getDesktop(0) if program.name == "sumlet"]
-        return next((w for p in programs for w in p if w.name == name and has(w, pyatspi.STATE_ACTIVE)), None)
+        return next((w for p in programs for w in p
+                     if w.name == name and w.getRole() == role and has(w, pyatspi.STATE_ACTIVE)), None)
 
-    return until(lambda: f'the window "{name}" is active', find)
+    return until(lambda: f'the window "{name}" of role {role} is active', find)
 
 
 def name_of(control):
@@ -77,9 +78,9 @@ def go_to(shown, name):
     raise SystemExit(f'accessibility_tree.py: Tab does not come to "{name}"')
 
 
-def check(name, *expected):
+def check(name, *expected, role=pyatspi.ROLE_FRAME):
     """The window and its controls by name, once these are all there are, and Tab has come to each of them."""
-    shown = window(name)
+    shown = window(name, role)
     until(lambda: f'"{name}" has {expected} and not {list(controls(shown))}',
           lambda: sorted(controls(shown)) == sorted(expected))
     for control in expected:
@@ -117,7 +118,11 @@ go_to(window("Template Chooser"), "Edit...")
 press("space")
 go_to(check("Template Chooser", "Templates", "Choose", "Cancel", "Done", "Rename", "Delete")[0], "Rename")
 press("space")
-check("Untitled", "Provide a new name for this Template:", "Cancel", "Save")
+check("Untitled", "Provide a new name for this Template:", "Cancel", "Save", role=pyatspi.ROLE_DIALOG)
+press("Tab", "ctrl+a", "Delete", "Return")
+window("Sumlet", pyatspi.ROLE_DIALOG)  # an alert
+press("Return")
+window("Untitled", pyatspi.ROLE_DIALOG)
 press("Escape")
 go_to(window("Template Chooser"), "Templates")
 press("Home", "Return")

@@ -5,6 +5,8 @@
 // would come again with each repainting that its own alert brings about.
 #include "framework/ui/application.h"
 
+#include <QAccessibleWidget>
+#include <QMessageBox>
 #include <QMetaObject>
 #include <QScopeGuard>
 #include <QSessionManager>
@@ -12,6 +14,7 @@
 #include "framework/fault.h"
 #include "framework/message.h"
 #include "framework/text/text.h"
+#include "framework/ui/window.h"
 
 namespace sumlet {
 namespace {
@@ -20,10 +23,27 @@ char programName[] = "sumlet";
 char* programArguments[] = {programName, nullptr};
 int argumentCount = 1;  // the toolkit keeps a reference
 
+// Screen readers look for frames and dialogs. To the toolkit a plain widget is neither, and an alert is a role of its
+// own.
+class AccessibleWindow final : public QAccessibleWidget {
+ public:
+  using QAccessibleWidget::QAccessibleWidget;
+  [[nodiscard]] QAccessible::Role role() const override {
+    return widget()->windowType() == Qt::Window ? QAccessible::Window : QAccessible::Dialog;
+  }
+};
+
+QAccessibleInterface* NewAccessibleWindow(const QString& /*className*/, QObject* object) {
+  auto* widget = qobject_cast<QWidget*>(object);
+  const bool isOurs = dynamic_cast<Window*>(widget) || qobject_cast<QMessageBox*>(widget);
+  return isOurs ? new AccessibleWindow(widget) : nullptr;
+}
+
 }  // namespace
 
 Application::Application() : QApplication(argumentCount, programArguments) {
   setQuitOnLastWindowClosed(false);
+  QAccessible::installFactory(NewAccessibleWindow);
   // The session manager's message comes through its own library, not as an event.
   connect(
       this, &QGuiApplication::commitDataRequest, this,
