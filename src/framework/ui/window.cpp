@@ -2,9 +2,9 @@
 // cannot be read everywhere. So the order is kept here: each activation moves a window to the front of the list.
 #include "framework/ui/window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QPushButton>
@@ -218,7 +218,10 @@ void Window::Stagger() {
   if (!screen) return;
   // The frame is not known before the window shows: a title bar is as high as the step.
   const QSize frame(width(), height() + StaggerStep);
-  previous = StaggeredCorner(frame, screen->availableGeometry(), previous);
+  std::vector<QPoint> taken;
+  for (Int32 i = 0; i < WindowCount(); ++i)
+    if (&WindowAt(i) != this) taken.push_back(WindowAt(i).WindowedBounds().topLeft());
+  previous = StaggeredCorner(frame, screen->availableGeometry(), previous, taken);
   move(*previous);
 }
 
@@ -278,6 +281,16 @@ void Window::closeEvent(QCloseEvent* event) {
   Forget(this);
   event->accept();
   if (Window* sheet = Sheet()) sheet->Close(appQuitting_);
+  if (frame_ == Frame::Sheet) ActivateParent();
+}
+
+// Behind an alert that has just closed as well, the window manager may not know which window is next.
+void Window::ActivateParent() {
+  const QWidget* active = QApplication::activeWindow();
+  auto* parent = dynamic_cast<Window*>(parentWidget());
+  if (!parent || parent->closed_ || (active && active != this)) return;
+  QMetaObject::invokeMethod(
+      parent, [parent] { parent->activateWindow(); }, Qt::QueuedConnection);
 }
 
 // Comes here when the control that has the focus has no use for the key.

@@ -146,6 +146,7 @@ class Window : public QWidget {
   void ResizeContent(Int32 width, Int32 height);
   void FollowSize();
   void ComeUp();
+  void ActivateParent();
   // The sheet that stands on this window; nullptr for none.
   [[nodiscard]] Window* Sheet() const;
   void Stagger();
