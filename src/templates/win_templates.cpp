@@ -176,9 +176,13 @@ void winTemplates::list_Change() {
   SettupEditMode();
 }
 
+// A button that is hidden or disabled would hand its focus to the next one, in the end to "Choose".
 void winTemplates::SettupEditMode() {
+  const bool canEdit = list_->ListIndex() >= 1;
+  if (!bEditMode && (btnRename_->hasFocus() || btnDelete_->hasFocus() || (btnEdit_->hasFocus() && !canEdit)))
+    list_->setFocus();
   btnEdit_->setText(bEditMode ? tr("Done") : tr("Edit..."));
-  if (!bEditMode) btnEdit_->setEnabled(list_->ListIndex() >= 1);
+  if (!bEditMode) btnEdit_->setEnabled(canEdit);
   btnRename_->setVisible(bEditMode);
   btnDelete_->setVisible(bEditMode);
 }

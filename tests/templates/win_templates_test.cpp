@@ -71,7 +71,9 @@ TEST_F(WinTemplates, EditModeEndsWithTheSelectionAndDeletesUntilUndo) {
   };
   for (const auto& [row, button, state, selected] : rows) {
     chooser->list().SetListIndex(row);
+    (*chooser.*button)().setFocus();
     (*chooser.*button)().click();
+    EXPECT_FALSE(chooser->btnOK().hasFocus()) << row;
     EXPECT_EQ(State(), state) << row;
     EXPECT_EQ(chooser->list().ListIndex(), selected) << row;
   }
