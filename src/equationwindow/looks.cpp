@@ -1,5 +1,5 @@
 // The looks of an equation window: the size of its text, the colours of its lines, and how high its areas are.
-#include <QFontMetrics>
+#include <QEvent>
 
 #include "equationwindow/area_layout.h"
 #include "equationwindow/line_roles.h"
@@ -46,14 +46,18 @@ void winSumlet::SyntaxColoring() {
 }
 
 void winSumlet::ArrangeControls() {
-  QFont font = textInput_->font();
-  font.setPointSize(std::clamp(TextSize, 1, 1000));
   textOutput_->SetScrollbarVertical(false);  // a bar, while it stands, takes room from the lines that are counted
   const Int32 lines = textOutput_->LineNumAtCharPos(Len(textOutput_->Text()));
-  const AreaLayout layout = LayOutAreas(Height(), QFontMetrics(font).height(), lines);
+  const AreaLayout layout = LayOutAreas(Height(), textInput_->LineHeight(TextSize), lines);
   textOutput_->setGeometry(textOutput_->x(), layout.outputTop, textOutput_->width(), layout.outputHeight);
   textOutput_->SetScrollbarVertical(layout.outputScrolls);
   textInput_->setGeometry(textInput_->x(), layout.inputTop, textInput_->width(), layout.inputHeight);
+}
+
+// The areas have the desktop's font, which may change while the window is open.
+void winSumlet::changeEvent(QEvent* event) {
+  BaseWindow::changeEvent(event);
+  if (event->type() == QEvent::FontChange && textOutput_ != nullptr) ArrangeControls();
 }
 
 }  // namespace sumlet

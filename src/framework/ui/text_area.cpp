@@ -34,6 +34,21 @@ constexpr int topMargin = 3;
 
 bool IsLong(const QTextBlock& block) { return block.length() > longLine; }
 
+QFont OfSize(QFont font, Int32 points) {
+  font.setPointSize(std::clamp(points, 1, 1000));
+  return font;
+}
+
+// As QPlainTextDocumentLayout computes it. QFontMetrics::height() rounds differently and knows no leading.
+int LaidOutHeight(const QFont& font, const QPaintDevice* device) {
+  QTextLayout layout(QStringLiteral("x"), font, device);
+  layout.beginLayout();
+  QTextLine line = layout.createLine();
+  line.setLeadingIncluded(true);
+  layout.endLayout();
+  return std::max(qCeil(line.height()) + std::min(qCeil(line.leading()), 0), 1);
+}
+
 bool HasLongLine(QStringView text) {
   for (const QStringView line : text.tokenize(u'\n'))
     if (line.size() >= longLine) return true;
@@ -72,6 +87,7 @@ TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent), lineFormats_(new L
           [this](int position, int, int added) { WrapAnywhereIfLong(position, added); });
   connect(this, &QPlainTextEdit::textChanged, this, [this] {
     WrapAtWordsIfShort();
+    if (isReadOnly()) SetMargins();
     if (TextChange) TextChange(*this);
   });
 }
@@ -86,26 +102,23 @@ void TextArea::SetText(std::string_view text) {
 }
 
 void TextArea::SetTextSize(Int32 points) {
-  QFont textFont = font();
-  textFont.setPointSize(std::clamp(points, 1, 1000));
-  if (textFont == font()) return;
-  setFont(textFont);
-  SetMargins();
+  const QFont textFont = OfSize(font(), points);
+  if (textFont != font()) setFont(textFont);
 }
 
-// The margin at the top gives way first, so that an area as high as a line and its borders still shows that line whole,
-// and one that only shows a text, made as high as its lines, all of them without a need to scroll. The document's own
-// margin could not: it is the same on all sides and belongs to what is scrolled.
+Int32 TextArea::LineHeight(Int32 points) const { return LaidOutHeight(OfSize(font(), points), viewport()); }
+
+// The margin at the top shrinks first, so that an area as high as its text and the borders shows the text whole. The
+// document's own margin could not: it is the same on all sides and is scrolled with the text.
 //
-// An area that is lower still shows the upper part of a line. Qt would scroll past a line that is higher than the
-// viewport, so the viewport stays as high as a line and is cut by the area.
+// Qt scrolls unless the viewport is a pixel higher than the text. Where the area has less room, the viewport extends
+// below its lower edge and is cut off there. So an area lower than a line shows the upper part of the line.
 void TextArea::SetMargins() {
   const int space = height() - 2 * frameWidth();
-  const int line = std::max(fontMetrics().height(), 1);
-  const int spare = isReadOnly() && space >= line ? space % line : space - line;
-  const int top = std::clamp(spare / 2, 0, topMargin);
-  constexpr int roundedUp = 2;  // of the height of a line, as Qt looks at it
-  const int bottom = std::min(space - line - roundedUp, 0);
+  const int line = LaidOutHeight(font(), viewport());
+  const int shown = HeightToShow(space, line);
+  const int top = std::clamp((space - shown) / 2, 0, topMargin);
+  const int bottom = std::min(space - top - shown - 1, 0);
   const QMargins margins(sideMargin, top, sideMargin, bottom);
   if (margins != viewportMargins()) setViewportMargins(margins);
 }
@@ -116,6 +129,21 @@ void TextArea::MoveCaretToLineEnd(Int32 line) {
   caret.movePosition(QTextCursor::EndOfBlock);
   setTextCursor(caret);
   ensureCursorVisible();
+}
+
+int TextArea::HeightToShow(int space, int line) const {
+  if (!isReadOnly()) return line;
+  // The borders and the letters of another font take some of the room that was reckoned for the lines.
+  const int room = space + 2 * frameWidth();
+  const int roomForOtherFonts = space + line / 2;
+  int lines = 0;
+  qreal textHeight = 0;
+  for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+    textHeight += document()->documentLayout()->blockBoundingRect(block).height();
+    lines += block.layout()->lineCount();
+    if (lines * line > room || textHeight > roomForOtherFonts) return std::max(space / line, 1) * line;
+  }
+  return qCeil(textHeight);
 }
 
 Int32 TextArea::LineNumAtCharPos(Int32 position) const {
@@ -159,6 +187,12 @@ void TextArea::SetColours(bool selectionOutlivesFocus) {
                    selectionOutlivesFocus ? restingSelectionColour : QColor(Qt::white));
   colours.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
   setPalette(colours);
+}
+
+void TextArea::changeEvent(QEvent* event) {
+  if (event->type() != QEvent::FontChange) return QPlainTextEdit::changeEvent(event);
+  QPlainTextEdit::changeEvent(event);
+  SetMargins();
 }
 
 void TextArea::focusInEvent(QFocusEvent* event) {

@@ -1,5 +1,7 @@
 // TextArea: a plain text of many lines, wrapped at the area's width.
 //
+// A read-only text that fits does not scroll.
+//
 // Black on white whatever the desktop's colours, in the desktop's font, with a border of one pixel inside its bounds
 // and no sign of the focus but the caret. Tab moves the focus on. All editing by keyboard and mouse is Qt's, except
 // that pasted files are opened (incoming_files.h), and that drags of files and other addresses are left to the window.
@@ -27,6 +29,10 @@ class TextArea : public QPlainTextEdit {
 
   // The size of the whole text in points; one out of the range 1 to 1000 takes the nearer end.
   void SetTextSize(Int32 points);
+
+  // The height in pixels, rounded up, with which the area lays out a line of text of that size. Letters that the font
+  // lacks may make a line higher.
+  [[nodiscard]] Int32 LineHeight(Int32 points) const;
 
   // Read only, the text can still be selected and copied, by mouse and by keyboard.
   void SetReadOnly(bool readOnly);
@@ -56,6 +62,7 @@ class TextArea : public QPlainTextEdit {
  protected:
   [[nodiscard]] bool canInsertFromMimeData(const QMimeData* source) const override;
   [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
+  void changeEvent(QEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -72,6 +79,8 @@ class TextArea : public QPlainTextEdit {
   void wheelEvent(QWheelEvent* event) override;
 
  private:
+  // The height in pixels that the viewport should have: that of a read-only text that fits, else that of whole lines.
+  [[nodiscard]] int HeightToShow(int space, int line) const;
   void SetMargins();
   void SetColours(bool selectionOutlivesFocus);
   void ClearSelection();
