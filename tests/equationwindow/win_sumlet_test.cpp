@@ -137,6 +137,23 @@ INSTANTIATE_TEST_SUITE_P(All, WinSumletFonts,
                                          FamilyAndHinting("Liberation Sans", QFont::PreferDefaultHinting),
                                          FamilyAndHinting("Cantarell", QFont::PreferDefaultHinting)));
 
+TEST_F(WinSumlet, CaretStaysVisible) {
+  const auto caretIsVisible = [this] { return input.viewport()->rect().contains(input.cursorRect()); };
+  window->SetEquation("", "1\n2\n3\n4\n5\n6\n7\n8\n9\n");
+  TypeAt(18, "*/");
+  const Int32 before = output.height();
+  clock.Advance(250);
+  EXPECT_GT(output.height(), before);
+  EXPECT_TRUE(caretIsVisible()) << "above a result of more lines";
+  window->SetHeight(100);
+  EXPECT_TRUE(caretIsVisible()) << "in a smaller window";
+  window->ApplyTextSize(36);
+  EXPECT_TRUE(caretIsVisible()) << "in larger text";
+  input.verticalScrollBar()->setValue(0);
+  window->SetHeight(110);
+  EXPECT_EQ(input.verticalScrollBar()->value(), 0) << "after it was scrolled out";
+}
+
 // At such a size neither area has room for a whole line.
 TEST_F(WinSumlet, TextLargerThanItsAreaStaysInSight) {
   window->SetHeight(64);

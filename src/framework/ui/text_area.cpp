@@ -146,6 +146,10 @@ int TextArea::HeightToShow(int space, int line) const {
   return qCeil(textHeight);
 }
 
+bool TextArea::IsCaretVisible(const QSize& viewportSize) const {
+  return cursorRect().intersects(QRect(QPoint(0, 0), viewportSize));
+}
+
 Int32 TextArea::LineNumAtCharPos(Int32 position) const {
   const auto units = ToQString(Left(Text(), position)).size();  // of UTF-16, as Qt counts
   Int32 lines = 0;
@@ -191,8 +195,10 @@ void TextArea::SetColours(bool selectionOutlivesFocus) {
 
 void TextArea::changeEvent(QEvent* event) {
   if (event->type() != QEvent::FontChange) return QPlainTextEdit::changeEvent(event);
+  const bool caretWasVisible = IsCaretVisible(viewport()->size());
   QPlainTextEdit::changeEvent(event);
   SetMargins();
+  if (caretWasVisible) ensureCursorVisible();
 }
 
 void TextArea::focusInEvent(QFocusEvent* event) {
@@ -325,9 +331,12 @@ void TextArea::mouseDoubleClickEvent(QMouseEvent* event) {
   tokens_.DoubleClick(*event);
 }
 
+// Qt keeps the first visible line where it is and may so hide the caret.
 void TextArea::resizeEvent(QResizeEvent* event) {
+  const bool caretWasVisible = IsCaretVisible(event->oldSize());
   QPlainTextEdit::resizeEvent(event);
   SetMargins();
+  if (caretWasVisible) ensureCursorVisible();
 }
 
 // Qt would change the text size of a read-only area when the wheel is turned with Ctrl; the size is the program's.

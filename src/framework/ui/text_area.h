@@ -1,6 +1,7 @@
 // TextArea: a plain text of many lines, wrapped at the area's width.
 //
-// A read-only text that fits does not scroll.
+// When the area or its text changes size, a caret that was visible stays visible. A read-only text that fits does not
+// scroll.
 //
 // Black on white whatever the desktop's colours, in the desktop's font, with a border of one pixel inside its bounds
 // and no sign of the focus but the caret. Tab moves the focus on. All editing by keyboard and mouse is Qt's, except
@@ -81,6 +82,7 @@ class TextArea : public QPlainTextEdit {
  private:
   // The height in pixels that the viewport should have: that of a read-only text that fits, else that of whole lines.
   [[nodiscard]] int HeightToShow(int space, int line) const;
+  [[nodiscard]] bool IsCaretVisible(const QSize& viewportSize) const;
   void SetMargins();
   void SetColours(bool selectionOutlivesFocus);
   void ClearSelection();
