@@ -55,6 +55,10 @@ bool HasLongLine(QStringView text) {
   return false;
 }
 
+bool HasLetter(QStringView text) {
+  return std::any_of(text.begin(), text.end(), [](QChar character) { return character.isLetter(); });
+}
+
 // Whether the key types a character or a line end. AltGr is Ctrl and Alt on Windows; on macOS Alt types characters.
 bool IsTyped(const QKeyEvent& key) {
   const QString text = key.text();
@@ -97,7 +101,7 @@ String TextArea::Text() const { return FromQString(WithLineFeeds(document()->toR
 void TextArea::SetText(std::string_view text) {
   const QString characters = ToQString(text);
   // A text that is set is laid out before the document tells of the change.
-  if (HasLongLine(characters)) setWordWrapMode(QTextOption::WrapAnywhere);
+  if (WrapsAnywhere(characters)) setWordWrapMode(QTextOption::WrapAnywhere);
   setPlainText(characters);
 }
 
@@ -347,6 +351,9 @@ void TextArea::wheelEvent(QWheelEvent* event) {
     QPlainTextEdit::wheelEvent(event);
 }
 
+// Qt would break a number behind its decimal point, however much room is left in the line.
+bool TextArea::WrapsAnywhere(QStringView text) const { return HasLongLine(text) || (isReadOnly() && !HasLetter(text)); }
+
 // Runs before the changed text is laid out.
 void TextArea::WrapAnywhereIfLong(int position, int added) {
   if (wordWrapMode() == QTextOption::WrapAnywhere) return;
@@ -359,7 +366,7 @@ void TextArea::WrapAnywhereIfLong(int position, int added) {
 }
 
 void TextArea::WrapAtWordsIfShort() {
-  if (wordWrapMode() != QTextOption::WrapAnywhere) return;
+  if (wordWrapMode() != QTextOption::WrapAnywhere || (isReadOnly() && !HasLetter(document()->toRawText()))) return;
   for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
     if (IsLong(block)) return;
   setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);

@@ -1,4 +1,5 @@
-// TextArea: a plain text of many lines, wrapped at the area's width.
+// TextArea: a plain text of many lines, wrapped at the area's width: at words, but anywhere in a read-only text without
+// letters, which is a number.
 //
 // When the area or its text changes size, a caret that was visible stays visible. A read-only text that fits does not
 // scroll.
@@ -83,6 +84,7 @@ class TextArea : public QPlainTextEdit {
   // The height in pixels that the viewport should have: that of a read-only text that fits, else that of whole lines.
   [[nodiscard]] int HeightToShow(int space, int line) const;
   [[nodiscard]] bool IsCaretVisible(const QSize& viewportSize) const;
+  [[nodiscard]] bool WrapsAnywhere(QStringView text) const;
   void SetMargins();
   void SetColours(bool selectionOutlivesFocus);
   void ClearSelection();

@@ -116,6 +116,18 @@ TEST_F(TextAreaTest, NeverScrollsSideways) {
   }
 }
 
+TEST_F(TextAreaTest, ReadOnlyNumberBreaksAnywhere) {
+  area.SetReadOnly(true);
+  for (const bool isNumber : {true, false, true}) {
+    area.SetText(isNumber ? "0.6666666667" : "Variable Unknown");
+    const int line = isNumber ? 4 : 9;  // characters
+    area.resize(area.fontMetrics().horizontalAdvance(area.toPlainText().left(line + 1)) + 12, 100);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(area.LineNumAtCharPos(line), isNumber ? 1 : 2);
+    EXPECT_EQ(area.LineNumAtCharPos(line - 1), 1);
+  }
+}
+
 TEST_F(TextAreaTest, BearsVeryLongLines) {
   area.SetText("short\n" + std::string(1'000'000, '1'));
   QCoreApplication::processEvents();
