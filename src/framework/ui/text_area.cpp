@@ -127,14 +127,6 @@ void TextArea::SetMargins() {
   if (margins != viewportMargins()) setViewportMargins(margins);
 }
 
-void TextArea::MoveCaretToLineEnd(Int32 line) {
-  const QTextBlock block = document()->findBlockByNumber(line);
-  QTextCursor caret(block.isValid() ? block : document()->lastBlock());
-  caret.movePosition(QTextCursor::EndOfBlock);
-  setTextCursor(caret);
-  ensureCursorVisible();
-}
-
 int TextArea::HeightToShow(int space, int line) const {
   if (!isReadOnly()) return line;
   // The borders and the letters of another font take some of the room that was reckoned for the lines.
@@ -152,6 +144,14 @@ int TextArea::HeightToShow(int space, int line) const {
 
 bool TextArea::IsCaretVisible(const QSize& viewportSize) const {
   return cursorRect().intersects(QRect(QPoint(0, 0), viewportSize));
+}
+
+void TextArea::MoveCaretToLineEnd(Int32 line) {
+  const QTextBlock block = document()->findBlockByNumber(line);
+  QTextCursor caret(block.isValid() ? block : document()->lastBlock());
+  caret.movePosition(QTextCursor::EndOfBlock);
+  setTextCursor(caret);
+  ensureCursorVisible();
 }
 
 Int32 TextArea::LineNumAtCharPos(Int32 position) const {
