@@ -3,6 +3,7 @@
 // Most texts are small, so most of the running time is the start of the process: this file keeps to the C library's
 // streams, which cost nothing before they are used, and reads each text in as few calls as it can.
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -42,17 +43,12 @@ constexpr Program program{"sumlet-eval", SUMLET_VERSION, help};
 
 // The whole content of `file` in `text`, or the reason why it cannot be had.
 [[nodiscard]] const char* ReadAll(std::FILE* file, String& text) {
-  std::size_t length = 0;
-  text.resize(std::size_t{64} << 10);
-  for (;;) {
-    length += std::fread(text.data() + length, 1, text.size() - length, file);
-    if (std::ferror(file) != 0) return std::strerror(errno);
-    if (length < text.size()) break;
-    if (length >= largestText) return "The text is longer than 256 MiB";
-    text.resize(std::min(text.size() * 4, largestText));
+  std::array<char, 64 * 1024> buffer;  // not cleared: only what is read into is touched
+  while (const std::size_t length = std::fread(buffer.data(), 1, buffer.size(), file)) {
+    if (text.size() + length > largestText) return "The text is longer than 256 MiB";
+    text.append(buffer.data(), length);
   }
-  text.resize(length);
-  return nullptr;
+  return std::ferror(file) != 0 ? std::strerror(errno) : nullptr;
 }
 
 // `name` "-" is standard input. Gives nothing when the text cannot be read, which has then been told.
