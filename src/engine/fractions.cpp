@@ -44,16 +44,6 @@ String FractionText(Fraction fraction) {
   return "\"" + whole + Str(fraction.numerator) + "/" + Str(fraction.denominator) + "\"";
 }
 
-// Whether `text` has no blank and no two minus signs in a row.
-bool IsClean(std::string_view text) {
-  char previous = '\0';
-  for (const char c : text) {
-    if (c == ' ' || (c == '-' && previous == '-')) return false;
-    previous = c;
-  }
-  return true;
-}
-
 String WithSingleBlanks(std::string_view text) {
   String result;
   for (const char c : text) {
@@ -68,7 +58,9 @@ String WithSingleBlanks(std::string_view text) {
 String MathClass::CleanupNumber(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  if (IsClean(text)) return String(text);
+  const std::size_t sign = text.find('-');
+  const bool hasSigns = sign != std::string_view::npos && text.find('-', sign + 1) != std::string_view::npos;
+  if (!hasSigns && text.find(' ') == std::string_view::npos) return String(text);
   String number;
   for (const char c : text) {
     if (c == ' ') continue;

@@ -54,6 +54,43 @@ double Convert(std::string_view number) {
   return IsBelowOne(number) ? 0 : std::numeric_limits<double>::infinity();
 }
 
+// Digits with at most one "." at the front of a text.
+struct Digits {
+  std::size_t length = 0;  // in bytes, the point included; 0 when there is no digit
+  std::size_t count = 0;
+  std::size_t places = 0;      // how many of them stand behind the point
+  std::uint64_t mantissa = 0;  // all of them as one number; meaningless when there are too many
+};
+
+Digits FindDigits(std::string_view text) {
+  const char* const begin = text.data();
+  const char* const end = begin + text.size();
+  const char* at = begin;
+  Digits digits;
+  const auto readRun = [&] {
+    std::uint64_t mantissa = digits.mantissa;
+    for (; at != end && IsDigit(*at); ++at) mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
+    digits.mantissa = mantissa;
+  };
+  readRun();
+  digits.count = static_cast<std::size_t>(at - begin);
+  if (at != end && *at == '.') {
+    const char* const fraction = ++at;
+    readRun();
+    digits.places = static_cast<std::size_t>(at - fraction);
+    digits.count += digits.places;
+  }
+  if (digits.count > 0) digits.length = static_cast<std::size_t>(at - begin);
+  return digits;
+}
+
+// `text` is where the digits were found.
+double ValueOf(const Digits& digits, std::string_view text) {
+  if (digits.count > digitsInUint64 || digits.mantissa > largestExactInteger)
+    return Convert(text.substr(0, digits.length));
+  return static_cast<double>(static_cast<std::int64_t>(digits.mantissa)) / exactPowersOfTen[digits.places];
+}
+
 // The length of the exponent at the front of `text`; 0 unless it is whole: behind "2e" and "2e+" the number is 2.
 std::size_t ExponentLength(std::string_view text) {
   if (text.empty() || FoldAscii(text.front()) != 'e') return 0;
@@ -63,36 +100,26 @@ std::size_t ExponentLength(std::string_view text) {
   return end > digits ? end : 0;
 }
 
-// A number with commas or an exponent: what counts is copied first.
+// A number that begins with a digit and has commas or an exponent: what counts is copied first.
 double ReadUncommon(std::string_view text, Commas commas) {
-  String number;
-  bool hasPoint = false;
-  std::size_t digitCount = 0;
-  std::size_t at = 0;
-  for (; at < text.size(); ++at) {
-    const char c = text[at];
-    if (c == ',' && commas == Commas::Skip && digitCount > 0) continue;
-    const bool isPoint = c == '.' && !hasPoint;
-    if (!isPoint && !IsDigit(c)) break;
-    if (isPoint) hasPoint = true;
-    if (!isPoint) ++digitCount;
-    number += c;
-  }
-  if (digitCount == 0) return 0;
-  const std::size_t exponentLength = ExponentLength(text.substr(at));
-  if (exponentLength > 0) return Convert(number += text.substr(at, exponentLength));
-  std::string_view digits = number;
-  return *TakeNumber(digits);
+  const auto isPart = [commas](char c) { return IsDigit(c) || c == '.' || (c == ',' && commas == Commas::Skip); };
+  const auto extent = static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isPart) - text.begin());
+  String number = ReplaceAll(text.substr(0, extent), ",", "");
+  const Digits digits = FindDigits(number);
+  const std::size_t exponentLength = digits.length == number.size() ? ExponentLength(text.substr(extent)) : 0;
+  if (exponentLength == 0) return ValueOf(digits, number);
+  return Convert(number += text.substr(extent, exponentLength));
 }
 
 double ReadNumber(std::string_view text, Commas commas) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   const bool negative = !text.empty() && text.front() == '-';
   if (negative || (!text.empty() && text.front() == '+')) text.remove_prefix(1);
-  std::string_view rest = text;
-  const std::optional<double> number = TakeNumber(rest);
-  const bool goesOn = !rest.empty() && (rest.front() == ',' || FoldAscii(rest.front()) == 'e');
-  const double magnitude = goesOn ? ReadUncommon(text, commas) : number.value_or(0);
+  const Digits digits = FindDigits(text);
+  if (digits.count == 0) return 0;
+  const char next = digits.length < text.size() ? text[digits.length] : '\0';
+  const bool goesOn = next == ',' || FoldAscii(next) == 'e';
+  const double magnitude = goesOn ? ReadUncommon(text, commas) : ValueOf(digits, text);
   return negative ? -magnitude : magnitude;
 }
 
@@ -116,27 +143,11 @@ std::mt19937_64 SeededGenerator() {
 }  // namespace
 
 std::optional<double> TakeNumber(std::string_view& text) {
-  const char* const begin = text.data();
-  const char* const end = begin + text.size();
-  const char* at = begin;
-  std::uint64_t mantissa = 0;  // meaningless when there are too many digits
-  const auto readDigits = [&] {
-    for (; at != end && IsDigit(*at); ++at) mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
-  };
-  readDigits();
-  auto digitCount = static_cast<std::size_t>(at - begin);
-  std::size_t places = 0;
-  if (at != end && *at == '.') {
-    const char* const fraction = ++at;
-    readDigits();
-    places = static_cast<std::size_t>(at - fraction);
-    digitCount += places;
-  }
-  if (digitCount == 0) return {};
-  const std::string_view number(begin, static_cast<std::size_t>(at - begin));
-  text.remove_prefix(number.size());
-  if (digitCount > digitsInUint64 || mantissa > largestExactInteger) return Convert(number);
-  return static_cast<double>(static_cast<std::int64_t>(mantissa)) / exactPowersOfTen[places];
+  const Digits digits = FindDigits(text);
+  if (digits.count == 0) return {};
+  const double value = ValueOf(digits, text);
+  text.remove_prefix(digits.length);
+  return value;
 }
 
 double Val(std::string_view s) { return ReadNumber(s, Commas::End); }
