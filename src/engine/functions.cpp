@@ -22,7 +22,7 @@ constexpr Function functions[] = {
     {"atan2", nullptr, ATan2},
     {"max", nullptr, Max},
     {"min", nullptr, Min},
-    {"mod", nullptr, IntegerRemainder},
+    {"mod", nullptr, IntegerRemainder},  // a variable, too, so only an assignment meets this name
     {"pow", nullptr, Pow},
     {"abs", Abs, nullptr},
     {"acos", ACos, nullptr},
@@ -34,6 +34,7 @@ constexpr Function functions[] = {
     {"rad", [](double x) { return x * radiansPerDegree; }, nullptr},
     {"exp", Exp, nullptr},
     {"floor", Floor, nullptr},
+    {"frac", nullptr, nullptr},
     {"log", Log, nullptr},
     {"round", Round, nullptr},
     {"sign", [](double x) { return static_cast<double>(Sign(x)); }, nullptr},
@@ -85,14 +86,12 @@ const Function* FindFunction(std::string_view name) {
 
 String MathClass::DoFunction(std::string_view argument1, std::string_view argument2, std::string_view name) {
   const Function* function = FindFunction(name);
-  if (function == nullptr) {
-    if (SameText(name, "frac")) return DecimalToFraction(CDbl(argument1));
-    return Fail(errors::functionUnknown, name);
-  }
+  if (function == nullptr) return Fail(errors::functionUnknown, name);
   if (function->ofTwo != nullptr) {
     if (argument1.empty() || argument2.empty()) return Fail(errors::twoArgumentFormat, name);
     return ValueText(Abs(function->ofTwo(CDbl(argument1), CDbl(argument2))));
   }
+  if (function->ofOne == nullptr) return DecimalToFraction(CDbl(argument1));
   if (argument1.empty()) return Fail(errors::oneArgumentFormat, name);
   return ValueText(Abs(function->ofOne(CDbl(argument1))));
 }

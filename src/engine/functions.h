@@ -1,4 +1,4 @@
-// The functions of the line language, except frac and dec, which work on text (fractions.cpp).
+// The functions of the line language, except dec, which takes its argument as text (parentheses.cpp).
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,8 @@ namespace sumlet {
 
 struct Function {
   std::string_view name;  // in lower case
-  // One of the two is set. A line shows the magnitude of the value only: cos(pi) is 1.
+  // One of the two is set, and none for frac, whose value is a text. A line shows the magnitude of a value only:
+  // cos(pi) is 1.
   double (*ofOne)(double);
   double (*ofTwo)(double, double);
 };

@@ -87,6 +87,7 @@ class MathClass {
 
   // parentheses.cpp
   [[nodiscard]] Ending ReduceParentheses(RewriteBuffer& text);
+  [[nodiscard]] std::size_t UnwrapNumber(RewriteBuffer& text);
   [[nodiscard]] Ending ReduceInnermost(RewriteBuffer& text);
   [[nodiscard]] String RefuseDisorder(std::string_view front);
   [[nodiscard]] std::optional<Call> FindCall(std::string_view front, std::string_view argument1,

@@ -1,5 +1,6 @@
 // Parentheses and the functions in front of them.
 
+#include <algorithm>
 #include <array>
 
 #include "engine/errors.h"
@@ -27,6 +28,29 @@ bool IsFinished(std::string_view number, std::string_view lastValue) {
   return isLastValue && !number.empty() && IsIn(number.back(), plainCharacter);
 }
 
+bool IsPlainOpening(std::string_view before, std::size_t open) {
+  return open == 0 || !CanEndFunctionName(before[open - 1]);
+}
+
+// How many plain pairs, one inside the other, close in front of `after`, when the innermost one opens at `open` and
+// holds only a number; moves `open` to the outermost one, and gives the bytes of `after` up to its end.
+struct Nest {
+  std::size_t pairs = 0;
+  std::size_t bytesAfter = 0;
+};
+
+Nest FindNest(std::string_view before, std::string_view after, std::size_t& open) {
+  Nest nest{1, 1};
+  for (;;) {
+    const std::size_t front = open > 0 && before[open - 1] == ' ' ? open - 1 : open;
+    const std::size_t close = nest.bytesAfter + (after.substr(nest.bytesAfter, 1) == " " ? 1 : 0);
+    if (front == 0 || before[front - 1] != '(' || !IsPlainOpening(before, front - 1)) return nest;
+    if (close == after.size() || after[close] != ')') return nest;
+    open = front - 1;
+    nest = {nest.pairs + 1, close + 1};
+  }
+}
+
 }  // namespace
 
 MathClass::Ending MathClass::ReduceParentheses(RewriteBuffer& text) {
@@ -38,7 +62,9 @@ MathClass::Ending MathClass::ReduceParentheses(RewriteBuffer& text) {
     } else if (open == 0) {
       text.Advance(1);  // closes nothing; as the counts agree, some "(" will stay open
     } else {
-      --open;
+      const std::size_t pairs = UnwrapNumber(text);
+      open -= std::max<std::size_t>(pairs, 1);
+      if (pairs > 0) continue;
       if (Ending ending = ReduceInnermost(text)) return ending;
     }
   }
@@ -47,14 +73,26 @@ MathClass::Ending MathClass::ReduceParentheses(RewriteBuffer& text) {
   return RefuseDisorder(whole.substr(0, whole.find('(')));
 }
 
+// Takes away plain pairs that hold nothing but the value put in last, all that stand one inside the other, and gives
+// their number. The cursor stands in front of the ")" of an innermost pair. A long number in many parentheses is so
+// copied once, and not for each of them.
+std::size_t MathClass::UnwrapNumber(RewriteBuffer& text) {
+  const std::string_view before = text.Before();
+  const std::string_view lastValue = text.LastValue();
+  std::size_t open = LastOpening(before, lastValue);
+  const std::string_view number = Trimmed(before.substr(open + 1));
+  if (!IsFinished(number, lastValue) || !IsPlainOpening(before, open)) return 0;
+  const Nest nest = FindNest(before, text.After(), open);
+  ResultDetails.assign(before, open == 0 ? 0 : open - 1, open == 0 ? 0 : 1);
+  text.Replace(before.size() - open, nest.bytesAfter, String(number), SeamTrim::WhiteSpace);
+  return nest.pairs;
+}
+
 // The cursor stands in front of the ")" of an innermost pair.
 MathClass::Ending MathClass::ReduceInnermost(RewriteBuffer& text) {
   const std::string_view before = text.Before();
-  const std::string_view lastValue = text.LastValue();
-  const std::size_t open = LastOpening(before, lastValue);
+  const std::size_t open = LastOpening(before, text.LastValue());
   const std::string_view inner = before.substr(open + 1);
-  const std::string_view number = Trimmed(inner);
-  const bool isFinished = IsFinished(number, lastValue);
   const bool hasComma = inner.find(',') != std::string_view::npos;
 
   String a;
@@ -63,7 +101,7 @@ MathClass::Ending MathClass::ReduceInnermost(RewriteBuffer& text) {
     a = Reduce(NthField(inner, ",", 1));
     b = Reduce(NthField(inner, ",", 2));
   } else {
-    a = isFinished ? String(number) : Reduce(inner);
+    a = Reduce(inner);
   }
   if (ResultIsError(a)) return a;
   if (ResultIsError(b)) return b;
@@ -76,7 +114,7 @@ MathClass::Ending MathClass::ReduceInnermost(RewriteBuffer& text) {
     value = call->value;
     front.remove_suffix(call->name.size());
   } else if (hasComma) {
-    value = isFinished ? String(number) : Reduce(inner);
+    value = Reduce(inner);
   } else {
     value = std::move(a);
   }

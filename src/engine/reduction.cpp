@@ -42,10 +42,29 @@ std::string_view FirstWord(std::string_view text) {
   return {begin, end};
 }
 
+// The value of a text that is one number without blanks inside, with any signs and blanks around it: pairs of signs
+// cancel. A long number can be inside many parentheses and bars, so each of them gets by with one short pass.
+std::optional<String> LoneNumber(std::string_view text) {
+  bool isNegative = false;
+  for (; !text.empty() && (text.front() == '-' || text.front() == ' '); text.remove_prefix(1)) {
+    if (text.front() == '-') isNegative = !isNegative;
+  }
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  const auto isPart = [](char c) { return c != ' ' && IsIn(c, numberCharacter); };
+  if (text.empty() || !std::all_of(text.begin(), text.end(), isPart)) return {};
+  String number;
+  number.reserve(text.size() + 1);
+  if (isNegative) number += '-';
+  return number += text;
+}
+
 }  // namespace
 
 String MathClass::Reduce(std::string_view expression) {
   if (expression.empty()) return {};
+  if (ReduceLevel > 0) {
+    if (std::optional<String> number = LoneNumber(expression)) return *std::move(number);
+  }
   const Census census = TakeCensus(expression);
   if (!census.onlySigns && ResultIsError(expression)) return String(expression);
   if (census.opening != census.closing) return String(errors::unmatchedParenthesis);
@@ -84,7 +103,7 @@ String MathClass::Assign(std::string_view expression, std::size_t equalsSign) {
 // Why nothing can be assigned to `name`; empty when it can.
 std::string_view MathClass::NameError(std::string_view name) {
   if (name.find(' ') != std::string_view::npos) return errors::nameContainsSpace;
-  return FindFunction(name) != nullptr || SameText(name, "frac") ? errors::nameIsFunction : std::string_view();
+  return FindFunction(name) != nullptr ? errors::nameIsFunction : std::string_view();
 }
 
 String MathClass::Rewrite(RewriteBuffer& text) {
