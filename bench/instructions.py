@@ -8,18 +8,32 @@ grows, and then where those of the 10,000 lines go. Needs valgrind.
 import argparse
 import collections
 import os
+import random
 import re
 import subprocess
 import tempfile
 
-from peers import assignments, nested_left, nested_right, one_line, sumlet_source
+from peers import assignments, nested_left, nested_right, new_names, one_line, sumlet_source
+
+
+def rewritten(count):
+    """Lines that hold what the ordinary evaluator declines."""
+    chance = random.Random(count)
+    forms = ["2({n}+x)", "|x-{n}|", "2x", "1,000+{n}", "{n} y", "|{n}-x|*y", "(x)({n})+2", "--{n}+x", "2sqrt({n})+y"]
+    lines = [("x", "3"), ("y", "-1.5")]
+    while len(lines) < count:
+        lines.append(("z", chance.choice(forms).format(n=f"{chance.uniform(1, 9):.2f}")))
+    return lines
+
 
 # title, what it is counted by, the maker of the document, its sizes
-DOCUMENTS = [("lines", assignments, (10, 1_000, 10_000)),
+DOCUMENTS = [("lines, few names", assignments, (10, 1_000, 10_000)),
+             ("lines, a new name each", new_names, (10, 1_000, 10_000)),
+             ("lines that are rewritten", rewritten, (10, 1_000, 10_000)),
              ("operators on a line", one_line, (100, 1_000, 10_000, 100_000)),
-             ("parentheses, opening left", nested_left, (10, 1_000, 10_000, 100_000)),
-             ("parentheses, opening right", nested_right, (10, 1_000, 10_000, 100_000))]
-PROFILED = "10000 lines"
+             ("parentheses, opening left", nested_left, (100, 1_000, 10_000, 100_000)),
+             ("parentheses, opening right", nested_right, (100, 1_000, 10_000, 100_000))]
+PROFILED = "10000 lines, few names"
 
 
 def count(program, lines, folder, name):

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Times sumlet-eval beside other calculators of this machine, on the same work: peers.py [--runs N] PROGRAM
 
-Writes each document in the language of each program, runs the programs in turn (A B C A B C ...), so that a busy moment
-of the machine hits them all, and prints the median time of a whole process as a Markdown table. The number behind a
-peer's time is how many times as long as sumlet-eval it took. A peer that is missing, or fails on a document, or
+Writes each document in the language of each program, runs the programs in turn, so that a busy moment of the
+machine hits them all, and prints the median time of a whole process as a Markdown table. The number behind a
+peer's time is how many times as long as sumlet-eval it took, the median of the ratios of all turns. A peer that is missing, or fails on a document, or
 computes another value than most, gets a word in place of a time.
 """
 
@@ -38,6 +38,18 @@ def assignments(count):
     return lines
 
 
+def new_names(count):
+    """Such lines with a name of its own each, in letters only, and any of the earlier names in them."""
+    chance = random.Random(count)
+    names = ["v" + "".join(chr(ord("a") + i // 26**place % 26) for place in range(4)) for i in range(count)]
+    forms = ["({a}+{n})/2", "({a}+{b})/4+{n}", "sqrt({a}*{b}+{n})", "max({a},{b})/2+{n}", "abs({a}-{b})/2+{n}"]
+    lines = [(name, str(1 + i)) for i, name in enumerate(names[:3])]
+    for i in range(3, count):
+        lines.append((names[i], chance.choice(forms).format(a=chance.choice(names[:i]), b=chance.choice(names[:i]),
+                                                            n=f"{chance.uniform(1, 9):.2f}")))
+    return lines
+
+
 def one_line(count):
     chance = random.Random(count)
     signs = ["+", "*", "-", "/", "+"]
@@ -54,11 +66,13 @@ def nested_right(depth):
 
 DOCUMENTS = {
     "10 lines": assignments(10),
-    "10,000 lines": assignments(10_000),
+    "10,000 lines, few names": assignments(10_000),
+    "10,000 lines, a new name each": new_names(10_000),
     "one line of 10,000 operators": one_line(10_000),
     "one line of 100,000 operators": one_line(100_000),
-    "4,000 parentheses, opening left": nested_left(4_000),
-    "4,000 parentheses, opening right": nested_right(4_000),
+    "10,000 parentheses, opening left": nested_left(10_000),
+    "100,000 parentheses, opening left": nested_left(100_000),
+    "100,000 parentheses, opening right": nested_right(100_000),
 }
 
 
@@ -79,8 +93,14 @@ def python_source(lines):
     return "from math import sqrt\n" + sumlet_source(lines) + f"print({lines[-1][0]})\n"
 
 
+def lua_source(lines):
+    functions = "local max, abs, sqrt = math.max, math.abs, math.sqrt\n"
+    return functions + sumlet_source(lines) + f'print(string.format("%.10f", {lines[-1][0]}))\n'
+
+
 # name: the command in front of the document's file, and what writes the document
 PEERS = {
+    "luajit": (["luajit"], lua_source),
     "mawk": (["mawk", "-f"], awk_source),
     "gawk": (["gawk", "-f"], awk_source),
     "bc": (["bc", "-q"], bc_source),
@@ -115,14 +135,15 @@ def seconds(command, silence):
 
 
 def measure(commands, runs):
-    """Median seconds of each command; they take turns."""
+    """The seconds of each command in each turn."""
     silence = [(os.POSIX_SPAWN_OPEN, 0, os.devnull, os.O_RDONLY, 0)]
     silence += [(os.POSIX_SPAWN_OPEN, stream, os.devnull, os.O_WRONLY, 0) for stream in (1, 2)]
     times = {name: [] for name in commands}
+    chance = random.Random(runs)
     for _ in range(runs):
-        for name, command in commands.items():
-            times[name].append(seconds(command, silence))
-    return {name: statistics.median(values) for name, values in times.items()}
+        for name in chance.sample(list(commands), len(commands)):  # no program always follows the same one
+            times[name].append(seconds(commands[name], silence))
+    return times
 
 
 def compare(lines, programs, folder, runs):
@@ -146,9 +167,10 @@ def compare(lines, programs, folder, runs):
             cells[name] = f"differs ({value:g})"
     times = measure({name: command for name, command in commands.items() if name not in cells}, runs)
     ours = times.get("sumlet-eval")
-    for name, time_taken in times.items():
-        ratio = f" ({time_taken / ours:.1f})" if ours and name != "sumlet-eval" else ""
-        cells[name] = f"{time_taken * 1000:.1f} ms{ratio}"
+    for name, turns in times.items():
+        cells[name] = f"{statistics.median(turns) * 1000:.1f} ms"
+        if ours and name != "sumlet-eval":
+            cells[name] += f" ({statistics.median(theirs / own for theirs, own in zip(turns, ours)):.2f})"
     return [cells[name] for name in programs]
 
 
