@@ -1,3 +1,18 @@
+# What people run detects an overflow of the stack or of a buffer of known size, and has no table of functions that can be
+# written to. Compilers and linkers of other systems know fewer of the options.
+include(CheckCXXCompilerFlag)
+include(CheckLinkerFlag)
+set(hardening)
+foreach(option -fstack-protector-strong -fstack-clash-protection -fcf-protection)
+  string(MAKE_C_IDENTIFIER "HAS${option}" known)
+  check_cxx_compiler_flag(${option} ${known})
+  if(${known})
+    list(APPEND hardening ${option})
+  endif()
+endforeach()
+check_linker_flag(CXX -Wl,-z,relro,-z,now HAS_RELRO)
+set(linkHardening $<$<BOOL:${HAS_RELRO}>:-Wl,-z,relro,-z,now>)
+
 # sumlet_options(TARGET): what every target of this project is compiled with.
 function(sumlet_options target)
   if(NOT MSVC)
@@ -6,6 +21,11 @@ function(sumlet_options target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
     if(SUMLET_WARNINGS_AS_ERRORS)
       target_compile_options(${target} PRIVATE -Werror)
+    endif()
+    if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT SUMLET_SANITIZE)
+      target_compile_options(${target} PRIVATE ${hardening})
+      target_compile_definitions(${target} PRIVATE _FORTIFY_SOURCE=2)
+      target_link_options(${target} PRIVATE ${linkHardening})
     endif()
     if(SUMLET_SANITIZE)
       target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=all
