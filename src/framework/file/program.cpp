@@ -86,7 +86,7 @@ bool HasEnded(pid_t process) {
          status.si_pid == process;
 }
 
-// Ends what is left of the process and of all that it started, and takes it off the system's list. One that cannot be
+// Ends what is left of the process group, and takes the process off the system's list. One that cannot be
 // ended, because the system itself holds it, is not waited for.
 void End(pid_t process) {
   kill(-process, SIGKILL);
