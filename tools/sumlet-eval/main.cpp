@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <new>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -74,7 +75,7 @@ constexpr Program program{"sumlet-eval", SUMLET_VERSION, help};
   return text;
 }
 
-[[nodiscard]] Outcome EvaluateText(const char* name, bool isHeaded) {
+[[nodiscard]] Outcome EvaluateText(const char* name, bool isHeaded) try {
   std::optional<String> text = ReadText(name);
   if (!text) return Outcome::failure;
   MathClass math(std::move(*text));
@@ -84,6 +85,9 @@ constexpr Program program{"sumlet-eval", SUMLET_VERSION, help};
   line.append(ShownResult(math, result)).append("\n");
   if (!Print(program, line)) return Outcome::failure;
   return math.ResultIsError(result) ? Outcome::error : Outcome::value;
+} catch (const std::bad_alloc&) {
+  Complain(program, name, std::strerror(ENOMEM));
+  return Outcome::failure;
 }
 
 [[nodiscard]] int Run(int count, char** arguments) {

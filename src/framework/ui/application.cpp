@@ -10,6 +10,7 @@
 #include <QMetaObject>
 #include <QScopeGuard>
 #include <QSessionManager>
+#include <new>
 
 #include "framework/fault.h"
 #include "framework/message.h"
@@ -19,6 +20,7 @@
 namespace sumlet {
 namespace {
 
+constexpr char outOfMemory[] = "too little memory";
 char programName[] = "sumlet";
 char* programArguments[] = {programName, nullptr};
 int argumentCount = 1;  // the toolkit keeps a reference
@@ -58,6 +60,8 @@ void Application::RunEvent(const std::function<void()>& action) {
     action();
   } catch (const Fault& fault) {
     Tell(fault.what());
+  } catch (const std::bad_alloc&) {
+    Tell(outOfMemory);
   }
 }
 
@@ -66,8 +70,10 @@ bool Application::notify(QObject* receiver, QEvent* event) {
     return QApplication::notify(receiver, event);
   } catch (const Fault& fault) {
     Tell(fault.what());
-    return true;
+  } catch (const std::bad_alloc&) {
+    Tell(outOfMemory);
   }
+  return true;
 }
 
 bool Application::event(QEvent* event) {

@@ -16,8 +16,9 @@ class Application final : public QApplication {
   // The session may be about to end; it may also go on. Runs while all windows stand, and must not ask anything.
   std::function<void()> SessionEnding;
 
-  // Runs `action` as an event of its own. A Fault ends the action, and one alert says so soon after; further ones while
-  // that alert stands are not told. Nothing else is caught. For what the toolkit does not deliver as an event.
+  // Runs `action` as an event of its own. A Fault, or too little memory, ends the action, and one alert says so soon
+  // after; further ones while that alert stands are not told. Nothing else is caught. For what the toolkit does not
+  // deliver as an event.
   void RunEvent(const std::function<void()>& action);
 
   bool notify(QObject* receiver, QEvent* event) override;

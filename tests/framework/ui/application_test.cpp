@@ -45,7 +45,10 @@ TEST_F(Faults, EndTheirEventAndAreToldOneAtATime) {
   application.RunEvent([] { throw Fault("a stream that is not there"); });
   ProcessAllEvents();
   EXPECT_EQ(alerts.back(), "This could not be done because of a stream that is not there.");
-  EXPECT_THROW(application.RunEvent([] { throw std::bad_alloc(); }), std::bad_alloc) << "no fault of the logic";
+  application.RunEvent([] { throw std::bad_alloc(); });
+  ProcessAllEvents();
+  EXPECT_EQ(alerts.back(), "This could not be done because of too little memory.");
+  EXPECT_THROW(application.RunEvent([] { throw std::logic_error(""); }), std::logic_error) << "no fault of the event";
 }
 
 TEST(Dialogs, AlertText) {
