@@ -1,8 +1,11 @@
 // The window program: wires the parts together and runs them.
+#include <cstdio>
+#include <cstdlib>
 #include <optional>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/command_line.h"
+#include "framework/message.h"
 #include "framework/ui/application.h"
 #include "framework/ui/browser.h"
 #include "framework/ui/caret_rest.h"
@@ -25,9 +28,8 @@
 namespace sumlet {
 namespace {
 
-// How long a start waits for the running program. That one may be loading a large session, but if it hangs, the user
-// still gets a window.
-constexpr std::chrono::seconds handOverPatience(10);
+// How long a start waits for the running program, which may be loading a large session.
+constexpr std::chrono::seconds handOverPatience(9);
 
 constexpr char help[] =
     "Usage: sumlet [FILE...]\n"
@@ -44,6 +46,17 @@ constexpr char help[] =
 constexpr Program program{"sumlet", SUMLET_VERSION, help, "-session"};
 
 std::vector<FolderItem> ItemsOf(const std::vector<String>& paths) { return {paths.begin(), paths.end()}; }
+
+// The message goes to the standard error output as well, because there may be no display.
+int EndUnanswered() {
+  constexpr char message[] = "Sumlet is already running, but it does not answer.";
+  std::fprintf(stderr, "sumlet: %s\n", message);
+  const NoDisplayEndsProgram noDisplay;
+  const Application application;
+  InstallDialogs();
+  MsgBox(message);
+  return EXIT_FAILURE;
+}
 
 int Run(Descriptor requests, const std::vector<String>& files) {
   std::optional<NoDisplayEndsProgram> noDisplay(std::in_place);
@@ -79,8 +92,9 @@ int Run(Descriptor requests, const std::vector<String>& files) {
   application.QuitRequested = [&app] { app.Quit(); };
   application.SessionEnding = [&app] { app.Event_CancelClose(); };
   const QuitSignals quitSignals([&app] { app.Quit(); });
-  const StartRequests startRequests(std::move(requests),
-                                    [&app](const auto& paths) { app.Event_Reopen(ItemsOf(paths)); });
+  const StartRequests startRequests(
+      std::move(requests), [&app] { return !app.Quitting(); },
+      [&app](const auto& paths) { app.Event_Reopen(ItemsOf(paths)); });
 
   (void)WindowCount();  // the list of windows comes into being, so that it outlives what follows
   const LastSave lastSave([&app] { app.SaveBeforeEnd(); });
@@ -95,6 +109,7 @@ int Run(Descriptor requests, const std::vector<String>& files) {
 
 int main(int count, char** arguments) {
   using namespace sumlet;
+  SurviveLostStreams();
   const CommandLine line = ReadCommandLine(program, count, arguments);
   if (line.exitStatus) return *line.exitStatus;
   StartRequest request{qgetenv("XDG_ACTIVATION_TOKEN").toStdString(), {}};
@@ -104,6 +119,8 @@ int main(int count, char** arguments) {
     Complain(program, "the names of the files", "too long for one start");
     return 2;
   }
-  Claim claim = ClaimInstance(SingleInstanceName(), *message, handOverPatience);
-  return claim.start == Start::HandedOver ? 0 : Run(std::move(claim.requests), request.files);
+  Claim claim = ClaimInstance(MeetingPlaceOfSettings(), *message, handOverPatience);
+  if (claim.start == Start::HandedOver) return EXIT_SUCCESS;
+  if (claim.start == Start::Unanswered) return EndUnanswered();
+  return Run(std::move(claim.requests), request.files);
 }

@@ -9,6 +9,7 @@
 namespace sumlet {
 QuitSignals::QuitSignals(const std::function<void()>& /*quit*/) {}
 QuitSignals::~QuitSignals() = default;
+void SurviveLostStreams() {}
 }  // namespace sumlet
 
 #else
@@ -75,6 +76,15 @@ QuitSignals::~QuitSignals() {
   for (const int signal : quitSignals) Handle(signal, SIG_IGN);
   notifier_.reset();
   for (const int end : pipeEnds) close(end);
+}
+
+// The lowest free number is the one that is closed. Programs that this one starts get the default for SIGPIPE again.
+void SurviveLostStreams() {
+  int stream = 0;
+  do stream = open("/dev/null", O_RDWR);
+  while (stream >= 0 && stream <= STDERR_FILENO);
+  if (stream >= 0) close(stream);
+  std::signal(SIGPIPE, SIG_IGN);
 }
 
 }  // namespace sumlet

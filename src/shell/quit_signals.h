@@ -22,4 +22,8 @@ class QuitSignals {
   std::unique_ptr<QSocketNotifier> notifier_;
 };
 
+// Opens /dev/null in the place of a standard stream that is closed, which the next file opened would replace, and
+// ignores SIGPIPE, so that a message to nobody does not end the program. Call it before anything else.
+void SurviveLostStreams();
+
 }  // namespace sumlet

@@ -1,64 +1,74 @@
-// The name is bound as a Linux abstract socket address. Binding one is atomic, so it is the lock as well; and it is
-// gone with the last process that holds it, so nothing is ever stale. A socket file would leave both to us, and its
-// usual place, XDG_RUNTIME_DIR, differs between a desktop, a remote shell and a timer of one and the same user.
+// The first holds an advisory lock on a file in the settings folder, so that the lock holds for every session and
+// sandbox that can write the settings. The system releases it when the process ends, however it ends. The first listens
+// at a socket, and writes the path of the socket into the lock file, because $XDG_RUNTIME_DIR, the folder for it,
+// differs between a desktop and a remote shell. Only the user can create files in these folders, so nobody else can
+// take the place. The lock file is never deleted: two processes could then hold locks on two files of one name.
 //
-// An abstract address has no owner in the file system, so each side asks the system whose process is at the other end.
-// Where another user holds the address, the next one is taken; all starts of this user go through them in one order.
-//
-// A process that has been killed while its settings are being written leaves its writer behind, which holds the address
-// until the file is whole: the next start waits for that, as for a running program that ends without an answer.
+// A start that gets the lock asks at the sockets all the same: the folder with the lock may have been deleted and
+// created again while the first runs. Where a file system knows no locks, or the settings folder cannot be written, a
+// lock file beside the socket takes the place of the other.
 #include "shell/single_instance.h"
 
 #include <QCryptographicHash>
 #include <algorithm>
+#include <cstdlib>
 #include <system_error>
 
 #include "framework/file/folder_item.h"
+#include "persistence/preferences.h"
 #include "shell/start_message.h"
 
 #if defined(__linux__)
 
+#include <fcntl.h>
 #include <poll.h>
+#include <sys/file.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <cstring>
 #include <thread>
 
+#include "framework/file/file_content.h"
+
 namespace sumlet {
 namespace {
+
+namespace fs = std::filesystem;
 
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr int addressesTried = 4;
 constexpr int waitingStarts = 64;
 constexpr milliseconds pauseBetweenTries(10);
-// Who has bound an address listens within the next microseconds, unless it is somebody who keeps it from being used.
-constexpr int mostRefusals = 100;
 
-struct Address {
-  sockaddr_un bytes = {};
-  socklen_t length = 0;
-  [[nodiscard]] const sockaddr* Get() const { return reinterpret_cast<const sockaddr*>(&bytes); }
+// A path that is too long for an address is shortened by way of its open folder.
+class Address {
+ public:
+  explicit Address(const fs::path& path) {
+    String name = path;
+    if (name.size() >= sizeof bytes_.sun_path) {
+      folder_ = Descriptor(open(path.parent_path().c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+      name = "/proc/self/fd/" + std::to_string(folder_.Number()) + "/" + path.filename().string();
+    }
+    bytes_.sun_family = AF_UNIX;
+    name.copy(bytes_.sun_path, sizeof bytes_.sun_path - 1);
+  }
+  [[nodiscard]] const sockaddr* Get() const { return reinterpret_cast<const sockaddr*>(&bytes_); }
+  [[nodiscard]] static socklen_t Length() { return sizeof(sockaddr_un); }
+
+ private:
+  Descriptor folder_;
+  sockaddr_un bytes_ = {};
 };
-
-Address AddressOf(std::string_view name, int number) {
-  const String path = String(name) + "-" + std::to_string(number);
-  Address address;
-  address.bytes.sun_family = AF_UNIX;
-  // The zero byte in front makes it abstract.
-  const std::size_t length = std::min(path.size(), sizeof address.bytes.sun_path - 1);
-  std::memcpy(address.bytes.sun_path + 1, path.data(), length);
-  address.length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + length);
-  return address;
-}
 
 Descriptor NewSocket() { return Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)); }
 
-enum class Reply { Acknowledged, Stranger, Refused, Gone };
+enum class Reply { Acknowledged, Nobody, None };
 
 // Whether the expected answer arrives before `end`.
 bool AwaitAnswer(const Descriptor& socket, steady_clock::time_point end) {
@@ -93,47 +103,112 @@ bool SendAll(const Descriptor& socket, std::string_view message, steady_clock::t
   return true;
 }
 
-Reply Ask(const Address& address, std::string_view message, steady_clock::time_point end) {
+Reply Ask(const fs::path& path, std::string_view message, steady_clock::time_point end) {
   const Descriptor socket = NewSocket();
-  if (!socket.IsOpen()) return Reply::Gone;
-  if (connect(socket.Number(), address.Get(), address.length) != 0)
-    return errno == ECONNREFUSED ? Reply::Refused : Reply::Gone;  // EAGAIN: many others are waiting as well
-  if (!IsOwnPeer(socket)) return Reply::Stranger;
-  return SendAll(socket, message, end) && AwaitAnswer(socket, end) ? Reply::Acknowledged : Reply::Gone;
+  const Address address(path);
+  if (!socket.IsOpen()) return Reply::None;
+  if (connect(socket.Number(), address.Get(), Address::Length()) != 0)
+    return errno == EAGAIN ? Reply::None : Reply::Nobody;  // EAGAIN: many others are waiting as well
+  if (!IsOwnPeer(socket)) return Reply::Nobody;
+  return SendAll(socket, message, end) && AwaitAnswer(socket, end) ? Reply::Acknowledged : Reply::None;
 }
 
-// An open socket when the address was free, otherwise `taken` says whether the reason is that another process has it.
-Descriptor Listen(const Address& address, bool& taken) {
-  Descriptor socket = NewSocket();
-  const bool bound = socket.IsOpen() && bind(socket.Number(), address.Get(), address.length) == 0;
-  taken = !bound && errno == EADDRINUSE;
-  if (!bound || listen(socket.Number(), waitingStarts) != 0) socket.Close();
-  return socket;
+Reply AskAll(const std::vector<fs::path>& sockets, std::string_view message, steady_clock::time_point end) {
+  Reply last = Reply::Nobody;
+  for (const fs::path& socket : sockets) {
+    const Reply reply = Ask(socket, message, end);
+    if (reply == Reply::Acknowledged) return reply;
+    if (reply == Reply::None) last = reply;
+  }
+  return last;
+}
+
+struct Lock {
+  fs::path path;    // of the lock file; empty where no file can be locked
+  Descriptor file;  // open when this process holds the lock; otherwise another one does
+};
+
+// A file that is open for writing would keep its file system from being made read-only, but the locks of some network
+// file systems need one.
+Lock TryLock(const std::vector<fs::path>& files) {
+  for (const fs::path& path : files) {
+    for (const int access : {O_RDONLY, O_RDWR}) {
+      Descriptor file(open(path.c_str(), access | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR));
+      if (!file.IsOpen()) continue;
+      if (flock(file.Number(), LOCK_EX | LOCK_NB) == 0) return {path, std::move(file)};
+      if (errno == EWOULDBLOCK) return {path, {}};
+    }
+  }
+  return {};
+}
+
+// Not open where no socket can be made. Where `lock` holds all the same, later starts say that nobody answers.
+Descriptor Listen(const std::vector<fs::path>& sockets, const Lock& lock) {
+  for (const fs::path& path : sockets) {
+    Descriptor socket = NewSocket();
+    const Address address(path);
+    unlink(path.c_str());  // nobody listens there
+    if (!socket.IsOpen() || bind(socket.Number(), address.Get(), Address::Length()) != 0) continue;
+    if (listen(socket.Number(), waitingStarts) != 0) continue;
+    if (lock.file.IsOpen()) (void)OverwriteContent(lock.path, path.native());
+    return socket;
+  }
+  return {};
+}
+
+// Nothing for a folder in which others could put files.
+std::optional<fs::path> RuntimeFolder() {
+  const char* name = std::getenv("XDG_RUNTIME_DIR");
+  struct stat status = {};
+  if (name == nullptr || name[0] != '/' || stat(name, &status) != 0) return {};
+  if (!S_ISDIR(status.st_mode) || status.st_uid != geteuid() || (status.st_mode & (S_IWGRP | S_IWOTH)) != 0) return {};
+  return fs::path(name);
+}
+
+// Two ways of writing the path of one folder give one name. The folder need not exist.
+String NameOf(const fs::path& folder) {
+  std::error_code error;
+  const fs::path canonical = fs::weakly_canonical(folder, error);
+  String text = (error ? folder.lexically_normal() : canonical).string();
+  while (text.size() > 1 && text.back() == '/') text.pop_back();
+  const QByteArray bytes(text.data(), static_cast<qsizetype>(text.size()));
+  return "sumlet-" + QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().left(16).toStdString();
 }
 
 }  // namespace
 
-Claim ClaimInstance(std::string_view name, std::string_view message, milliseconds patience) {
-  const auto end = steady_clock::now() + patience;
-  int number = 0;
-  int refusals = 0;
-  while (number < addressesTried) {
-    const Address address = AddressOf(name, number);
-    bool taken = false;
-    Descriptor listening = Listen(address, taken);
-    if (listening.IsOpen()) return {Start::First, std::move(listening)};
-    if (!taken) break;
-    const Reply reply = Ask(address, message, end);
-    if (reply == Reply::Acknowledged) return {Start::HandedOver, {}};
-    if (reply == Reply::Stranger || (reply == Reply::Refused && ++refusals == mostRefusals)) {
-      ++number;
-      refusals = 0;
-      continue;
-    }
-    if (steady_clock::now() >= end) break;
-    std::this_thread::sleep_for(pauseBetweenTries);
+MeetingPlace MeetingPlaceOfSettings() {
+  MeetingPlace place;
+  const std::optional<FolderItem> library = SpecialFolder::UserLibrary();
+  const std::optional<FolderItem> settings = Preferences::GetPrefFile(true);
+  if (settings) place.locks.push_back(settings->Path().parent_path() / "lock");
+  if (const std::optional<fs::path> runtime = RuntimeFolder()) {
+    const String name = NameOf(library ? library->Path() : fs::path());
+    place.locks.push_back(*runtime / (name + ".lock"));
+    place.sockets.push_back(*runtime / name);
   }
-  return {};
+  if (settings) place.sockets.push_back(settings->Path().parent_path() / "socket");
+  return place;
+}
+
+Claim ClaimInstance(const MeetingPlace& place, std::string_view message, milliseconds patience) {
+  const auto end = steady_clock::now() + patience;
+  do {
+    Lock lock = TryLock(place.locks);
+    std::vector<fs::path> sockets = place.sockets;
+    const bool isTaken = !lock.path.empty() && !lock.file.IsOpen();
+    if (isTaken) sockets.insert(sockets.begin(), fs::path(ReadContent(lock.path).value_or("")));
+    const Reply reply = AskAll(sockets, message, end);
+    if (reply == Reply::Acknowledged) return {Start::HandedOver, {}, {}};
+    if (reply == Reply::Nobody && !isTaken) {
+      Descriptor requests = Listen(place.sockets, lock);
+      const bool isFirst = requests.IsOpen() || lock.file.IsOpen();
+      return {isFirst ? Start::First : Start::Alone, std::move(requests), std::move(lock.file)};
+    }
+    lock = {};
+    std::this_thread::sleep_for(pauseBetweenTries);
+  } while (steady_clock::now() < end);
+  return {Start::Unanswered, {}, {}};
 }
 
 bool IsOwnPeer(const Descriptor& socket) {
@@ -148,32 +223,12 @@ bool IsOwnPeer(const Descriptor& socket) {
 
 // Elsewhere the desktop itself starts a program once, or no such thing is known.
 namespace sumlet {
-Claim ClaimInstance(std::string_view /*name*/, std::string_view /*message*/, std::chrono::milliseconds /*patience*/) {
+MeetingPlace MeetingPlaceOfSettings() { return {}; }
+Claim ClaimInstance(const MeetingPlace& /*place*/, std::string_view /*message*/,
+                    std::chrono::milliseconds /*patience*/) {
   return {};
 }
 bool IsOwnPeer(const Descriptor& /*socket*/) { return false; }
 }  // namespace sumlet
 
 #endif
-
-namespace sumlet {
-
-// Two ways of writing the path of one folder give one name. The folder need not exist.
-String SingleInstanceName() {
-  String folder;
-  if (const auto library = SpecialFolder::UserLibrary()) {
-    std::error_code error;
-    const std::filesystem::path path = std::filesystem::weakly_canonical(library->Path(), error);
-    folder = (error ? library->Path().lexically_normal() : path).string();
-    while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
-  }
-  const QByteArray bytes(folder.data(), static_cast<qsizetype>(folder.size()));
-  const QByteArray hash = QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().left(32);
-#if defined(__linux__)
-  return "sumlet-" + std::to_string(geteuid()) + "-" + hash.toStdString();
-#else
-  return "sumlet-" + hash.toStdString();
-#endif
-}
-
-}  // namespace sumlet

@@ -48,8 +48,8 @@ class StartRequests::Peer final : public QObject {
   QTimer timer_;
 };
 
-StartRequests::StartRequests(Descriptor requests, Reopen reopen)
-    : requests_(std::move(requests)), reopen_(std::move(reopen)) {
+StartRequests::StartRequests(Descriptor requests, Ready ready, Reopen reopen)
+    : requests_(std::move(requests)), ready_(std::move(ready)), reopen_(std::move(reopen)) {
   if (!requests_.IsOpen()) return;
   notifier_ = new QSocketNotifier(requests_.Number(), QSocketNotifier::Read, &owner_);
   QObject::connect(notifier_, &QSocketNotifier::activated, &owner_, [this] { Accept(); });
@@ -81,7 +81,7 @@ void StartRequests::Read(Peer& peer) {
   StartRequest request;
   const RequestState state = ReadRequest(peer.received, request);
   if (state == RequestState::Unfinished && count > 0) return;
-  const bool isRequest = state == RequestState::Request;
+  const bool isRequest = state == RequestState::Request && ready_();
   if (isRequest) {
     // The toolkit takes it from here when a window is brought to the front.
     if (!request.token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.token));
@@ -104,7 +104,8 @@ void StartRequests::Drop(Peer& peer) {
 #else
 
 namespace sumlet {
-StartRequests::StartRequests(Descriptor requests, Reopen /*reopen*/) : requests_(std::move(requests)) {}
+StartRequests::StartRequests(Descriptor requests, Ready /*ready*/, Reopen /*reopen*/)
+    : requests_(std::move(requests)) {}
 StartRequests::~StartRequests() = default;
 }  // namespace sumlet
 

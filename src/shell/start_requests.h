@@ -16,11 +16,13 @@ namespace sumlet {
 class StartRequests {
  public:
   using Reopen = std::function<void(const std::vector<String>& files)>;
+  using Ready = std::function<bool()>;
 
   // Answers the requests that arrive at `requests`, the socket of a Claim, on the event loop: acknowledges each, then
-  // calls `reopen` with the files that it names. Whoever else talks to the socket, talks nonsense, too much or not at
-  // all, is cut off. Without a socket it does nothing.
-  StartRequests(Descriptor requests, Reopen reopen);
+  // calls `reopen` with the files that it names. While `ready` returns false nobody gets an answer, and a start tries
+  // again. Whoever else talks to the socket, talks nonsense, too much or not at all, is cut off. Without a socket it
+  // does nothing.
+  StartRequests(Descriptor requests, Ready ready, Reopen reopen);
   StartRequests(const StartRequests&) = delete;
   StartRequests& operator=(const StartRequests&) = delete;
   ~StartRequests();
@@ -33,6 +35,7 @@ class StartRequests {
   void Drop(Peer& peer);
 
   Descriptor requests_;
+  Ready ready_;
   Reopen reopen_;
   QObject owner_;  // of the notifiers and peers
   QSocketNotifier* notifier_ = nullptr;

@@ -60,6 +60,10 @@ class Faults(RunningProgram):
             self.assertEqual(self.runs(), 2)
             shutil.rmtree(self.data / "Application Support")
 
+    def test_without_standard_streams_it_saves(self):
+        self.run_through(behind=["sh", "-c", 'exec "$0" <&- >&- 2>&-'])
+        self.assertEqual(self.runs(), 1)
+
     def test_a_folder_takes_the_place_of_the_file(self):
         self.write_settings()
 
