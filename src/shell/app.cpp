@@ -33,14 +33,21 @@ void CloseAllWindows() {
     if (window) window->Close(true);
 }
 
-// An input method that has no connection any more leaves its text uncommitted.
+QString ComposedText(const QPlainTextEdit* area) {
+  const QTextLayout* line = area != nullptr ? area->textCursor().block().layout() : nullptr;
+  return line != nullptr ? line->preeditAreaText() : QString();
+}
+
+// The toolkit is not asked where nothing is composed: its Wayland plug-in crashes when there is no input device. An
+// input method that has lost its connection leaves its text uncommitted.
 void CommitComposition() {
   const QPointer<QPlainTextEdit> area = qobject_cast<QPlainTextEdit*>(QGuiApplication::focusObject());
+  if (ComposedText(area).isEmpty()) return;
   QGuiApplication::inputMethod()->commit();
-  const QTextLayout* line = area ? area->textCursor().block().layout() : nullptr;
-  if (line == nullptr || line->preeditAreaText().isEmpty()) return;
+  const QString left = ComposedText(area);
+  if (left.isEmpty()) return;
   QInputMethodEvent event;
-  event.setCommitString(line->preeditAreaText());
+  event.setCommitString(left);
   QCoreApplication::sendEvent(area, &event);
 }
 

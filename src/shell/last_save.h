@@ -10,7 +10,8 @@ namespace sumlet {
 
 class LastSave {
  public:
-  // Runs `save` when the process is being ended by exit while this object lives; then ends it at once, with status 1.
+  // Runs `save` on the event thread when the process is being ended by exit, or the Wayland compositor has ended, while
+  // this object lives; then ends it at once, with status 1.
   // `save` must ask nothing of the display or the user. There is one object of this class at a time, and what `save`
   // uses has come into being before it.
   explicit LastSave(std::function<void()> save);

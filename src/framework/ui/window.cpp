@@ -62,6 +62,9 @@ const QScreen* CurrentScreen() {
   return screen ? screen : QGuiApplication::primaryScreen();
 }
 
+// Wayland keeps the places of windows from them.
+bool TellsPlaces() { return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); }
+
 }  // namespace
 
 Int32 WindowCount() { return OpenWindows().Ubound() + 1; }
@@ -143,7 +146,8 @@ void Window::ToggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullS
 QRect Window::WindowedBounds() const {
   if (!isFullScreen()) return {Left(), Top(), Width(), Height()};
   const QRect bounds = normalGeometry();
-  return {bounds.topLeft() - frameOffset_, QSize(bounds.width(), bounds.height() - MenuBarHeight(bounds.width()))};
+  const QPoint corner = TellsPlaces() ? bounds.topLeft() - frameOffset_ : corner_;
+  return {corner, QSize(bounds.width(), bounds.height() - MenuBarHeight(bounds.width()))};
 }
 
 void Window::SetFixed(const QSize& size) {
@@ -188,8 +192,11 @@ Int32 Window::MenuBarHeight(Int32 width) const {
 // Desktops count positions in 16 bits; numbers far beyond them come from damaged files only.
 void Window::MoveTo(Int32 left, Int32 top) {
   constexpr Int32 farthest = 32767;
-  move(std::clamp(left, -farthest, farthest), std::clamp(top, -farthest, farthest));
+  corner_ = {std::clamp(left, -farthest, farthest), std::clamp(top, -farthest, farthest)};
+  move(corner_);
 }
+
+QPoint Window::Corner() const { return TellsPlaces() ? pos() : corner_; }
 
 // No desktop is as large as these limits. Only a damaged file asks for more, and the picture of such a window would
 // fill the memory.
@@ -222,7 +229,7 @@ void Window::Stagger() {
   for (Int32 i = 0; i < WindowCount(); ++i)
     if (&WindowAt(i) != this) taken.push_back(WindowAt(i).WindowedBounds().topLeft());
   previous = StaggeredCorner(frame, screen->availableGeometry(), previous, taken);
-  move(*previous);
+  MoveTo(previous->x(), previous->y());
 }
 
 // On a small screen a window is made smaller as far as its limits allow.

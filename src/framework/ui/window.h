@@ -33,12 +33,12 @@ class Window : public QWidget {
  public:
   ~Window() override;
 
-  // The top left corner of the window's frame on the desktop, in pixels. Where the desktop does not let windows place
-  // themselves, setting has no effect.
-  [[nodiscard]] Int32 Left() const { return x(); }
-  [[nodiscard]] Int32 Top() const { return y(); }
-  void SetLeft(Int32 left) { MoveTo(left, y()); }
-  void SetTop(Int32 top) { MoveTo(x(), top); }
+  // The top left corner of the window's frame on the desktop, in pixels. Where the desktop neither lets windows place
+  // themselves nor tells them their places, as on Wayland, it is the corner last set.
+  [[nodiscard]] Int32 Left() const { return Corner().x(); }
+  [[nodiscard]] Int32 Top() const { return Corner().y(); }
+  void SetLeft(Int32 left) { MoveTo(left, Top()); }
+  void SetTop(Int32 top) { MoveTo(Left(), top); }
 
   // The size of the content in pixels: without the frame, and below the menu bar where there is one. A size outside the
   // window's limits takes the nearest allowed one. Neither is set beyond 16384, nor the two to more than 2^26 together.
@@ -142,6 +142,7 @@ class Window : public QWidget {
   };
 
   [[nodiscard]] Int32 MenuBarHeight(Int32 width) const;
+  [[nodiscard]] QPoint Corner() const;
   void MoveTo(Int32 left, Int32 top);
   void ResizeContent(Int32 width, Int32 height);
   void FollowSize();
@@ -154,6 +155,7 @@ class Window : public QWidget {
 
   QVBoxLayout* layout_ = nullptr;  // the menu bar, if any, goes on top of it by QLayout::setMenuBar
   QWidget* content_;
+  QPoint corner_;       // as last set
   QPoint frameOffset_;  // from the frame's corner to the window's own, while not in full screen
   QSize contentSize_;   // the size that the controls are laid out for
   std::vector<LockedControl> lockedControls_;
