@@ -77,6 +77,13 @@ void CheckInput(std::string_view input) {
   Check(alerts.size() <= 1 + 2 * 256, "no damage is told again and again");
   AlertsOf(CheckTemplatesComeBack);
   AlertsOf(CheckWindowsComeBack);
+
+  // The same as a recovery file, which is loaded when it is whole, and else renamed.
+  const std::filesystem::path recovery = file.parent_path() / "recovery";
+  std::ofstream(recovery, std::ios::binary) << input;
+  windows.clear();
+  AlertsOf(Preferences::Load);
+  std::filesystem::remove(recovery);
 }
 
 }  // namespace sumlet
