@@ -42,7 +42,7 @@ for open in open_menu open_context_menu open_sheet open_file_dialog open_list op
   start_window "$1"
   press ctrl+a
   type_keys '6*7'
-  press ctrl+a
+  expect_text '6*7'  # and it is selected
   "$open"
   quit TERM
   xdotool mouseup 1
