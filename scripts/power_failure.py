@@ -1,4 +1,4 @@
-"""Lets the power fail at every instant of some saves: power_failure_test.py SAVE-LOOP [TRIES]. Status 77 without strace.
+"""Lets the power fail at every instant of some saves: power_failure.py SAVE-LOOP [TRIES]. Status 77 without strace.
 
 strace records what the program asks of the disk. A power failure leaves any prefix of that. Of what is not flushed by
 then, any page, length or name can be missing: TRIES random choices for each prefix. The next start then has to find the
@@ -6,6 +6,7 @@ save under way or the one before it, whole. Contents are modelled: a page holds 
 """
 
 import copy
+import pathlib
 import random
 import re
 import shutil
@@ -14,6 +15,7 @@ import sys
 
 TRIES = int(sys.argv.pop()) if sys.argv[-1].isdigit() else 20
 
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "tests" / "system"))
 from running_program import PROGRAM, RunningProgram, unittest
 
 SAVES = 6
