@@ -100,9 +100,9 @@ String TextArea::Text() const { return FromQString(WithLineFeeds(document()->toR
 
 void TextArea::SetText(std::string_view text) {
   const QString characters = ToQString(text);
-  // A text that is set is laid out before the document tells of the change.
   if (WrapsAnywhere(characters)) setWordWrapMode(QTextOption::WrapAnywhere);
-  setPlainText(characters);
+  document()->setPlainText(characters);  // the control's own setPlainText lays the text out before its formats are set
+  moveCursor(QTextCursor::Start);
 }
 
 void TextArea::SetTextSize(Int32 points) {

@@ -61,6 +61,8 @@ class TextArea : public QPlainTextEdit {
   // Runs after each change of the text, those by SetText included; not for a change of its looks.
   std::function<void(TextArea& sender)> TextChange;
 
+  [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
  protected:
   [[nodiscard]] bool canInsertFromMimeData(const QMimeData* source) const override;
   [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
@@ -70,7 +72,6 @@ class TextArea : public QPlainTextEdit {
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
-  [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
   void insertFromMimeData(const QMimeData* source) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
