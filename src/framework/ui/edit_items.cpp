@@ -1,8 +1,10 @@
 #include "framework/ui/edit_items.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTextDocument>
@@ -99,6 +101,37 @@ void Edit(QWidget* control, EditCommand command) {
   if (!CanEdit(control, command)) return;
   if (auto* area = qobject_cast<QPlainTextEdit*>(control)) EditArea(*area, command);
   if (auto* field = qobject_cast<QLineEdit*>(control)) EditField(*field, command);
+}
+
+void ShowEditMenu(QWidget& control, const QPoint& place) {
+  constexpr struct {
+    EditCommand command;
+    const char* caption;
+    const char* keys;
+    bool changesText;
+    bool beginsGroup = false;
+  } items[] = {
+      {EditCommand::Undo, "&Undo", "Ctrl+Z", true},
+      {EditCommand::Redo, "&Redo", "Ctrl+Shift+Z", true},
+      {EditCommand::Cut, "Cu&t", "Ctrl+X", true, true},
+      {EditCommand::Copy, "&Copy", "Ctrl+C", false},
+      {EditCommand::Paste, "&Paste", "Ctrl+V", true},
+      {EditCommand::Clear, "&Delete", "", true},
+      {EditCommand::SelectAll, "Select &All", "Ctrl+A", false, true},
+  };
+  auto* menu = new QMenu(&control);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (const auto& item : items) {
+    if (item.changesText && StateOf(&control).isReadOnly) continue;
+    if (item.beginsGroup && !menu->isEmpty()) menu->addSeparator();
+    // Keys behind a tab are only shown. Real ones would clash with those of the Edit menu.
+    const QString keys = QKeySequence(QString::fromUtf8(item.keys)).toString(QKeySequence::NativeText);
+    QAction* action = menu->addAction(QString::fromUtf8(item.caption) + u'\t' + keys);
+    action->setEnabled(CanEdit(&control, item.command));
+    QObject::connect(action, &QAction::triggered, &control,
+                     [&control, command = item.command] { Edit(&control, command); });
+  }
+  menu->popup(place);
 }
 
 }  // namespace sumlet

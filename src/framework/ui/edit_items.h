@@ -13,4 +13,8 @@ enum class EditCommand { Undo, Redo, Cut, Copy, Paste, Clear, SelectAll };
 // Does the command; nothing where CanEdit is false.
 void Edit(QWidget* control, EditCommand command);
 
+// Opens a context menu of the commands that fit `control`, at a place of the screen in pixels. Each shows the keys that
+// it has in the Edit menu.
+void ShowEditMenu(QWidget& control, const QPoint& place);
+
 }  // namespace sumlet

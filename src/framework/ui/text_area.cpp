@@ -7,6 +7,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QDrag>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
@@ -18,6 +19,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "framework/ui/edit_items.h"
 #include "framework/ui/incoming_files.h"
 #include "framework/ui/plain_style.h"
 #include "framework/ui/qt_text.h"
@@ -244,6 +246,12 @@ void TextArea::dragEnterEvent(QDragEnterEvent* event) {
     event->ignore();
   else
     QPlainTextEdit::dragEnterEvent(event);
+}
+
+// Qt's own menu hides the keys that the Edit menu has.
+void TextArea::contextMenuEvent(QContextMenuEvent* event) {
+  const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+  ShowEditMenu(*this, isByKey ? viewport()->mapToGlobal(cursorRect().bottomLeft()) : event->globalPos());
 }
 
 // Leaves the caret where it is. A selection is out of sight while another control has the focus, and typing must not

@@ -67,6 +67,7 @@ class TextArea : public QPlainTextEdit {
   [[nodiscard]] bool canInsertFromMimeData(const QMimeData* source) const override;
   [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
   void changeEvent(QEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
