@@ -48,6 +48,7 @@ TEST(Hostile, DeepNesting) {
       {"with bars", Times(n, "(|") + "-1" + Times(n, "|)"), "1"},
       {"calls of two arguments", Times(n, "max(") + "1" + Times(n, ",2)"), "2"},
       {"commas", Times(n, "(1,") + Times(n, ")"), "1"},
+      {"a long number", "1" + Times(n, "(") + String(n, '0') + "2" + Times(n, ")"), "2"},
   });
 }
 
