@@ -67,7 +67,7 @@ QTextCursor TokenSelection::TokenUnder(const QPoint& place) const {
   if (token.length == 0) token = TokenAt(line, isBefore ? gap : gap - 1);
   if (token.length == 0) return cursor;
   cursor.setPosition(cursor.block().position() + token.start);
-  cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor, token.length);
+  cursor.setPosition(cursor.position() + token.length, QTextCursor::KeepAnchor);
   return cursor;
 }
 

@@ -93,7 +93,7 @@ TEST_F(TextAreaTest, ADoubleClickSelectsTheWholeNumberOrName) {
       {"x1=3", 1, "x1"},
       {"1,234,567+1", 3, "1,234,567"},
       {"(1,000)", 1, "1"},
-      {"été_b/2", 1, "été_b"},
+      {"é𝑥_b/2", 1, "é𝑥_b"},
   };
   for (const auto& [line, index, selected] : cases) {
     area.SetText(line);
