@@ -1,5 +1,6 @@
 #include "shell/win_preferences.h"
 
+#include <QSignalBlocker>
 #include <algorithm>
 #include <array>
 
@@ -101,7 +102,10 @@ void winPreferences::ChooseTextSize(Int32 size) {
   Preferences::TextSize = size;
   for (Int32 i = WindowCount() - 1; i >= 0; --i)
     if (auto* equation = dynamic_cast<winSumlet*>(&WindowAt(i))) equation->ApplyTextSize(size);
-  if (const auto* open = OpenWindow<winPreferences>()) open->popSize().setCurrentText(ToQString(Str(size)));
+  const auto* open = OpenWindow<winPreferences>();
+  if (open == nullptr) return;
+  const QSignalBlocker blocker(open->popSize());
+  open->popSize().setCurrentText(ToQString(Str(size)));
 }
 
 void winPreferences::chkRestoreEquations_Action() {
