@@ -50,7 +50,7 @@ class WindowMenuBar final : public QMenuBar {
 
 // Text controls would type the letter of Alt and a letter that no menu has. AltGr is a modifier of its own, or Ctrl and
 // Alt; on macOS Alt itself types characters.
-bool IsAltCharacter(const QKeyEvent& key) {
+bool IsAltCharacter([[maybe_unused]] const QKeyEvent& key) {
 #if defined(Q_OS_MACOS)
   return false;
 #else
