@@ -40,7 +40,7 @@ class Faults(RunningProgram):
         subprocess.run(["dd", "if=/dev/zero", f"of={self.data}/ballast"], stderr=subprocess.DEVNULL, check=False)
 
     def remount(self, how):
-        subprocess.run(["mount", "-o", f"remount,{how}", self.data], check=True)
+        subprocess.run(["mount", "-o", f"remount,bind,{how}", self.data], check=True)
 
     def test_a_disk_that_takes_nothing_keeps_what_it_has(self):
         self.mount_small_disk()
