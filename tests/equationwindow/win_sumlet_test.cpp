@@ -103,7 +103,7 @@ TEST_F(WinSumlet, RestoredResultIsSeenWhole) {
   }
 }
 
-using FamilyAndHinting = std::pair<String, QFont::HintingPreference>;
+using FamilyAndHinting = std::tuple<String, QFont::HintingPreference>;
 class WinSumletFonts : public WinSumlet, public testing::WithParamInterface<FamilyAndHinting> {};
 
 TEST_P(WinSumletFonts, ResultThatFitsIsSeenWhole) {
@@ -131,11 +131,8 @@ TEST_P(WinSumletFonts, ResultThatFitsIsSeenWhole) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, WinSumletFonts,
-                         testing::Values(FamilyAndHinting("DejaVu Sans", QFont::PreferFullHinting),
-                                         FamilyAndHinting("DejaVu Sans", QFont::PreferNoHinting),
-                                         FamilyAndHinting("Noto Sans", QFont::PreferDefaultHinting),
-                                         FamilyAndHinting("Liberation Sans", QFont::PreferDefaultHinting),
-                                         FamilyAndHinting("Cantarell", QFont::PreferDefaultHinting)));
+                         testing::Combine(testing::Values("DejaVu Sans", "Noto Sans", "Liberation Sans", "Cantarell"),
+                                          testing::Values(QFont::PreferFullHinting, QFont::PreferNoHinting)));
 
 TEST_F(WinSumlet, CaretStaysVisible) {
   const auto caretIsVisible = [this] { return input.viewport()->rect().contains(input.cursorRect()); };
@@ -151,7 +148,7 @@ TEST_F(WinSumlet, CaretStaysVisible) {
   EXPECT_TRUE(caretIsVisible()) << "in larger text";
   input.verticalScrollBar()->setValue(0);
   window->SetHeight(110);
-  EXPECT_EQ(input.verticalScrollBar()->value(), 0) << "after it was scrolled out";
+  EXPECT_FALSE(caretIsVisible()) << "after it was scrolled out";
 }
 
 // At such a size neither area has room for a whole line.
