@@ -43,11 +43,12 @@ QString WithBreaks(const QString& text) {
   return broken;
 }
 
-// The window that the user looks at; an alert in front of it cannot be overlooked.
+// The window that the user looks at; an alert in front of it cannot be overlooked. A window that has just opened is in
+// front before it is active.
 QWidget* AlertParent() {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-  if (QWidget* active = QApplication::activeWindow()) return active;
-  return WindowCount() > 0 && WindowAt(0).isVisible() ? &WindowAt(0) : nullptr;
+  if (WindowCount() > 0 && WindowAt(0).isVisible()) return &WindowAt(0);
+  return QApplication::activeWindow();
 }
 
 // Its owner is the window in front of which it stands, which may go while it stands.
