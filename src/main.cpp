@@ -40,7 +40,8 @@ constexpr char help[] =
     "      --version  print the version and end\n"
     "      --         take everything behind it as the name of a file\n"
     "\n"
-    "Exit status: 0, also when the files were handed over; 1 without a display; 2 when an option is wrong.\n";
+    "Exit status: 0, also when the files were handed over; 1 without a display, or when a running Sumlet does not\n"
+    "answer; 2 when an option is wrong.\n";
 
 // A session manager starts a program again with "-session" and a name for it. The windows come back without.
 constexpr Program program{"sumlet", SUMLET_VERSION, help, "-session"};
@@ -58,10 +59,8 @@ int EndUnanswered() {
   return EXIT_FAILURE;
 }
 
-int Run(Descriptor requests, const std::vector<String>& files) {
-  std::optional<NoDisplayEndsProgram> noDisplay(std::in_place);
-  Application application;
-  noDisplay.reset();
+// Names the program to the desktop, and connects the lower layers with it.
+void SetUp() {
   Application::setApplicationName(QStringLiteral("sumlet"));
   Application::setDesktopFileName(QStringLiteral("com.fernhill.sumlet"));
   Application::setApplicationVersion(QStringLiteral(SUMLET_VERSION));
@@ -70,6 +69,13 @@ int Run(Descriptor requests, const std::vector<String>& files) {
   InstallBrowser();
   InstallClipboard();
   App::ConnectSettings();
+}
+
+int Run(Descriptor requests, const std::vector<String>& files) {
+  std::optional<NoDisplayEndsProgram> noDisplay(std::in_place);
+  Application application;
+  noDisplay.reset();
+  SetUp();
   const CaretRest caretRest;
 
   App app;
