@@ -1,6 +1,6 @@
 // The formats are those of the lines' layouts and not of the text. Formats of the text would enter the undo history and
 // count as changes of it, and so would Qt's own highlighter. But layout formats do not grow with the text, and an input
-// method replaces all of them. So each line remembers its color, and its formats are written again after each change.
+// method replaces all of them. So each line remembers its colour, and its formats are written again after each change.
 //
 // Qt shapes a run of combining marks in time that grows with the square of its length: minutes for a megabyte. A format
 // of its own for each piece of a long run makes Qt shape piece by piece. Leaving shaping out in the pieces saves more
@@ -20,10 +20,10 @@ using FormatRange = QTextLayout::FormatRange;
 constexpr int longestRun = 64;    // UTF-16 units; no written language comes near it
 constexpr int firstMark = 0x300;  // the lowest code point of a combining mark
 
-// Marks the formats written here, and tells those of neighboring pieces apart: equal ones would be joined.
+// Marks the formats written here. Its value differs between neighbouring pieces, because Qt joins equal formats.
 constexpr int pieceNumber = QTextFormat::UserProperty;
 
-// The color of the beginning of a line.
+// The colour of the beginning of a line.
 struct ColoredBeginning final : QTextBlockUserData {
   ColoredBeginning(const QColor& newColor, int newLength) : color(newColor), length(newLength) {}
   QColor color;
@@ -141,7 +141,7 @@ void LineFormats::Follow(int position, int removed, int added) {
     Write(block);
 }
 
-// What is typed or pasted into a colored line takes its color, also where it brings line ends; what follows a removed
+// What is typed or pasted into a coloured line takes its colour, also where it brings line ends; what follows a removed
 // line end keeps the ordinary one. Text added at the very end is ordinary.
 void LineFormats::FollowColor(int position, int removed, int added) {
   QTextBlock block = document_->findBlock(position);

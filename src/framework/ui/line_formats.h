@@ -1,4 +1,4 @@
-// LineFormats: how the lines of a text document are drawn: their colors, and runs of combining marks in a way that
+// LineFormats: how the lines of a text document are drawn: their colours, and runs of combining marks in a way that
 // stays fast. It never changes the text: it adds no undo step, raises no text change and moves neither caret nor scroll
 // bar.
 #pragma once
@@ -17,8 +17,8 @@ class LineFormats : public QObject {
   // Belongs to the document.
   explicit LineFormats(QTextDocument* document);
 
-  // Colors line i in colors[i]. An invalid color, or none, is the ordinary color of the text. A line in which an input
-  // method composes takes its color at the next EndComposition.
+  // Colours line i in colors[i]. An invalid colour, or none, is the ordinary colour of the text. A line in which an
+  // input method composes takes its colour at the next EndComposition.
   void Apply(const std::vector<QColor>& colors);
 
   // To be called around the handling of an input method's event, which replaces the formats of its line and reports the
