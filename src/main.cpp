@@ -33,15 +33,15 @@ constexpr std::chrono::seconds handOverPatience(9);
 
 constexpr char help[] =
     "Usage: sumlet [FILE...]\n"
-    "Opens the calculator, and each FILE as an equation in a window of its own. If Sumlet runs already, it opens "
-    "them.\n"
+    "Opens the calculator, and each FILE as an equation in a window of its own.\n"
+    "If Sumlet runs already, it opens them.\n"
     "\n"
     "      --help     print this help and end\n"
     "      --version  print the version and end\n"
     "      --         take everything behind it as the name of a file\n"
     "\n"
-    "Exit status: 0, also when the files were handed over; 1 without a display, or when a running Sumlet does not\n"
-    "answer; 2 when an option is wrong.\n";
+    "Exit status: 0, also when the files were handed over; 1 without a display, or\n"
+    "when a running Sumlet does not answer; 2 when an option is wrong.\n";
 
 // A session manager starts a program again with "-session" and a name for it. The windows come back without.
 constexpr Program program{"sumlet", SUMLET_VERSION, help, "-session"};
