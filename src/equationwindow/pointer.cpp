@@ -1,4 +1,4 @@
-// What the mouse does in an equation window beside the editing of text.
+// Mouse actions of an equation window that its text areas do not handle.
 #include <QMouseEvent>
 #include <QWheelEvent>
 

@@ -47,9 +47,9 @@ void RegisterSection(Section section);
 extern std::unique_ptr<plist> pref;
 
 // Reads the file, or the recovery file where there is one, into the settings and the sections. What is missing takes
-// its default; damage is told by MsgBox, in words of KeyList. Where there is no file, or it cannot be opened, reads the
+// its default; MsgBox reports damage in the words of KeyList. Where there is no file, or it cannot be opened, reads the
 // older one, which is never written; where that is missing, too, everything takes its default. Damage there is not
-// told.
+// reported.
 void Load();
 
 // Writes the file anew. Where that is not possible it does nothing and says nothing. Flushes the file in the

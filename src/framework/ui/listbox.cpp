@@ -187,8 +187,8 @@ void Listbox::DrawText(CellGraphics& g, Int32 row, Int32 column) const {
   g.painter.drawText(space, side | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }
 
-// Whether the list draws the text of the cell, and not all of it. The handler is the one to say who draws: it draws
-// where nobody sees it.
+// Whether the list itself draws the text of the cell and has to cut it. Only the handler's result says who draws, so
+// the handler draws into a picture that is discarded.
 bool Listbox::IsCut(const QModelIndex& cell) const {
   const int width = columnWidth(cell.column());
   QImage unseen(1, 1, QImage::Format_RGB32);
