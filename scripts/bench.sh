@@ -45,7 +45,7 @@ if (($# > 0)); then sections=("$@"); fi
 ensure_packages build gui bench
 if [[ " ${sections[*]} " == *" peers "* ]]; then ensure_packages bench-peers; fi
 if [[ " ${sections[*]} " == *" start "* ]]; then ensure_packages screenshot bench-windows; fi
-build_preset release -DSUMLET_BUILD_BENCH=ON
+build_preset release -DSUMLET_BUILD_BENCH=ON -DSUMLET_STATIC_CXX=ON
 for section in "${sections[@]}"; do
   printf '\n== %s\n' "$section"
   "measure_$section"
