@@ -83,7 +83,7 @@ std::size_t MathClass::UnwrapNumber(RewriteBuffer& text) {
   const std::string_view number = Trimmed(before.substr(open + 1));
   if (!IsFinished(number, lastValue) || !IsPlainOpening(before, open)) return 0;
   const Nest nest = FindNest(before, text.After(), open);
-  ResultDetails.assign(before, open == 0 ? 0 : open - 1, open == 0 ? 0 : 1);
+  ResultDetails = String(open == 0 ? std::string_view() : before.substr(open - 1, 1));
   text.Replace(before.size() - open, nest.bytesAfter, String(number), SeamTrim::WhiteSpace);
   return nest.pairs;
 }
