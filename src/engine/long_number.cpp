@@ -3,7 +3,7 @@
 //
 // Behind the point, the places past the 1075th only decide that a value lies above a tie between two doubles; in front
 // of the point, any digit with more than 309 behind it makes an infinity. So a run of digits keeps a beginning and an
-// end, and one digit in the middle tells whether anything but zeros has been left out. Since digits written in front of
+// end, and one digit in the middle tells whether anything but zeros has been left out. Where digits written in front of
 // the number can end in a point, its first digits may be places behind one.
 #include "engine/long_number.h"
 
@@ -18,6 +18,8 @@ constexpr std::size_t keptBehind = 320;
 
 class Abridgement {
  public:
+  explicit Abridgement(bool pointMayPrecede) : front_(pointMayPrecede ? keptInFront : 0) {}
+
   // The digits and points of a field, up to the second point: whatever way it is read, it ends there.
   void AppendField(std::string_view field) {
     const std::size_t point = std::min(field.find('.'), field.size());
@@ -55,14 +57,14 @@ class Abridgement {
   }
 
   String text_;
-  std::size_t front_ = keptInFront;  // how many more of the digits behind the last point of the whole are kept
+  std::size_t front_;  // how many more of the digits behind the last point of the whole are kept
   int points_ = 0;
 };
 
 }  // namespace
 
-String AbridgedNumber(std::string_view number) {
-  Abridgement result;
+String AbridgedNumber(std::string_view number, bool pointMayPrecede) {
+  Abridgement result(pointMayPrecede);
   if (!number.empty() && number.front() == '-') {
     result.Append('-');
     number.remove_prefix(1);

@@ -15,7 +15,8 @@ inline constexpr std::size_t abridgingThreshold = 1024 * 1024;  // bytes of such
 
 // A shorter text, below 4000 bytes, that reads as the same double as `number`, whatever digits, points, commas and
 // signs are written in front of it and behind it; and so do the first two of the fields into which its commas divide
-// it. `number` is made of digits, ".", "," and a "-" in front.
-[[nodiscard]] String AbridgedNumber(std::string_view number);
+// it. Unless `pointMayPrecede`, only digits may be written in front of it, and the text can be shorter still. `number`
+// is made of digits, ".", "," and a "-" in front.
+[[nodiscard]] String AbridgedNumber(std::string_view number, bool pointMayPrecede = true);
 
 }  // namespace sumlet

@@ -104,6 +104,10 @@ class MathClass {
 
   // variables.cpp
   struct Substitution;
+  struct AbridgedValue {
+    String anywhere;
+    String behindOperator;  // where only digits may be written in front of it
+  };
   [[nodiscard]] static ValueForm FormOf(std::string_view value);
   void DefineBuiltIns();
   void AddVariable(std::string_view name, std::string_view value) { AddVariable(name, value, FormOf(value)); }
@@ -121,9 +125,9 @@ class MathClass {
 
   VariableIndex variables_;  // variable i is element i of varKey and varValue
   StraightLine straightLine_{variables_};
-  std::unordered_map<Int32, String> abridgedValues_;  // of long values, made when first wanted
-  std::size_t longValueBytes_ = 0;                    // of the long values put in during the run
-  Int32 randomIndex_ = -1;                            // of RND, whose value is never read
+  std::unordered_map<Int32, AbridgedValue> abridgedValues_;  // of long values, made when first wanted
+  std::size_t longValueBytes_ = 0;                           // of the long values put in during the run
+  Int32 randomIndex_ = -1;                                   // of RND, whose value is never read
 };
 
 }  // namespace sumlet

@@ -34,6 +34,18 @@ bool HoldsNumberOrOperator(std::string_view text) {
   return std::any_of(text.begin(), text.end(), tells);
 }
 
+// Whether what follows `text` is read behind an operator, or the sign of a number, and digits only. Parentheses and bars
+// go without a trace.
+bool FollowsOperator(std::string_view text) {
+  constexpr std::size_t reach = 64;  // characters; long texts are looked at once for each value
+  for (std::size_t i = 1; i <= std::min(text.size(), reach); ++i) {
+    const char c = text[text.size() - i];
+    if (IsIn(c, operatorSign)) return true;
+    if (c != ' ' && !IsDigit(c)) return false;
+  }
+  return false;
+}
+
 }  // namespace
 
 // One line on its way through the substitution.
@@ -151,8 +163,10 @@ void MathClass::AppendLongValue(Substitution& line, Int32 index) {
   const bool isComputed = line.isComputed || line.longValues > 0;
   ++line.longValues;
   if (isComputed && longValueBytes_ > abridgingThreshold) {
-    String& abridged = abridgedValues_[index];
-    if (abridged.empty()) abridged = AbridgedNumber(varValue[index]);
+    const bool pointMayPrecede = !FollowsOperator(line.result);
+    AbridgedValue& value = abridgedValues_[index];
+    String& abridged = pointMayPrecede ? value.anywhere : value.behindOperator;
+    if (abridged.empty()) abridged = AbridgedNumber(varValue[index], pointMayPrecede);
     line.result += abridged;
   } else {
     ++line.wholeLongValues;
