@@ -20,9 +20,8 @@
 //   1. A value needs no text on its way. Rewriting writes each computed value with ten decimals and reads it back;
 //      RoundToTenPlaces gives the same double. A value that is not finite would become a word: declined.
 //   2. Each rewriting finds the operands that the grammar gives. Rewriting looks for the ends of an operand among
-//   digits,
-//      blanks and signs. Operands here have an operator, a parenthesis or a comma between them, which ends that search,
-//      and each value leaves such a text behind.
+//      digits, blanks and signs. Operands here have an operator, a parenthesis or a comma between them, which ends that
+//      search, and each value leaves such a text behind.
 //   3. A "-" in front of an operand is a part of it, for rewriting as for the walk, so it binds before a power. It can
 //      meet the "-" of a negative value. Two signs at the beginning of a text cancel, but elsewhere a power would take
 //      the second one only: "-" in front of a negative value is taken only where the operand begins the expression, a
@@ -31,13 +30,10 @@
 //
 // Why the rest is the same
 //
-//   5. The text of a computed value is ValueText of its double. A value that nothing computed keeps the text that it
-//   has in
-//      the line or in its variable. "-0" would be a text of its own: a computed value that is a negative zero is
-//      declined.
-//   6. Rewriting tries names in front of each parenthesis, from the longest possible length down, and the last one
-//   tried
-//      in vain stays in ResultDetails: NameTriedLast.
+//   5. The text of a computed value is ValueText of its double. A value that nothing computed keeps the text that
+//      it has in the line or in its variable. "-0" would be a text of its own: a computed negative zero is declined.
+//   6. Rewriting tries names in front of each parenthesis, from the longest possible length down. The last one tried in
+//      vain stays in ResultDetails: NameTriedLast.
 #pragma once
 
 #include <cstdint>
