@@ -287,7 +287,7 @@ void TextArea::inputMethodEvent(QInputMethodEvent* event) {
 
 QVariant TextArea::inputMethodQuery(Qt::InputMethodQuery query) const {
   if (typingReceiver_ == nullptr) return QPlainTextEdit::inputMethodQuery(query);
-  const QVariant answer = typingReceiver_->inputMethodQuery(query);
+  QVariant answer = typingReceiver_->inputMethodQuery(query);
   if (!answer.canConvert<QRectF>()) return answer;
   return answer.toRectF().translated(typingReceiver_->viewport()->mapTo(window(), QPoint()) -
                                      viewport()->mapTo(window(), QPoint()));
