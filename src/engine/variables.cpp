@@ -34,8 +34,8 @@ bool HoldsNumberOrOperator(std::string_view text) {
   return std::any_of(text.begin(), text.end(), tells);
 }
 
-// Whether what follows `text` is read behind an operator, or the sign of a number, and digits only. Parentheses and bars
-// go without a trace.
+// Whether what follows `text` is read behind an operator, or the sign of a number, and digits only. Parentheses and
+// bars go without a trace.
 bool FollowsOperator(std::string_view text) {
   constexpr std::size_t reach = 64;  // characters; long texts are looked at once for each value
   for (std::size_t i = 1; i <= std::min(text.size(), reach); ++i) {
