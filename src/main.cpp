@@ -1,4 +1,5 @@
 // The window program: wires the parts together and runs them.
+#include <QScopeGuard>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -71,9 +72,19 @@ void SetUp() {
   App::ConnectSettings();
 }
 
+// Ends the process with `status` in place of destroying the toolkit on Wayland: its plug-in sometimes waits for its own
+// thread for ever. Everything is saved by then.
+auto SkipEndOnWayland(const int& status) {
+  return qScopeGuard([&status] {
+    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) std::_Exit(status);
+  });
+}
+
 int Run(Descriptor requests, const std::vector<String>& files) {
+  int status = EXIT_SUCCESS;
   std::optional<NoDisplayEndsProgram> noDisplay(std::in_place);
   Application application;
+  const auto end = SkipEndOnWayland(status);
   noDisplay.reset();
   SetUp();
   const CaretRest caretRest;
@@ -107,7 +118,8 @@ int Run(Descriptor requests, const std::vector<String>& files) {
 
   QMetaObject::invokeMethod(
       &application, [&app] { app.Event_Open(); }, Qt::QueuedConnection);
-  return Application::exec();
+  status = Application::exec();
+  return status;
 }
 
 }  // namespace
