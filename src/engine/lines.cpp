@@ -24,10 +24,12 @@ String MathClass::Evaluate() {
     LastLineEvaluated = index;
     line = Trimmed(line);
     if (line.empty() || IsComment(line)) continue;
-    if (EvaluateStraight(line, running)) continue;
-    ReduceLevel = 0;
-    running = Reduce(line);
-    if (ResultIsError(running)) break;
+    if (!EvaluateStraight(line, running)) {
+      ReduceLevel = 0;
+      running = Reduce(line);
+      if (ResultIsError(running)) break;
+    }
+    if (LineObserver) LineObserver(index, running);
   }
   Result = running;
   return Result;

@@ -8,6 +8,7 @@
 // An error is a result text that holds the word "Error", and nothing else is: ResultIsError is the one test.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -57,6 +58,15 @@ class MathClass {
   // last line that is no comment and not blank, or the error; Result holds the same text. Never fails otherwise,
   // whatever the text.
   virtual String Evaluate();
+
+  // Observer of the runs; empty by default, which costs nothing. Evaluate calls it once for each line that has a value,
+  // in the order of the lines and before it goes on to the next one. These are the expressions and assignments ahead of
+  // the first that fails: comments, blank lines, the failed line and those below it are left out.
+  //
+  // `line` is the 0-based index of the line, counted as LastLineEvaluated is. `value` is what Evaluate would return if
+  // the equation ended with that line. It can be empty, as that of "()", is never an error, and is valid during the
+  // call only. The observer must not change this object. What it throws leaves Evaluate, and the next run starts anew.
+  std::function<void(Int32 line, std::string_view value)> LineObserver;
 
   // Whether `text` (or Result) is an error: it holds the word "Error", in any case.
   [[nodiscard]] virtual bool ResultIsError() const;

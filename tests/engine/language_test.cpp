@@ -28,6 +28,17 @@ TEST(Language, WorkedExamples) {
   }
 }
 
+// One line with a value of each kind, by the walk and by rewriting, and each kind that has none.
+TEST(Language, ObserverReceivesTheValueOfEachLine) {
+  MathClass math("x = 2\n# 1\r\n x*21\r\n\nfrac(2.5)\r2x\n()\ny = -x\n y\n2+*3\n7");
+  String values;
+  math.LineObserver = [&values](Int32 line, std::string_view value) {
+    values.append(std::to_string(line)).append(": ").append(value).append("; ");
+  };
+  EXPECT_TRUE(math.ResultIsError(math.Evaluate()));
+  EXPECT_EQ(values, "0: 2; 2: 42; 4: \"2 1/2\"; 5: 4; 6: ; 7: -2; 8: -2; ");
+}
+
 // A random number below 0.0001 is written with an exponent, and its line then fails for the letter in it; so a few
 // tries.
 String EvaluateRandom(const char* text) {
