@@ -1,5 +1,6 @@
-// The settings file: whatever its content, loading it ends with settings, templates and windows, and what is stored of
-// them then comes back the same.
+// The settings and the recovery file: whatever their content, loading ends with settings, templates and windows, and
+// storing and loading these again changes nothing. A whole recovery file replaces the settings file, a damaged one does
+// not.
 //
 // The windows are the fields of an equation window's record. The file is a real one, since that is the only way in.
 #include <cstdlib>
@@ -7,6 +8,7 @@
 #include <utility>
 
 #include "check.h"
+#include "persistence/recovery.h"
 #include "persistence/stored_bytes.h"
 #include "temporary_folder.h"
 
@@ -30,9 +32,13 @@ std::vector<const MyWindowManager::StoredWindow*> StoredWindows() {
   return stored;
 }
 
+// The settings file in a folder of this process, in memory where the system has such folders: rename on a disk waits
+// for it.
 std::filesystem::path PreparedFile() {
+  if (std::filesystem::is_directory("/dev/shm")) setenv("TMPDIR", "/dev/shm", 0);
   static const TemporaryFolder folder;
   setenv("XDG_DATA_HOME", folder.Path().c_str(), 1);
+  setenv("XDG_CONFIG_HOME", folder.Path().c_str(), 1);
   RegisterStores();
   MyWindowManager::SetWindowList(StoredWindows);
   MyWindowManager::RegisterRestorer({"template", RestoreChooser});
@@ -40,7 +46,30 @@ std::filesystem::path PreparedFile() {
   return Preferences::GetPrefFile(true).value().Path();
 }
 
-// A list whose first bytes look like a tag is taken for the text form, which is known and bears no reading back.
+void Write(const std::filesystem::path& path, std::string_view content) {
+  std::ofstream(path, std::ios::binary) << content;
+}
+
+// What a start with the present files loads.
+struct Loaded {
+  [[nodiscard]] bool operator==(const Loaded&) const = default;
+  std::vector<String> settings;
+  String templates;
+  std::vector<FakeWindow> openWindows;
+};
+
+Loaded LoadFiles() {
+  windows.clear();
+  const std::vector<String> alerts = AlertsOf(Preferences::Load);
+  // One for the file's own list, and for the templates and for the windows one each and one for each kind of damage.
+  Check(alerts.size() <= 1 + 2 * 256, "each kind of damage is reported once");
+  const bool flags[] = {Preferences::TemplatesOpen, Preferences::RememberEquations, Preferences::ShownReviewDialog};
+  std::vector<String> settings = {Str(Preferences::RunCount), Str(Preferences::TextSize)};
+  for (const bool flag : flags) settings.emplace_back(flag ? "True" : "False");
+  return {std::move(settings), Templates(), windows};
+}
+
+// Says whether the reader may take `list` for the text form. Such a list is not read back, which is a known limit.
 bool MayLookLikeText(std::string_view list) {
   return list.find('<') != std::string_view::npos && list.find('>') != std::string_view::npos;
 }
@@ -65,25 +94,63 @@ void CheckWindowsComeBack() {
   Check(windows == before, "the windows come back");
 }
 
+// Loads `input` as the recovery file beside the present settings file, and deletes it. `without` is what a start
+// without a recovery file loads, `replaced` what one with `input` as the settings file does.
+void CheckRecovery(const FolderItem& settings, std::string_view input, const Loaded& without, const Loaded& replaced) {
+  const FolderItem recovery(settings.Path().parent_path() / "recovery");
+  const FolderItem damaged(settings.Path().parent_path() / "recovery.damaged");
+  Write(recovery.Path(), input);
+  const Loaded loaded = LoadFiles();
+  if (Preferences::HasRecovery()) {
+    Check(loaded == replaced, "a whole recovery file is loaded in place of the settings file");
+    Check(recovery.ReadBinaryFile() == input, "loading leaves a whole recovery file as it is");
+    recovery.Delete();
+  } else {
+    Check(loaded == without, "a damaged recovery file is ignored");
+    Check(damaged.ReadBinaryFile() == input, "a damaged recovery file is kept under another name");
+    damaged.Delete();
+  }
+}
+
+// `whole` is the content of a recovery file; one byte more or less damages it.
+void CheckDamageIsSeen(const FolderItem& settings, const String& whole) {
+  const std::filesystem::path recovery = settings.Path().parent_path() / "recovery";
+  for (const String& content : {whole.substr(0, whole.size() - 1), whole + '\0'}) {
+    Write(recovery, content);
+    Check(!Recovery::Read(settings), "a recovery file that is cut or has trailing data is damaged");
+  }
+}
+
+void CheckSavedRecovery(const FolderItem& settings) {
+  Check(Preferences::SaveRecovery(), "nothing else writes the recovery file");
+  Preferences::FinishSaving();
+  const FolderItem recovery(settings.Path().parent_path() / "recovery");
+  const std::optional<String> content = recovery.ReadBinaryFile();
+  Check(content && Recovery::Read(settings) == content, "a recovery file that is written is whole");
+  CheckDamageIsSeen(settings, *content);
+}
+
 }  // namespace
 
 void CheckInput(std::string_view input) {
-  static const std::filesystem::path file = PreparedFile();
-  std::ofstream(file, std::ios::binary) << input;
-  windows.clear();
-  const std::vector<String> alerts = AlertsOf(Preferences::Load);
-  // One for the file's own list, and of the templates and the windows one for the whole and one for each kind of
-  // damage.
-  Check(alerts.size() <= 1 + 2 * 256, "no damage is told again and again");
+  static const FolderItem file(PreparedFile());
+  static const String other = Bytes({{"RunCount", "3"}, {"TextSize", "20"}});
+  static const Loaded defaults = LoadFiles();
+  Write(file.Path(), other);
+  static const Loaded others = LoadFiles();
+  Write(file.Path(), input);
+  const Loaded loaded = LoadFiles();
   AlertsOf(CheckTemplatesComeBack);
   AlertsOf(CheckWindowsComeBack);
 
-  // The same as a recovery file, which is loaded when it is whole, and else renamed.
-  const std::filesystem::path recovery = file.parent_path() / "recovery";
-  std::ofstream(recovery, std::ios::binary) << input;
-  windows.clear();
-  AlertsOf(Preferences::Load);
-  std::filesystem::remove(recovery);
+  if (input.size() % 2 == 0) {
+    Write(file.Path(), other);
+    CheckRecovery(file, input, others, loaded);
+  } else {
+    file.Delete();
+    CheckRecovery(file, input, defaults, loaded);
+  }
+  if (input.size() % 32 == 0) CheckSavedRecovery(file);  // waits for a thread, which is slow
 }
 
 }  // namespace sumlet
