@@ -49,17 +49,6 @@ constexpr Program program{"sumlet", SUMLET_VERSION, help, "-session"};
 
 std::vector<FolderItem> ItemsOf(const std::vector<String>& paths) { return {paths.begin(), paths.end()}; }
 
-// The message goes to the standard error output as well, because there may be no display.
-int EndUnanswered() {
-  constexpr char message[] = "Sumlet is already running, but it does not answer.";
-  std::fprintf(stderr, "sumlet: %s\n", message);
-  const NoDisplayEndsProgram noDisplay;
-  const Application application;
-  InstallDialogs();
-  MsgBox(message);
-  return EXIT_FAILURE;
-}
-
 // Names the program to the desktop, and connects the lower layers with it.
 void SetUp() {
   Application::setApplicationName(QStringLiteral("sumlet"));
@@ -78,6 +67,19 @@ auto SkipEndOnWayland(const int& status) {
   return qScopeGuard([&status] {
     if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) std::_Exit(status);
   });
+}
+
+// The message goes to the standard error output as well, because there may be no display.
+int EndUnanswered() {
+  constexpr char message[] = "Sumlet is already running, but it does not answer.";
+  constexpr int status = EXIT_FAILURE;
+  std::fprintf(stderr, "sumlet: %s\n", message);
+  const NoDisplayEndsProgram noDisplay;
+  const Application application;
+  const auto end = SkipEndOnWayland(status);
+  InstallDialogs();
+  MsgBox(message);
+  return status;
 }
 
 int Run(Descriptor requests, const std::vector<String>& files) {
