@@ -44,7 +44,8 @@ constexpr char help[] =
     "Exit status: 0, also when the files were handed over; 1 without a display, or\n"
     "when a running Sumlet does not answer; 2 when an option is wrong.\n";
 
-// A session manager starts a program again with "-session" and a name for it. The windows come back without.
+// A session manager starts a program again with "-session" and a name for it, and waits until the program registers
+// under that name.
 constexpr Program program{"sumlet", SUMLET_VERSION, help, "-session"};
 
 std::vector<FolderItem> ItemsOf(const std::vector<String>& paths) { return {paths.begin(), paths.end()}; }
@@ -82,10 +83,10 @@ int EndUnanswered() {
   return status;
 }
 
-int Run(Descriptor requests, const std::vector<String>& files) {
+int Run(Descriptor requests, const CommandLine& line, const std::vector<String>& files) {
   int status = EXIT_SUCCESS;
   std::optional<NoDisplayEndsProgram> noDisplay(std::in_place);
-  Application application;
+  Application application(line.session);
   const auto end = SkipEndOnWayland(status);
   noDisplay.reset();
   SetUp();
@@ -142,5 +143,5 @@ int main(int count, char** arguments) {
   Claim claim = ClaimInstance(MeetingPlaceOfSettings(), *message, handOverPatience);
   if (claim.start == Start::HandedOver) return EXIT_SUCCESS;
   if (claim.start == Start::Unanswered) return EndUnanswered();
-  return Run(std::move(claim.requests), request.files);
+  return Run(std::move(claim.requests), line, request.files);
 }

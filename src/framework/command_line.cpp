@@ -31,8 +31,8 @@ CommandLine ReadCommandLine(const Program& program, int count, char** arguments)
       line.names.push_back(arguments[i]);
     } else if (argument == "--") {
       areOptionsOver = true;
-    } else if (argument == program.ignoredOption) {
-      ++i;
+    } else if (argument == program.sessionOption) {
+      if (++i < count) line.session = arguments[i];
     } else {
       line.exitStatus = RunOption(program, argument);
       return line;

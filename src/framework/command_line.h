@@ -11,11 +11,12 @@ struct Program {
   const char* name;
   const char* version;
   const char* help;                     // what --help prints, with its line feeds
-  std::string_view ignoredOption = {};  // an option whose value, the next argument, is of no use; empty for none
+  std::string_view sessionOption = {};  // the option whose value, the next argument, names the session; empty for none
 };
 
 struct CommandLine {
   std::vector<const char*> names;      // pointers into the arguments
+  const char* session = nullptr;       // value of the session option, if it is there
   std::optional<int> exitStatus = {};  // set when the process has nothing more to do
 };
 

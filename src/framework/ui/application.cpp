@@ -22,8 +22,19 @@ namespace {
 
 constexpr char outOfMemory[] = "too little memory";
 char programName[] = "sumlet";
-char* programArguments[] = {programName, nullptr};
-int argumentCount = 1;  // the toolkit keeps a reference
+char sessionOption[] = "-session";
+
+// The toolkit's arguments. It keeps references to both.
+char* programArguments[] = {programName, nullptr, nullptr, nullptr};
+int argumentCount = 1;
+
+int& SetArguments(const char* session) {
+  if (session) {
+    programArguments[argumentCount++] = sessionOption;
+    programArguments[argumentCount++] = const_cast<char*>(session);  // the toolkit only reads it
+  }
+  return argumentCount;
+}
 
 // Screen readers look for frames and dialogs. To the toolkit a plain widget is neither, and an alert is a role of its
 // own.
@@ -43,7 +54,7 @@ QAccessibleInterface* NewAccessibleWindow(const QString& /*className*/, QObject*
 
 }  // namespace
 
-Application::Application() : QApplication(argumentCount, programArguments) {
+Application::Application(const char* session) : QApplication(SetArguments(session), programArguments) {
   setQuitOnLastWindowClosed(false);
   QAccessible::installFactory(NewAccessibleWindow);
   // The session manager's message comes through its own library, not as an event.
@@ -51,6 +62,14 @@ Application::Application() : QApplication(argumentCount, programArguments) {
       this, &QGuiApplication::commitDataRequest, this,
       [this](QSessionManager&) {
         if (SessionEnding) RunEvent(SessionEnding);
+      },
+      Qt::DirectConnection);
+  // The toolkit's own command has a name without a folder, and sometimes an option that the program does not know.
+  connect(
+      this, &QGuiApplication::saveStateRequest, this,
+      [](QSessionManager& manager) {
+        const QString name = manager.sessionId() + QLatin1Char('_') + manager.sessionKey();
+        manager.setRestartCommand({applicationFilePath(), QLatin1String(sessionOption), name});
       },
       Qt::DirectConnection);
 }

@@ -8,8 +8,9 @@ namespace sumlet {
 
 class Application final : public QApplication {
  public:
-  // The arguments are neither read nor changed: the toolkit's own options are not offered.
-  Application();
+  // `session` is the name under which a session manager starts the program again, or nullptr. The program registers
+  // with the session manager under that name. The toolkit's own options are not offered.
+  explicit Application(const char* session = nullptr);
 
   // Takes the place of the toolkit closing the windows by itself when the desktop or the session manager says to quit.
   std::function<void()> QuitRequested;

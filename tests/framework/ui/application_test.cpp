@@ -51,6 +51,8 @@ TEST_F(Faults, EndTheirEventAndAreToldOneAtATime) {
   EXPECT_THROW(application.RunEvent([] { throw std::logic_error(""); }), std::logic_error) << "no fault of the event";
 }
 
+TEST(Application, RegistersUnderTheNameOfItsSession) { EXPECT_EQ(qApp->sessionId(), "session"); }
+
 TEST(Dialogs, AlertText) {
   const String word(40, 'w');
   String lines, tens;

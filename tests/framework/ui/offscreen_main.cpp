@@ -7,6 +7,6 @@ int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   qputenv("QT_QPA_PLATFORM", "offscreen");
   if (argc > 1) qputenv("QT_SCALE_FACTOR", argv[1]);
-  const sumlet::Application application;
+  const sumlet::Application application("session_key");
   return RUN_ALL_TESTS();
 }
