@@ -15,7 +15,7 @@ fonts="fonts-dejavu-core fonts-noto-core fonts-liberation fonts-cantarell"
 # This is the one list of packages. A group is what one kind of work needs on a bare Debian 12.
 declare -A packageGroups=(
   [build]="cmake g++ ninja-build ccache pkg-config libutf8proc-dev"
-  [gui]="qt6-base-dev fonts-dejavu-core x11-utils"
+  [gui]="qt6-base-dev libxcb1-dev fonts-dejavu-core x11-utils"
   [test]="libgtest-dev python3 libplist-utils faketime python3-pyatspi at-spi2-core dbus-daemon weston qt6-wayland strace procps $fonts"
   [gates]="clang-format-14 clang-tidy-14"
   [fuzz]="clang-14 libclang-rt-14-dev"

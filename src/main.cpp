@@ -22,6 +22,7 @@
 #include "shell/single_instance.h"
 #include "shell/start_message.h"
 #include "shell/start_requests.h"
+#include "shell/startup_notice.h"
 #include "shell/status_tray.h"
 #include "templates/templates_manager.h"
 #include "templates/win_templates.h"
@@ -141,7 +142,10 @@ int main(int count, char** arguments) {
     return 2;
   }
   Claim claim = ClaimInstance(MeetingPlaceOfSettings(), *message, handOverPatience);
-  if (claim.start == Start::HandedOver) return EXIT_SUCCESS;
+  if (claim.start == Start::HandedOver) {
+    EndStartupNotice();
+    return EXIT_SUCCESS;
+  }
   if (claim.start == Start::Unanswered) return EndUnanswered();
   return Run(std::move(claim.requests), line, request.files);
 }

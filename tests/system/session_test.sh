@@ -3,7 +3,11 @@
 # once more beside itself: session_test.sh PROGRAM. Status 77 where a tool that this needs is missing.
 source "$(dirname "${BASH_SOURCE[0]}")/desktop.sh"
 
-start_again() { env "${programEnvironment[@]}" "$1" || give_up "the second start ended with status $?"; }
+start_again() {
+  env "${programEnvironment[@]}" DESKTOP_STARTUP_ID=start "$1" || give_up "the second start ended with status $?"
+}
+root_is_watched() { xprop -root -format seen 8s -set seen yes && test -s "$virtualFolder/root.log"; }
+notice_has_ended() { grep -q STARTUP_INFO_BEGIN "$virtualFolder/root.log"; }
 
 windows() { xdotool search --onlyvisible --pid "$program" --class '^Sumlet$'; }
 shows() { (($({ windows || true; } | wc -l) == $1)); }
@@ -43,8 +47,11 @@ xdotool windowminimize "$back"
 expect_shown 1
 xdotool windowminimize "$front"
 expect_shown 0
+in_background root xev -root -event property
+wait_for 10 root_is_watched || give_up "the events of the root window cannot be seen"
 start_again "$1"
 expect_text $'x=5\nx/2'
+wait_for 10 notice_has_ended || give_up "the desktop still shows that the program starts"
 quit INT
 expect_stored '500 350 300 200 x=5' 'x/2' '100 80 365 234 6*7'
 
