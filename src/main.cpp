@@ -53,7 +53,7 @@ std::vector<FolderItem> ItemsOf(const std::vector<String>& paths) { return {path
 
 // Names the program to the desktop, and connects the lower layers with it.
 void SetUp() {
-  Application::setApplicationName(QStringLiteral("sumlet"));
+  Application::setApplicationName(QStringLiteral("Sumlet"));
   Application::setDesktopFileName(QStringLiteral("com.fernhill.sumlet"));
   Application::setApplicationVersion(QStringLiteral(SUMLET_VERSION));
   Application::setWindowIcon(WindowIcon());

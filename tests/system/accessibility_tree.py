@@ -47,7 +47,7 @@ def has(accessible, *states):
 
 def window(name, role=pyatspi.ROLE_FRAME):
     def find():
-        programs = [program for program in pyatspi.Registry.getDesktop(0) if program.name == "sumlet"]
+        programs = [program for program in pyatspi.Registry.getDesktop(0) if program.name == "Sumlet"]
         return next((w for p in programs for w in p
                      if w.name == name and w.getRole() == role and has(w, pyatspi.STATE_ACTIVE)), None)
 
