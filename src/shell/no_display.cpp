@@ -3,6 +3,7 @@
 // it finds one; its own last message ahead of the abort says the same for all reasons.
 #include "shell/no_display.h"
 
+#include <QString>
 #include <cstdio>
 #include <cstdlib>
 
@@ -17,6 +18,10 @@ void EndOnFatal(QtMsgType type, const QMessageLogContext& context, const QString
     return;
   }
   std::fputs("sumlet: there is no display to show a window on\n", stderr);
+  // The message lists the plug-ins that are installed.
+  if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && !message.contains(QLatin1String("wayland")))
+    std::fputs("sumlet: Qt's plug-in for Wayland is not installed; on Debian it is in the package qt6-wayland\n",
+               stderr);
   std::_Exit(EXIT_FAILURE);
 }
 
