@@ -41,7 +41,7 @@ void CheckLines(const String& text) {
 }  // namespace
 
 void CheckInput(std::string_view input) {
-  const String text = DecodeText(input);
+  const String text = DecodeText(String(input));
   CheckDecoding(input, text);
   CheckLines(text);
 }

@@ -38,7 +38,7 @@ constexpr char help[] =
     "Opens the calculator, and each FILE as an equation in a window of its own.\n"
     "If Sumlet runs already, it opens them.\n"
     "\n"
-    "      --help     print this help and end\n"
+    "  -h, --help     print this help and end\n"
     "      --version  print the version and end\n"
     "      --         take everything behind it as the name of a file\n"
     "\n"
@@ -47,7 +47,11 @@ constexpr char help[] =
 
 // A session manager starts a program again with "-session" and a name for it, and waits until the program registers
 // under that name.
-constexpr Program program{"sumlet", SUMLET_VERSION, help, "-session"};
+constexpr Option options[] = {{"-session", true}};
+constexpr Program program{"sumlet", SUMLET_VERSION, help, options};
+
+// nullptr without a session to come back from.
+const char* SessionOf(const CommandLine& line) { return line.options.empty() ? nullptr : line.options.back().value; }
 
 std::vector<FolderItem> ItemsOf(const std::vector<String>& paths) { return {paths.begin(), paths.end()}; }
 
@@ -87,7 +91,7 @@ int EndUnanswered() {
 int Run(Descriptor requests, const CommandLine& line, const std::vector<String>& files) {
   int status = EXIT_SUCCESS;
   std::optional<NoDisplayEndsProgram> noDisplay(std::in_place);
-  Application application(line.session);
+  Application application(SessionOf(line));
   const auto end = SkipEndOnWayland(status);
   noDisplay.reset();
   SetUp();

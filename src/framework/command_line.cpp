@@ -1,10 +1,12 @@
 // Keeps to the C library's streams, which cost nothing before they are used: most runs are over in a millisecond.
 #include "framework/command_line.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 
+#include "framework/terminal.h"
 #include "framework/text/text.h"
 
 namespace sumlet {
@@ -12,12 +14,19 @@ namespace {
 
 constexpr int failure = 2;
 
+// The option that `argument` names, with its value attached or not; nullptr for none.
+const Option* FindOption(const Program& program, std::string_view argument) {
+  const auto matches = [&](const Option& option) {
+    return argument == option.name || (option.hasValue && option.name.size() == 2 && argument.starts_with(option.name));
+  };
+  const auto found = std::find_if(program.options.begin(), program.options.end(), matches);
+  return found == program.options.end() ? nullptr : &*found;
+}
+
 int RunOption(const Program& program, std::string_view option) {
-  if (option == "--help") return Print(program, program.help) ? 0 : failure;
+  if (option == "--help" || option == "-h") return Print(program, program.help) ? 0 : failure;
   if (option == "--version") return Print(program, String(program.name) + " " + program.version + "\n") ? 0 : failure;
-  std::fprintf(stderr, "%s: unknown option %.*s\nTry %s --help.\n", program.name, static_cast<int>(option.size()),
-               option.data(), program.name);
-  return failure;
+  return RefuseUsage(program, "unknown option " + String(option));
 }
 
 }  // namespace
@@ -31,11 +40,17 @@ CommandLine ReadCommandLine(const Program& program, int count, char** arguments)
       line.names.push_back(arguments[i]);
     } else if (argument == "--") {
       areOptionsOver = true;
-    } else if (argument == program.sessionOption) {
-      if (++i < count) line.session = arguments[i];
-    } else {
+    } else if (const Option* option = FindOption(program, argument); option == nullptr) {
       line.exitStatus = RunOption(program, argument);
       return line;
+    } else if (!option->hasValue) {
+      line.options.push_back({option->name, nullptr});
+    } else if (argument != option->name) {
+      line.options.push_back({option->name, arguments[i] + option->name.size()});
+    } else if (++i < count) {
+      line.options.push_back({option->name, arguments[i]});
+    } else {
+      line.exitStatus = RefuseUsage(program, "a value is missing behind " + String(option->name));
     }
   }
   return line;
@@ -48,7 +63,12 @@ bool Print(const Program& program, std::string_view text) {
 }
 
 void Complain(const Program& program, const char* subject, const char* reason) {
-  std::fprintf(stderr, "%s: %s: %s\n", program.name, subject, reason);
+  std::fprintf(stderr, "%s: %s: %s\n", program.name, TextFor(stderr, subject).c_str(), reason);
+}
+
+int RefuseUsage(const Program& program, std::string_view message) {
+  std::fprintf(stderr, "%s: %s\nTry %s --help.\n", program.name, TextFor(stderr, message).c_str(), program.name);
+  return failure;
 }
 
 }  // namespace sumlet

@@ -32,10 +32,10 @@ bool IsText(std::string_view name, std::string_view content) {
 std::optional<String> Import(const FolderItem& file, FileKinds kinds) {
   const std::filesystem::path& path = file.Path();
   const String name = (path.has_filename() ? path.filename() : path).string();  // without one: "folder/"
-  const std::optional<String> content = file.ReadBinaryFile();
+  std::optional<String> content = file.ReadBinaryFile();
   if (content && content->size() > largestText) return name + " (larger than 16 MB)";
   if (content && kinds == FileKinds::Text && !IsText(name, *content)) return name;
-  const String text = content ? Trim(DecodeText(*content)) : String();
+  const String text = content ? Trim(DecodeText(*std::move(content))) : String();
   if (text.empty()) return name;
   (new winSumlet)->SetEquation(EquationName(name), text);
   return {};

@@ -4,8 +4,10 @@ A fenced block marked "sumlet" in a document holds examples. What stands in fron
 on the same line is the result. An equation in examples/ tells its result in a comment, "# Result: ...".
 """
 
+import contextlib
 import os
 import pathlib
+import pty
 import re
 import subprocess
 import sys
@@ -17,7 +19,8 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 FOLDER = tempfile.TemporaryDirectory()
 
 for name, content in [("value.txt", b"\xef\xbb\xbfx=2\r\nx*21\r\n"), ("error.txt", b"1\nfoo\n3"), ("empty.txt", b""),
-                      ("-dash.txt", b"7"), ("binary.dat", bytes(range(256)) * 16)]:
+                      ("-dash.txt", b"7"), ("binary.dat", bytes(range(256)) * 16), ("latin.txt", b"gr\xf6\xdfe=3\ngr\xc3\xb6\xdfe*2"),
+                      ("utf16.txt", "\ufeff2*π".encode("utf-16-le")), ("\x1b[2J", b"\x1b[31m")]:
     (pathlib.Path(FOLDER.name) / name).write_bytes(content)
 
 
@@ -40,6 +43,11 @@ class CommandLine(unittest.TestCase):
             (["value.txt", "-", "-"], b"1+1\n", 0, b"value.txt: 42\n-: 2\n-: \n"),
             # "--" makes names of everything behind it.
             (["--", "-dash.txt"], b"", 0, b"7\n"),
+            # Each -e is one line, whatever its text looks like.
+            (["-e", "x=-2", "-ex^2", "-e", "-2+x"], b"9", 0, b"-4\n"),
+            (["-e", ""], b"9", 0, b"\n"),
+            # Older encodings, and UTF-8 beside Windows-1252.
+            (["latin.txt", "utf16.txt"], b"", 0, b"latin.txt: 6\nutf16.txt: 6.2831853072\n"),
         ]:
             with self.subTest(arguments=arguments):
                 self.assertEqual(evaluate(*arguments, stdin=stdin), (status, output, ""))
@@ -58,7 +66,7 @@ class CommandLine(unittest.TestCase):
                 for problem, message in zip(problems, messages.splitlines(), strict=True):
                     self.assertIn("sumlet-eval: " + problem, message)
         with open("/dev/full", "wb") as full:
-            status, _, messages = evaluate("value.txt", stdout=full)
+            status, _, messages = evaluate("value.txt", "missing.txt", "value.txt", stdout=full)
         self.assertEqual((status, messages), (2, "sumlet-eval: standard output: No space left on device\n"))
 
     @unittest.skipIf(b"__asan_init" in pathlib.Path(PROGRAM).read_bytes(), "the sanitizers need address space")
@@ -68,16 +76,35 @@ class CommandLine(unittest.TestCase):
         self.assertEqual((limited.returncode, limited.stdout), (2, b"value.txt: 42\n"))
         self.assertIn(b"-: Cannot allocate memory", limited.stderr)
 
+    def test_terminal(self):
+        for arguments, keys, shown in [
+            ([], b"x=2\nx*21\n\x04", ["Type an equation, then Ctrl+D on an empty line.", "x=2", "x*21", "42"]),
+            # Names and errors cannot send the terminal commands.
+            (["\x1b[2J", "\x1b[H"], b"", ['\\x1B[2J: "\\x1B[" Error: Variable Unknown',
+                                        "sumlet-eval: \\x1B[H: No such file or directory"]),
+        ]:
+            process, terminal = pty.fork()
+            if process == 0:
+                os.chdir(FOLDER.name)
+                os.execv(PROGRAM, [PROGRAM, *arguments])
+            os.write(terminal, keys)
+            output = b""
+            with self.subTest(arguments=arguments), contextlib.suppress(OSError):  # the end of a terminal is an error
+                while part := os.read(terminal, 4096):
+                    output += part
+            os.waitpid(process, 0)
+            self.assertCountEqual(output.decode().splitlines(), shown)
+
     def test_options(self):
-        for argument, start in [("--help", rb"Usage: sumlet-eval \[FILE\.\.\.\]\n"),
+        for argument, start in [("--help", rb"Usage: sumlet-eval \[FILE\.\.\.\]\n"), ("-h", b"Usage: "),
                                 ("--version", rb"sumlet-eval \d+\.\d+\.\d+\n$")]:
             status, output, _ = evaluate("value.txt", argument)
             self.assertEqual(status, 0)
             self.assertRegex(output, b"^" + start)
-        for wrong in ["-x", "--helpx", "-dash.txt"]:
-            status, output, messages = evaluate("value.txt", wrong)
-            self.assertEqual((status, output), (2, b""))
-            self.assertIn("unknown option " + wrong + "\n", messages)
+        for wrong, reason in [(["-x"], "unknown option -x"), (["--helpx"], "unknown option --helpx"),
+                              (["-e"], "a value is missing behind -e"),
+                              (["-e", "1", "value.txt"], "-e and files exclude each other")]:
+            self.assertEqual(evaluate(*wrong), (2, b"", f"sumlet-eval: {reason}\nTry sumlet-eval --help.\n"))
 
     def test_examples_of_the_documents(self):
         examples = []

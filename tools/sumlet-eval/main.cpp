@@ -10,11 +10,14 @@
 #include <new>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "engine/math_class.h"
 #include "engine/result_text.h"
 #include "framework/command_line.h"
+#include "framework/terminal.h"
+#include "framework/text/encoding.h"
 
 namespace sumlet {
 namespace {
@@ -24,78 +27,100 @@ enum class Outcome { value = 0, error = 1, failure = 2 };
 
 constexpr char help[] =
     "Usage: sumlet-eval [FILE...]\n"
+    "       sumlet-eval -e TEXT [-e TEXT]...\n"
     "Evaluates each FILE as one equation and prints its result, the value of the last line or the first error.\n"
     "Without a FILE, or where FILE is -, reads standard input. The results of several files are headed by their "
     "names.\n"
     "\n"
-    "      --help     print this help and end\n"
+    "  -e TEXT        evaluate TEXT in place of a file; each further -e is the next line\n"
+    "  -h, --help     print this help and end\n"
     "      --version  print the version and end\n"
     "      --         take everything behind it as the name of a file\n"
     "\n"
     "Exit status: 0 when every text gave a value, 1 when any gave an error,\n"
     "2 when a file could not be read, the output could not be written, or an option is wrong.\n"
     "\n"
-    "Example: printf 'x=2\\nx*21\\n' | sumlet-eval\n";
+    "Example: sumlet-eval -e x=2 -e 'x*21'\n";
 
 // Far more than anyone types, and small enough that an endless file such as /dev/zero ends in a message.
 constexpr std::size_t largestText = std::size_t{256} << 20;
 
-constexpr Program program{"sumlet-eval", SUMLET_VERSION, help};
+#ifdef _WIN32
+constexpr char endOfInput[] = "Ctrl+Z and Return";
+#else
+constexpr char endOfInput[] = "Ctrl+D on an empty line";
+#endif
+
+constexpr Option options[] = {{"-e", true}};
+constexpr Program program{"sumlet-eval", SUMLET_VERSION, help, options};
+
+// Where a text comes from.
+struct Source {
+  const char* name;               // of a file; "-" is standard input
+  const String* typed = nullptr;  // the text itself, if it comes from the command line
+};
 
 // The whole content of `file` in `text`, or the reason why it cannot be had.
 [[nodiscard]] const char* ReadAll(std::FILE* file, String& text) {
   std::array<char, 64 * 1024> buffer;  // not cleared: only what is read into is touched
-  while (const std::size_t length = std::fread(buffer.data(), 1, buffer.size(), file)) {
+  std::size_t length = buffer.size();
+  while (length == buffer.size()) {  // fewer bytes are the last ones; a terminal would ask for more after its end
+    length = std::fread(buffer.data(), 1, buffer.size(), file);
     if (text.size() + length > largestText) return "The text is longer than 256 MiB";
     text.append(buffer.data(), length);
   }
   return std::ferror(file) != 0 ? std::strerror(errno) : nullptr;
 }
 
-// `name` "-" is standard input. Gives nothing when the text cannot be read, which has then been told.
-[[nodiscard]] std::optional<String> ReadText(const char* name) {
-  const bool isStandardInput = std::string_view(name) == "-";
-  std::FILE* file = isStandardInput ? stdin : std::fopen(name, "rb");
+// Gives nothing when the text cannot be read, and writes the reason to the standard error.
+[[nodiscard]] std::optional<String> ReadText(const Source& source) {
+  if (source.typed != nullptr) return DecodeText(*source.typed);
+  const bool isStandardInput = std::string_view(source.name) == "-";
+  std::FILE* file = isStandardInput ? stdin : std::fopen(source.name, "rb");
   String text;
   const char* problem = nullptr;
   if (file == nullptr) {
     problem = std::strerror(errno);
   } else {
+    if (isStandardInput && IsTerminal(stdin)) std::fprintf(stderr, "Type an equation, then %s.\n", endOfInput);
     std::setvbuf(file, nullptr, _IONBF, 0);  // the bytes go straight into the text
     problem = ReadAll(file, text);
     if (!isStandardInput) std::fclose(file);
   }
-  if (problem != nullptr) {
-    Complain(program, isStandardInput ? "standard input" : name, problem);
-    return std::nullopt;
-  }
-  // A byte order mark tells the encoding and is no part of the equation.
-  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-  if (text.starts_with(byteOrderMark)) text.erase(0, byteOrderMark.size());
-  return text;
+  if (problem == nullptr) return DecodeText(std::move(text));
+  Complain(program, isStandardInput ? "standard input" : source.name, problem);
+  return std::nullopt;
 }
 
-[[nodiscard]] Outcome EvaluateText(const char* name, bool isHeaded) try {
-  std::optional<String> text = ReadText(name);
+[[nodiscard]] Outcome EvaluateText(const Source& source, bool isHeaded) try {
+  std::optional<String> text = ReadText(source);
   if (!text) return Outcome::failure;
   MathClass math(std::move(*text));
   const String result = math.Evaluate();
   String line;
-  if (isHeaded) line.append(name).append(": ");
-  line.append(ShownResult(math, result)).append("\n");
-  if (!Print(program, line)) return Outcome::failure;
+  if (isHeaded) line.append(source.name).append(": ");
+  line.append(ShownResult(math, result));
+  if (!Print(program, TextFor(stdout, line).append("\n"))) return Outcome::failure;
   return math.ResultIsError(result) ? Outcome::error : Outcome::value;
 } catch (const std::bad_alloc&) {
-  Complain(program, name, std::strerror(ENOMEM));
+  Complain(program, source.name, std::strerror(ENOMEM));
   return Outcome::failure;
 }
 
 [[nodiscard]] int Run(int count, char** arguments) {
-  CommandLine line = ReadCommandLine(program, count, arguments);
+  const CommandLine line = ReadCommandLine(program, count, arguments);
   if (line.exitStatus) return *line.exitStatus;
-  if (line.names.empty()) line.names.push_back("-");
+  String typed;
+  for (const GivenOption& option : line.options) typed.append(option.value).append("\n");
+  if (!typed.empty() && !line.names.empty()) return RefuseUsage(program, "-e and files exclude each other");
+  std::vector<Source> sources;
+  for (const char* name : line.names) sources.push_back({name});
+  if (sources.empty()) sources.push_back(typed.empty() ? Source{"-"} : Source{"-e", &typed});
   Outcome worst = Outcome::value;
-  for (const char* name : line.names) worst = std::max(worst, EvaluateText(name, line.names.size() > 1));
+  for (const Source& source : sources) {
+    worst = std::max(worst, EvaluateText(source, sources.size() > 1));
+    if (std::ferror(stdout) != 0) break;
+  }
   return static_cast<int>(worst);
 }
 

@@ -1,6 +1,7 @@
 #include "framework/text/encoding.h"
 
 #include <array>
+#include <utility>
 
 #include "framework/text/utf8.h"
 
@@ -16,19 +17,22 @@ constexpr std::array<char16_t, 32> windows1252{0x20AC, 0xFFFD, 0x201A, 0x0192, 0
                                                0xFFFD, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                                0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178};
 
-String DecodeUtf8(std::string_view bytes) {
+String DecodeUtf8(String bytes) {
+  if (IsAscii(bytes)) return bytes;
   String text;
-  text.reserve(bytes.size());
+  std::size_t copied = 0;  // bytes that `text` accounts for
   for (std::size_t i = 0; i < bytes.size();) {
     const Utf8Character character = CharacterAt(bytes, i);
-    if (character.code < invalidByteBase) {
-      text += bytes.substr(i, character.length);
-    } else {
+    if (character.code >= invalidByteBase) {
       const char32_t byte = character.code - invalidByteBase;
+      text.append(bytes, copied, i - copied);
       AppendCharacter(text, byte < 0xA0 ? windows1252[byte - 0x80] : byte);
+      copied = i + 1;
     }
     i += character.length;
   }
+  if (copied == 0) return bytes;
+  text.append(bytes, copied);
   return text;
 }
 
@@ -58,11 +62,12 @@ String DecodeUtf16(std::string_view bytes, std::size_t high) {
 
 }  // namespace
 
-String DecodeText(std::string_view bytes) {
-  if (bytes.starts_with("\xEF\xBB\xBF")) return DecodeUtf8(bytes.substr(3));
-  if (bytes.starts_with("\xFF\xFE")) return DecodeUtf16(bytes.substr(2), 1);
-  if (bytes.starts_with("\xFE\xFF")) return DecodeUtf16(bytes.substr(2), 0);
-  return DecodeUtf8(bytes);
+String DecodeText(String bytes) {
+  const std::string_view start = bytes;
+  if (start.starts_with("\xFF\xFE")) return DecodeUtf16(start.substr(2), 1);
+  if (start.starts_with("\xFE\xFF")) return DecodeUtf16(start.substr(2), 0);
+  if (start.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
+  return DecodeUtf8(std::move(bytes));
 }
 
 }  // namespace sumlet
