@@ -1,0 +1,89 @@
+// What the mouse does in a text: it selects, drags, drops, scrolls and opens the context menu.
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDrag>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QWheelEvent>
+
+#include "framework/ui/edit_items.h"
+#include "framework/ui/incoming_files.h"
+#include "framework/ui/text_area.h"
+
+namespace sumlet {
+
+bool TextArea::canInsertFromMimeData(const QMimeData* source) const {
+  return QPlainTextEdit::canInsertFromMimeData(source) || !FilesIn(*source).empty();
+}
+
+// The clipboard has the text of a link beside its address, and that is what the user wants to paste.
+void TextArea::insertFromMimeData(const QMimeData* source) {
+  if (FilesIn(*source).empty())
+    QPlainTextEdit::insertFromMimeData(source);
+  else
+    OpenIncoming(*source);
+}
+
+// A drag that nobody takes here goes on to the window.
+void TextArea::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls())
+    event->ignore();
+  else
+    QPlainTextEdit::dragEnterEvent(event);
+}
+
+// Qt's own menu hides the keys that the Edit menu has.
+void TextArea::contextMenuEvent(QContextMenuEvent* event) {
+  const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+  ShowEditMenu(*this, isByKey ? viewport()->mapToGlobal(cursorRect().bottomLeft()) : event->globalPos());
+}
+
+// The focus follows the text, so that the user can go on typing behind it.
+void TextArea::dropEvent(QDropEvent* event) {
+  QPlainTextEdit::dropEvent(event);
+  if (event->isAccepted()) setFocus(Qt::OtherFocusReason);
+}
+
+void TextArea::mousePressEvent(QMouseEvent* event) {
+  dragIsOver_ = false;
+  QPlainTextEdit::mousePressEvent(event);
+  tokens_.Press(*event);
+}
+
+// A drag that begins here runs and ends inside the base call, and Qt then goes on as if the button were down: it
+// scrolls, starts the next drag without an end, and takes the selection away when it gets the release. So it gets a
+// release of no button, which only stops the scrolling, and nothing more of this button.
+void TextArea::mouseMoveEvent(QMouseEvent* event) {
+  if (dragIsOver_) return;
+  QPlainTextEdit::mouseMoveEvent(event);
+  tokens_.Move(*event);
+  dragIsOver_ = viewport()->findChild<QDrag*>() != nullptr;
+  if (!dragIsOver_) return;
+  QMouseEvent release(QEvent::MouseButtonRelease, event->position(), event->globalPosition(), Qt::NoButton,
+                      Qt::NoButton, event->modifiers());
+  QPlainTextEdit::mouseReleaseEvent(&release);
+}
+
+void TextArea::mouseReleaseEvent(QMouseEvent* event) {
+  if (dragIsOver_ && event->button() == Qt::LeftButton) return;
+  QPlainTextEdit::mouseReleaseEvent(event);
+  // Qt has offered the word of its own to a middle click elsewhere.
+  QClipboard& clipboard = *QGuiApplication::clipboard();
+  if (event->button() == Qt::LeftButton && tokens_.IsActive() && clipboard.supportsSelection())
+    clipboard.setMimeData(createMimeDataFromSelection(), QClipboard::Selection);
+}
+
+void TextArea::mouseDoubleClickEvent(QMouseEvent* event) {
+  QPlainTextEdit::mouseDoubleClickEvent(event);
+  tokens_.DoubleClick(*event);
+}
+
+// Qt would change the text size of a read-only area when the wheel is turned with Ctrl; the size is the program's.
+void TextArea::wheelEvent(QWheelEvent* event) {
+  if (event->modifiers() & Qt::ControlModifier)
+    QAbstractScrollArea::wheelEvent(event);
+  else
+    QPlainTextEdit::wheelEvent(event);
+}
+
+}  // namespace sumlet
