@@ -104,6 +104,6 @@ void plistDict::SetError(bool failed, std::string_view message) const {
   if (failed && rootClass_->debug) MsgBox(message);
 }
 
-String plistDict::MakeTwo(Int32 n) { return n < 10 ? "0" + Str(n) : Str(n); }
+String plistDict::MakeTwo(Int32 n) { return String(n < 10 ? "0" : "").append(Str(n)); }
 
 }  // namespace sumlet
