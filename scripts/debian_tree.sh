@@ -1,0 +1,82 @@
+#!/usr/bin/env bash
+# Runs the two commands of README.md on a bare Debian: scripts/run.sh, whose window is worked on a virtual display, and
+# scripts/test.sh. Has to be started as root, because it makes and mounts a system.
+#
+#   scripts/debian_tree.sh SUITE FOLDER [COMMAND]
+#
+# SUITE is bookworm (Debian 12) or trixie (Debian 13). FOLDER becomes that system, a few GB large, with nothing but its
+# smallest set of packages, a user who may use sudo, and the last commit of this project in that user's home. A system
+# that an earlier run has left there is used again, with a new copy of the project. COMMAND, a line for the shell,
+# replaces the two commands.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
+
+if (($# < 2 || $# > 3)) || [[ $1 == -* ]]; then
+  echo "Usage: scripts/debian_tree.sh SUITE FOLDER [COMMAND]" >&2
+  exit 2
+fi
+if ((EUID != 0)); then
+  echo "debian_tree.sh: only root can make a system; please start this with sudo." >&2
+  exit 1
+fi
+suite=$1
+tree=$(realpath -m "$2")
+ensure_packages tree screenshot
+commit=$(git -C "$projectRoot" rev-parse --short HEAD)
+
+if [[ ! -d $tree/home/newcomer ]]; then
+  debootstrap --variant=minbase --include=sudo "$suite" "$tree" http://deb.debian.org/debian
+  chroot "$tree" useradd --create-home --shell /bin/bash newcomer
+  echo "newcomer ALL=(ALL) NOPASSWD: ALL" >"$tree/etc/sudoers.d/newcomer"
+fi
+project=$tree/home/newcomer/sumlet
+# The builds of an earlier run go too; what they compiled is still in the user's ccache.
+rm -rf "$project"
+mkdir "$project"
+git -C "$projectRoot" archive "$commit" | tar -x -C "$project"
+chroot "$tree" chown -R newcomer: /home/newcomer/sumlet
+
+source "$projectRoot/scripts/virtual_display.sh"
+mkdir -p /tmp/.X11-unix
+
+# in_tree COMMAND: runs it in the system as its user. Mounts and processes are in namespaces of their own, so they end
+# with it, however it ends.
+in_tree() {
+  unshare --mount --pid --fork --kill-child bash -euc '
+    mount -t proc proc "$0/proc"
+    mount -t devpts -o ptmxmode=666 devpts "$0/dev/pts"
+    mount -t tmpfs tmpfs "$0/dev/shm"
+    mkdir -p "$0/tmp/.X11-unix"
+    mount --bind /tmp/.X11-unix "$0/tmp/.X11-unix"
+    exec chroot "$0" su --login newcomer --command "cd sumlet && $1"' "$tree" "$1"
+}
+
+if (($# == 3)); then
+  in_tree "$3"
+  exit
+fi
+
+window_is_active_or_gone() {
+  kill -0 "$program" || return 0
+  xdotool getactivewindow getwindowclassname | grep -qx Sumlet
+}
+equation_is_active() { xdotool getactivewindow getwindowname | grep -qx Sumlet; }
+result_is_there() {
+  press ctrl+a ctrl+c
+  [[ $(get_clipboard) == 42 ]]
+}
+
+start_display 1280x800
+in_background run in_tree "DISPLAY=$DISPLAY scripts/run.sh"
+program=$!
+wait_for 7200 window_is_active_or_gone || give_up "$suite: run.sh opens no window"
+kill -0 "$program" 2>/dev/null || give_up "$suite: run.sh has ended without a window"
+open_equation
+type_keys 6*7
+press Tab
+wait_for 30 result_is_there || give_up "$suite: the window does not calculate"
+press ctrl+q
+wait "$program" || give_up "$suite: run.sh ends with status $?"
+echo "$suite, $commit: run.sh has built Sumlet, its window calculates and quits."
+in_tree scripts/test.sh
+echo "$suite, $commit: test.sh has passed."
