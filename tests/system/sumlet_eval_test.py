@@ -54,6 +54,27 @@ class CommandLine(unittest.TestCase):
         status, output, messages = evaluate("binary.dat")
         self.assertEqual((status, b"Error: " in output, messages), (1, True, ""))
 
+    def test_table_of_lines(self):
+        # Columns of the screen: wide letters take two, combining marks none. A long line does not move the others' values.
+        long = "1+" * 30 + "1"
+        text = f"# 昼食\nprice = 12.5\r\n\ttip = price/10 \n\n合計=3*(price+tip)\ne\u0301=2\n{long}\n1,000\r\x7f\nfoo\n"
+        table = [" 1  # 昼食",
+                 " 2  price = 12.5        12.5",
+                 " 3      tip = price/10  1.25",
+                 " 4",
+                 " 5  合計=3*(price+tip)  41.25",
+                 " 6  e\u0301=2                 2",
+                 " 7  " + long,
+                 "                        31",
+                 " 8  1,000               1,000",
+                 ' 9! \\x7F                "\\x7F" Error: Variable Unknown',
+                 "10  foo"]
+        status, output, _ = evaluate("--lines", stdin=text.encode())
+        self.assertEqual((status, output.decode().splitlines()), (1, table))
+        self.assertEqual(evaluate("--lines", "-e", "x=1", "-e", "x+1"), (0, b"1  x=1  1\n2  x+1  2\n", ""))
+        self.assertEqual(evaluate("--lines", "value.txt", "empty.txt"),
+                         (0, b"value.txt:\n1  x=2   2\n2  x*21  42\nempty.txt:\n", ""))
+
     def test_unreadable_files_are_named_and_the_others_evaluated(self):
         for arguments, problems in [
             (["missing.txt", ".", "value.txt"], ["missing.txt: No such file", ".: Is a directory"]),
@@ -96,7 +117,7 @@ class CommandLine(unittest.TestCase):
             self.assertCountEqual(output.decode().splitlines(), shown)
 
     def test_options(self):
-        for argument, start in [("--help", rb"Usage: sumlet-eval \[FILE\.\.\.\]\n"), ("-h", b"Usage: "),
+        for argument, start in [("--help", rb"Usage: sumlet-eval \[--lines\] \[FILE\.\.\.\]\n"), ("-h", b"Usage: "),
                                 ("--version", rb"sumlet-eval \d+\.\d+\.\d+\n$")]:
             status, output, _ = evaluate("value.txt", argument)
             self.assertEqual(status, 0)

@@ -18,6 +18,7 @@
 #include "framework/command_line.h"
 #include "framework/terminal.h"
 #include "framework/text/encoding.h"
+#include "lines_table.h"
 
 namespace sumlet {
 namespace {
@@ -26,13 +27,14 @@ namespace {
 enum class Outcome { value = 0, error = 1, failure = 2 };
 
 constexpr char help[] =
-    "Usage: sumlet-eval [FILE...]\n"
-    "       sumlet-eval -e TEXT [-e TEXT]...\n"
+    "Usage: sumlet-eval [--lines] [FILE...]\n"
+    "       sumlet-eval [--lines] -e TEXT [-e TEXT]...\n"
     "Evaluates each FILE as one equation and prints its result, the value of the last line or the first error.\n"
     "Without a FILE, or where FILE is -, reads standard input. The results of several files are headed by their "
     "names.\n"
     "\n"
     "  -e TEXT        evaluate TEXT in place of a file; each further -e is the next line\n"
+    "      --lines    print all lines with their numbers and values, in columns\n"
     "  -h, --help     print this help and end\n"
     "      --version  print the version and end\n"
     "      --         take everything behind it as the name of a file\n"
@@ -51,7 +53,7 @@ constexpr char endOfInput[] = "Ctrl+Z and Return";
 constexpr char endOfInput[] = "Ctrl+D on an empty line";
 #endif
 
-constexpr Option options[] = {{"-e", true}};
+constexpr Option options[] = {{"-e", true}, {"--lines"}};
 constexpr Program program{"sumlet-eval", SUMLET_VERSION, help, options};
 
 // Where a text comes from.
@@ -92,16 +94,34 @@ struct Source {
   return std::nullopt;
 }
 
-[[nodiscard]] Outcome EvaluateText(const Source& source, bool isHeaded) try {
+struct Layout {
+  bool isHeaded = false;  // by the name of the source
+  bool hasLines = false;  // a table of all lines in place of the result
+};
+
+// Evaluates the equation of `math`. Gives what is printed for it, and whether that is an error in `isError`.
+[[nodiscard]] String Evaluate(MathClass& math, const char* name, const Layout& layout, bool& isError) {
+  LinesTable table;
+  if (layout.hasLines)
+    math.LineObserver = [&table](Int32 line, std::string_view value) { table.AddValue(line, value); };
+  const String result = math.Evaluate();
+  isError = math.ResultIsError(result);
+  const String shown = ShownResult(math, result);
+  String heading;
+  if (layout.isHeaded) heading.append(name).append(layout.hasLines ? ":" : ": ");
+  if (!layout.hasLines) return TextFor(stdout, heading + shown) + "\n";
+  if (isError) table.AddError(math.LastLineEvaluated, shown);
+  if (layout.isHeaded) heading = TextFor(stdout, heading) + "\n";
+  return heading + table.Rows(math.equationText);
+}
+
+[[nodiscard]] Outcome EvaluateText(const Source& source, const Layout& layout) try {
   std::optional<String> text = ReadText(source);
   if (!text) return Outcome::failure;
   MathClass math(std::move(*text));
-  const String result = math.Evaluate();
-  String line;
-  if (isHeaded) line.append(source.name).append(": ");
-  line.append(ShownResult(math, result));
-  if (!Print(program, TextFor(stdout, line).append("\n"))) return Outcome::failure;
-  return math.ResultIsError(result) ? Outcome::error : Outcome::value;
+  bool isError = false;
+  if (!Print(program, Evaluate(math, source.name, layout, isError))) return Outcome::failure;
+  return isError ? Outcome::error : Outcome::value;
 } catch (const std::bad_alloc&) {
   Complain(program, source.name, std::strerror(ENOMEM));
   return Outcome::failure;
@@ -111,14 +131,18 @@ struct Source {
   const CommandLine line = ReadCommandLine(program, count, arguments);
   if (line.exitStatus) return *line.exitStatus;
   String typed;
-  for (const GivenOption& option : line.options) typed.append(option.value).append("\n");
+  bool hasLines = false;
+  for (const GivenOption& option : line.options) {
+    if (option.value != nullptr) typed.append(option.value).append("\n");
+    hasLines |= option.value == nullptr;
+  }
   if (!typed.empty() && !line.names.empty()) return RefuseUsage(program, "-e and files exclude each other");
   std::vector<Source> sources;
   for (const char* name : line.names) sources.push_back({name});
   if (sources.empty()) sources.push_back(typed.empty() ? Source{"-"} : Source{"-e", &typed});
   Outcome worst = Outcome::value;
   for (const Source& source : sources) {
-    worst = std::max(worst, EvaluateText(source, sources.size() > 1));
+    worst = std::max(worst, EvaluateText(source, {.isHeaded = sources.size() > 1, .hasLines = hasLines}));
     if (std::ferror(stdout) != 0) break;
   }
   return static_cast<int>(worst);
