@@ -1,8 +1,10 @@
-// The document: reading and saving its file.
+// The document: loads and saves its file.
+#include <chrono>
+#include <memory>
 #include <utility>
 
+#include "framework/file/program.h"
 #include "framework/file/temporary.h"
-#include "plist/conversion.h"
 #include "plist/plist.h"
 
 namespace sumlet {
@@ -19,7 +21,19 @@ std::optional<TextInputStream> OpenDocument(const FolderItem& file) {
   return TextInputStream(std::move(*content));
 }
 
-// Deletes a temporary file at the end of a block, however that is left.
+enum class Form { Xml, Binary };
+
+// Converts the property list in `file` in place, with plutil or, where that is missing, plistutil. Takes at most ten
+// seconds. Does not report success, because the exit status of these tools is unreliable.
+void Convert(const FolderItem& file, Form form) {
+  constexpr std::chrono::seconds patience(10);
+  const bool toXml = form == Form::Xml;
+  const String path = file.AbsolutePath();
+  if (RunProgram({"plutil", "-convert", toXml ? "xml1" : "binary1", path}, patience) != ProgramEnd::NotFound) return;
+  RunProgram({"plistutil", "-i", path, "-o", path, "-f", toXml ? "xml" : "bin"}, patience);
+}
+
+// Deletes a temporary file at the end of the block.
 class TemporaryGuard {
  public:
   explicit TemporaryGuard(const FolderItem& item) : item_(item) {}
@@ -101,7 +115,7 @@ std::optional<TextInputStream> plist::OpenConverted(const FolderItem& source) {
   savePath = *copy;
   if (copy_) DeleteTemporary(*copy_);  // of an earlier Load
   copy_ = copy;
-  ConvertPropertyList(*copy, PropertyListForm::Xml);
+  Convert(*copy, Form::Xml);
   return OpenDocument(*copy);
 }
 
@@ -137,7 +151,7 @@ bool plist::WriteFile() const {
 }
 
 void plist::SaveBinary(bool visible) {
-  ConvertPropertyList(savePath, PropertyListForm::Binary);
+  Convert(savePath, Form::Binary);
   org->Delete();
   savePath.CopyFileTo(*org);
   if (!visible) org->SetVisible(false);
