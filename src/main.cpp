@@ -42,8 +42,8 @@ constexpr char help[] =
     "      --version  print the version and end\n"
     "      --         take everything behind it as the name of a file\n"
     "\n"
-    "Exit status: 0, also when the files were handed over; 1 without a display, or\n"
-    "when a running Sumlet does not answer; 2 when an option is wrong.\n";
+    "Exit status: 0, also when the files were handed over; 1 without a display, when it\n"
+    "is lost, or when a running Sumlet does not answer; 2 when an option is wrong.\n";
 
 // A session manager starts a program again with "-session" and a name for it, and waits until the program registers
 // under that name.
