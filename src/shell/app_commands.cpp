@@ -61,6 +61,10 @@ void App::BindMenuHandlers() {
   menuBar.BindHandler("EditSmallerText", [] { return StepTextSize(-1); });
   menuBar.BindHandler("EditNormalText", [] { return _EditNormalText_Action(); });
   menuBar.BindHandler("FileReopenClosed", [] { return _FileReopenClosed_Action(); });
+  menuBar.BindHandler("HelpLanguage", [] {
+    ShowURL(WebAddresses::LanguageReference());
+    return true;
+  });
   menuBar.BindHandler("FileQuit", [this] {
     Quit();
     return true;

@@ -50,6 +50,7 @@ constexpr MenuItemDeclaration windowItems[] = {
 
 constexpr MenuItemDeclaration helpItems[] = {
     {"HelpSumletHelp", "Sumlet Help"},
+    {"HelpLanguage", "Language Reference"},  // not in a window: the desktop opens the file
     {"AppleAbout", "About Sumlet"},
     {"UntitledSeparator5", "-"},
     {"ApplePreferences", "Preferences", "Ctrl+,"},

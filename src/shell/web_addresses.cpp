@@ -1,5 +1,10 @@
 #include "shell/web_addresses.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QUrl>
+
 #include "framework/text/bytes.h"
 #include "shell/addresses.h"
 
@@ -14,5 +19,14 @@ String Feedback() { return String(makerSite) + "/contact.html?s=" + EncodeURLCom
 String Share() { return String(shareSite) + "/sharer.php?u=" + EncodeURLComponent(String(makerSite) + "/sumlet/"); }
 
 String Store() { return String(storeSite) + "/us/app/sumlet/" + EncodeURLComponent(storeNumber) + "?ls=1&mt=12"; }
+
+String LanguageReference() {
+  const QDir programs(QCoreApplication::applicationDirPath());
+  for (const char* folder : {installedDocuments, "../../docs"}) {  // a preset builds in build/NAME of the source tree
+    const QFileInfo file(programs, QLatin1String(folder) + QLatin1String("/language.md"));
+    if (file.isFile()) return QUrl::fromLocalFile(file.canonicalFilePath()).toEncoded().toStdString();
+  }
+  return String(makerSite) + "/sumlet/language.html";
+}
 
 }  // namespace sumlet::WebAddresses

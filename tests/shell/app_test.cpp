@@ -174,10 +174,14 @@ TEST_F(ApplicationLife, AsksForAReviewOnceAtTheFifthStart) {
 
 TEST_F(ApplicationLife, WebAddressesReachTheDesktopEncoded) {
   QTextBrowser desktop;  // takes the addresses in its place
-  for (const char* scheme : {"https", "macappstore"}) QDesktopServices::setUrlHandler(scheme, &desktop, "setSource");
+  constexpr const char* schemes[] = {"https", "macappstore", "file"};
+  for (const char* scheme : schemes) QDesktopServices::setUrlHandler(scheme, &desktop, "setSource");
   InstallBrowser();
   const auto opened = [&desktop] { return desktop.source().toEncoded().toStdString(); };
   app.AppendMenuItems();
+  app.BindMenuHandlers();
+  MenuBar1().Choose("HelpLanguage");
+  EXPECT_TRUE(opened().ends_with("/language.md") || opened() == "https://www.sumlet.example/sumlet/language.html");
   MenuBar1().Choose("Share");
   EXPECT_EQ(opened(), "https://share.sumlet.example/sharer.php?u=https%3A%2F%2Fwww.sumlet.example%2Fsumlet%2F");
   const String store = "macappstore://store.sumlet.example/us/app/sumlet/id0?ls=1&mt=12";
@@ -186,7 +190,7 @@ TEST_F(ApplicationLife, WebAddressesReachTheDesktopEncoded) {
     EXPECT_EQ(opened(), store) << "and not what is no address";
   }
   SetURLHandler({});
-  for (const char* scheme : {"https", "macappstore"}) QDesktopServices::unsetUrlHandler(scheme);
+  for (const char* scheme : schemes) QDesktopServices::unsetUrlHandler(scheme);
 }
 
 }  // namespace
