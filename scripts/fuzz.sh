@@ -37,7 +37,7 @@ for target in "${targets[@]}"; do
 done
 
 # Lengths in bytes. The plain evaluator is too slow for more; what the others read has no length at which it changes.
-declare -A longest=([engine]=65536 [rewriting]=300)
+declare -A longest=([engine]=65536 [rewriting]=300 [settings]=2048)
 
 # Recording where each block was allocated takes a fifth of the time. Run a find without this for the whole stack.
 export ASAN_OPTIONS=malloc_context_size=2
@@ -47,7 +47,7 @@ export ASAN_OPTIONS=malloc_context_size=2
 run_target() {
   local name=$1 log=$build/finds/$1.log
   mkdir -p "$build/corpus/$name"
-  if "$build/fuzz_$name" -seed="$seed" -max_total_time="$seconds" -max_len="${longest[$name]:-4096}" \
+  if "$build/fuzz_$name" -seed="$seed" -max_total_time="$seconds" -max_len="${longest[$name]:-1024}" \
     -dict="fuzz/$name.dict" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
     -artifact_prefix="$build/finds/$name-" "$build/corpus/$name" "fuzz/corpus/$name" >"$log" 2>&1; then
     printf '%-16s %s inputs\n' "$name" "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")"
