@@ -7,17 +7,16 @@
 namespace sumlet {
 namespace {
 
-// An input that begins with one of these bytes chooses the words of a grammar; any other is an equation as it stands.
-constexpr char choosesArithmetic = '\x01';
-constexpr char choosesEquation = '\x02';
+// An input that begins with this byte chooses the words of a grammar; any other is an equation as it stands.
+constexpr char choosesWords = '\x01';
 
 String EquationOf(std::string_view input) {
-  if (input.front() != choosesArithmetic && input.front() != choosesEquation) return String(input);
+  if (input.front() != choosesWords) return String(input);
   std::size_t at = 1;
   const Choose choose = [&](std::size_t limit) {
     return at < input.size() ? static_cast<unsigned char>(input[at++]) % limit : 0;
   };
-  return input.front() == choosesArithmetic ? RandomArithmetic(choose) : RandomEquation(choose);
+  return RandomEquation(choose);
 }
 
 }  // namespace

@@ -1,18 +1,11 @@
 // The line language by its worked examples, and MathClass as a whole.
 #include <gtest/gtest.h>
 
-#include "engine/math_class.h"
+#include "engine/math_class_peer.h"
 #include "engine/worked_examples.h"
 #include "framework/text/numbers.h"
 
 namespace sumlet {
-
-class MathClassPeer {
- public:
-  static String DoOperation(MathClass& math, const char* left, const char* right, const char* op) {
-    return math.DoOperation(left, right, op);
-  }
-};
 
 namespace {
 

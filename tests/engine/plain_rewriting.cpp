@@ -1,9 +1,10 @@
 #include "engine/plain_rewriting.h"
 
-#include <numeric>
 #include <utility>
 #include <vector>
 
+#include "engine/errors.h"
+#include "engine/math_class_peer.h"
 #include "framework/text/numbers.h"
 
 namespace sumlet {
@@ -12,68 +13,14 @@ namespace {
 const String digitsAndSigns = "0123456789,. -";
 const String numberCharacters = "0123456789 ,.";
 const String delimiters = " ,.0123456789)(^*/\\+-%|";
-const String functionUnknown = "Error: Function Unknown";
-const String twoArgumentsRequired = "Error: Operator Requires Two Arguments";
 
 struct OutOfBudget {};
-
-String WithoutPoint(const String& number) { return Right(number, 1) == "." ? Left(number, Len(number) - 1) : number; }
 
 bool Has(const String& text, const String& part) { return InStr(text, part) > 0; }
 
 String ReplaceWhileThere(String text, const String& old, const String& replacement) {
   while (Has(text, old)) text = ReplaceAll(text, old, replacement);
   return text;
-}
-
-// A value as it goes back into the text: ten places, no closing point.
-String SignedText(double value) { return WithoutPoint(Format(value, "-#.##########")); }
-String UnsignedText(double value) { return WithoutPoint(Format(value, "#.##########")); }
-
-String CleanupNumber(const String& text) { return ReplaceWhileThere(ReplaceAll(text, " ", ""), "--", ""); }
-
-double Quotient(double a, double b) {
-  const std::int64_t divisor = ToInt32(b);
-  const std::int64_t quotient = divisor == 0 ? 0 : ToInt32(a) / divisor;
-  return static_cast<double>(quotient);
-}
-
-double Remainder(double a, double b) {
-  const std::int64_t divisor = ToInt32(b);
-  return divisor == 0 ? ToInt32(a) : static_cast<double>(ToInt32(a) % divisor);
-}
-
-String DecimalToFraction(double value) {
-  Int32 whole = ToInt32(value);
-  const String digits = NthField(Str(value), ".", 2);
-  Int32 numerator = ToInt32(Val(digits));
-  Int32 denominator = 0;
-  if (numerator == 0) return Str(whole);
-  if (Len(digits) >= 2 && ReplaceAll(digits, Left(digits, 1), "").empty()) {
-    const Int32 t = ToInt32(Ceil(value * 10 - value));
-    whole = ToInt32(t / 9.0);
-    numerator = t % 9;
-    denominator = 9;
-  } else {
-    denominator = ToInt32(Val("1" + String(Str(numerator).size(), '0')));
-  }
-  const Int32 g = numerator < 2 ? 0 : std::gcd(numerator, denominator);
-  if (g > 1) {
-    numerator /= g;
-    denominator /= g;
-  }
-  return "\"" + (whole > 0 ? Str(whole) + " " : "") + Str(numerator) + "/" + Str(denominator) + "\"";
-}
-
-String FractionToDecimal(const String& argument) {
-  String text = ReplaceWhileThere(Trim(argument), "  ", " ");
-  if (!Has(text, "/")) return "Error: Not a Fraction";
-  const Int32 whole = Has(text, " ") ? ToInt32(Val(NthField(text, " ", 1))) : 0;
-  text = NthField(text, " ", 2);
-  const String numerator = Trim(NthField(NthField(text, "/", 1), " ", 1));
-  const String denominator = Trim(NthField(NthField(text, "/", 2), " ", 1));
-  if (numerator.empty() || denominator.empty()) return "Error: Incomplete Fraction";
-  return SignedText(whole + Val(numerator) / Val(denominator));
 }
 
 bool IsError(const String& text) { return Has(text, "Error"); }
@@ -109,6 +56,7 @@ class PlainRewriting {
       if (IsError(running)) break;
     }
     outcome_.result = running;
+    outcome_.details = leaves_.ResultDetails;
     return outcome_;
   }
 
@@ -117,10 +65,10 @@ class PlainRewriting {
     bool isEnd;  // else the text is to be reduced next
     String text;
   };
-  static Step End(const String& text) { return {true, text}; }
+  static Step End(std::string_view text) { return {true, String(text)}; }
   static Step GoOn(const String& text) { return {false, text}; }
-  Step Fail(const String& error, const String& details) {
-    outcome_.details = details;
+  Step Fail(std::string_view error, const String& details) {
+    leaves_.ResultDetails = details;
     return End(error);
   }
 
@@ -133,8 +81,8 @@ class PlainRewriting {
   Step ReduceOnce(String text) {
     Spend(text);
     if (text.empty() || IsError(text)) return End(text);
-    if (CountFields(text, "(") != CountFields(text, ")")) return End("Error: Unmatched Parenthesis");
-    if (CountFields(text, "|") % 2 == 0) return End("Error: Unmatched Absolute Bar ");
+    if (CountFields(text, "(") != CountFields(text, ")")) return End(errors::unmatchedParenthesis);
+    if (CountFields(text, "|") % 2 == 0) return End(errors::unmatchedBar);
     if (++reduceLevel_ == 1) {
       if (Has(text, "=")) return AssignmentStep(text);
       text = SubstituteVariables(text);
@@ -152,12 +100,13 @@ class PlainRewriting {
 
   Step AssignmentStep(const String& text) {
     const Int32 p = InStr(text, "=");
-    if (CountFields(text, "=") >= 3) return End("Error: Multiple Assignment Operators");
+    if (CountFields(text, "=") >= 3) return End(errors::multipleAssignments);
     const String name = Trim(Left(text, p - 1));
-    if (Has(name, " ")) return Fail("Error: Variable Name Contains Space", name);
+    if (Has(name, " ")) return Fail(errors::nameContainsSpace, name);
     const String value = Reduce(SubstituteVariables(Mid(text, p + 1)));
     if (!IsError(value) && !name.empty()) {
-      if (DoFunction("", "", name) != functionUnknown) return Fail("Error: Variable Name is a Function", name);
+      if (MathClassPeer::DoFunction(leaves_, "", "", name) != errors::functionUnknown)
+        return Fail(errors::nameIsFunction, name);
       AddVariable(name, value);
     }
     return End(value);
@@ -177,9 +126,9 @@ class PlainRewriting {
     bool found = false;
     for (Int32 i = 5; i >= 1 && !found; --i) {
       candidate = Mid(text, open - i, i);
-      if (SameText(candidate, "dec")) return End(FractionToDecimal(inner));
-      const String r = DoFunction(a, b, candidate);
-      if (r == functionUnknown) continue;
+      if (SameText(candidate, "dec")) return End(MathClassPeer::FractionToDecimal(inner));
+      const String r = MathClassPeer::DoFunction(leaves_, a, b, candidate);
+      if (r == errors::functionUnknown) continue;
       found = true;
       open -= i;
       inner = r;
@@ -190,7 +139,7 @@ class PlainRewriting {
     if (IsError(inner)) return End(inner);
     if (SameText(candidate, "frac")) {
       if (before.empty() && after.empty()) return End(inner);
-      return End("Error: Function \"Fraction()\" can not be combined with other statements.");
+      return End(errors::fractionNotAlone);
     }
     return GoOn(before + " " + inner + " " + after);
   }
@@ -212,7 +161,7 @@ class PlainRewriting {
     while (begin <= n && isKnown(begin)) ++begin;
     Int32 end = begin;
     while (end <= n && !isKnown(end)) ++end;
-    if (end > begin) return Fail("Error: Variable Unknown", Mid(text, begin, end - begin));
+    if (end > begin) return Fail(errors::variableUnknown, Mid(text, begin, end - begin));
     if (!Has(text, " ")) return End(text);
     return GoOn(ReplaceAll(ReplaceWhileThere(text, "  ", " "), " ", "*"));
   }
@@ -233,54 +182,12 @@ class PlainRewriting {
     Int32 behind = pos + 1;
     while (behind <= n && (isSpace(behind) || Mid(text, behind, 1) == "-")) ++behind;
     // A "-" with only signs behind it would bring the whole text back behind the value, for ever.
-    if (pos == 1 || behind > n) return Fail(twoArgumentsRequired, op);
+    if (pos == 1 || behind > n) return Fail(errors::twoArgumentsRequired, op);
     while (behind <= n && isNumber(behind)) ++behind;
     const String right = Mid(text, pos + 1, behind - pos - 1);
-    const String value = DoOperation(left, right, op);
+    const String value = MathClassPeer::DoOperation(leaves_, left, right, op);
     if (IsError(value)) return End(value);
     return GoOn(Trim(Left(text, start - 1) + " " + value + " " + Mid(text, behind)));
-  }
-
-  String DoOperation(const String& leftOperand, const String& rightOperand, const String& op) {
-    const String left = CleanupNumber(leftOperand);
-    const String right = CleanupNumber(rightOperand);
-    const double a = CDbl(left);
-    const double b = CDbl(right);
-    if (right.empty() && op == "-") return SignedText(-a);
-    if (left.empty() || right.empty()) return Fail(twoArgumentsRequired, op).text;
-    if (op == "^") return SignedText(Pow(a, b));
-    if (op == "*") return SignedText(a * b);
-    if (op == "/") return SignedText(a / b);
-    if (op == "\\") return SignedText(Quotient(a, b));
-    if (op == "+") return SignedText(a + b);
-    if (op == "-") return SignedText(a - b);
-    return SignedText(Remainder(a, b));
-  }
-
-  String DoFunction(const String& argument1, const String& argument2, const String& name) {
-    // clang-format off
-    static const std::pair<const char*, double (*)(double, double)> ofTwo[] = {
-        {"atan2", ATan2}, {"max", Max}, {"mod", Remainder}, {"min", Min}, {"pow", Pow}};
-    static const std::pair<const char*, double (*)(double)> ofOne[] = {
-        {"abs", Abs}, {"acos", ACos}, {"asin", ASin}, {"atan", ATan}, {"ceil", Ceil}, {"cos", Cos},
-        {"deg", [](double x) { return x * 57.29577951308232; }},
-        {"rad", [](double x) { return x * 0.017453292519943295; }},
-        {"exp", Exp}, {"floor", Floor}, {"log", Log}, {"round", Round},
-        {"sign", [](double x) { return static_cast<double>(Sign(x)); }}, {"sin", Sin}, {"sqrt", Sqrt}, {"tan", Tan}};
-    // clang-format on
-    const double a = CDbl(argument1);
-    for (const auto& [known, function] : ofTwo) {
-      if (!SameText(name, known)) continue;
-      if (!argument1.empty() && !argument2.empty()) return UnsignedText(function(a, CDbl(argument2)));
-      return Fail("Error: Format as FunctionName( argument, argument)", name).text;
-    }
-    if (SameText(name, "frac")) return DecimalToFraction(a);
-    for (const auto& [known, function] : ofOne) {
-      if (!SameText(name, known)) continue;
-      if (!argument1.empty()) return UnsignedText(function(a));
-      return Fail("Error: Format as FunctionName(arguments)", name).text;
-    }
-    return Fail(functionUnknown, name).text;
   }
 
   void AddVariable(const String& name, const String& value) {
@@ -316,7 +223,7 @@ class PlainRewriting {
       const Int32 behind = n - (start + Len(name) - 1);
       while (!inside.empty() && inside.back().second > behind) inside.pop_back();
       for (const auto& entry : inside) {
-        if (entry.first == index) return twoArgumentsRequired;
+        if (entry.first == index) return String(errors::twoArgumentsRequired);
       }
       inside.emplace_back(index, behind);
       const String value = SameText(name, "RND") ? Str(Rnd()) : outcome_.varValue[index];
@@ -329,6 +236,7 @@ class PlainRewriting {
     budget_ -= text.size();
   }
 
+  MathClass leaves_;  // evaluates single operators, functions and fractions, and keeps the details of an error
   std::size_t budget_;
   Int32 reduceLevel_ = 0;
   Outcome outcome_;

@@ -2,7 +2,8 @@
 //
 // The engine keeps its text normalised only around the place of each rewrite, so that long lines stay cheap. Whether
 // anyone could tell is what this plain evaluator is for: it is short enough to be checked by reading, as slow as it
-// looks, and the engine has to agree with it on every text. It shares nothing with the engine but the text functions.
+// looks, and the engine has to agree with it on every text. It shares with the engine the text functions and the
+// leaves: the value of one operator, of one function and of one fraction, which the worked examples test.
 #pragma once
 
 #include <cstddef>

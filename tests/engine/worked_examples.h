@@ -73,8 +73,13 @@ inline constexpr Example workedExamples[] = {
     // functions
     {"sqrt(16)", "4"}, {"ab\u017F(-4)", "4"},  // the long s
     {"sqrt(4)sqrt(9)", "6"}, {"abs(2,3)", "2"}, {"max(1+1,2*2)", "4"}, {"pow(2,10)", "1024"},
+    {"sin(1)", "0.8414709848"}, {"cos(1)", "0.5403023059"}, {"tan(1)", "1.5574077247"},
+    {"asin(0.5)", "0.5235987756"}, {"acos(0.5)", "1.0471975512"}, {"atan(2)", "1.1071487178"},
+    {"atan2(1,2)", "0.463647609"}, {"deg(pi)", "180"}, {"rad(180)", "3.1415926536"},
+    {"exp(1)", "2.7182818285"}, {"log(2)", "0.6931471806"}, {"min(3,2)", "2"},
+    {"floor(2.5)", "2"}, {"ceil(2.5)", "3"}, {"round(2.4)", "2"}, {"round(2.5)", "3"}, {"sign(7)", "1"}, {"sign(0)", "0"},
     // a function writes no sign
-    {"cos(pi)", "1"}, {"sin(-1)-1", "-0.1585290152"},
+    {"cos(pi)", "1"}, {"sin(-1)-1", "-0.1585290152"}, {"min(-3,2)", "3"},
     // calls that fail
     {"sqrt (4)", unknown, "sqrt"}, {"sqrt()", oneArgument, "sqrt"}, {"pow(2)", twoArguments, "pow"}, {"atan2(1,)", twoArguments, "atan2"},
     {"sqrt(-1)", unknown, "nan"}, {"log(0)", unknown, "inf"}, {"x(sqrt(-1))", unknown, "nan"},
@@ -82,6 +87,7 @@ inline constexpr Example workedExamples[] = {
     {"xmod(7)", twoArguments, "mod"},
     // decimals to fractions
     {"frac(0.5)", "\"1/2\""}, {"frac(0.05)", "\"1/2\""}, {"frac(1/3)", "\"1/3\""}, {"frac(0.999)", "\"1 0/9\""},
+    {"frac(0.33)", "\"1/3\""}, {"frac(0.75)", "\"3/4\""},
     {"frac()", "0"}, {"frac(-0.333)", "\"-2/9\""}, {"frac(-2.5)", "\"1/2\""},
     {"frac(1234567891)", "\"1234567891 1/1\""},  // seven digits and an exponent: 1.234568e+9
     {"frac(0.00001234)", "\"1/5\""},  // 1.234000e-5
