@@ -17,14 +17,14 @@ namespace {
 
 std::vector<FakeWindow> windows;  // back to front
 
-void RestoreEquation(const MyWindowManager::Record& record) {
+void ListFields(const MyWindowManager::Record& record) {
   Items fields;
   for (const char* key : {"size", "left", "top", "width", "height", "name", "equation", "fullscreen"})
     fields.emplace_back(key, VariantToString(record.LoadItem(key, "none")));
   windows.emplace_back(std::move(fields));
 }
 
-void RestoreChooser(const MyWindowManager::Record& /*record*/) { windows.emplace_back(Items{{"template", "True"}}); }
+void ListChooser(const MyWindowManager::Record& /*record*/) { windows.emplace_back(Items{{"template", "True"}}); }
 
 std::vector<const MyWindowManager::StoredWindow*> StoredWindows() {
   std::vector<const MyWindowManager::StoredWindow*> stored;
@@ -41,8 +41,8 @@ std::filesystem::path PreparedFile() {
   setenv("XDG_CONFIG_HOME", folder.Path().c_str(), 1);
   RegisterStores();
   MyWindowManager::SetWindowList(StoredWindows);
-  MyWindowManager::RegisterRestorer({"template", RestoreChooser});
-  MyWindowManager::RegisterRestorer({"equation", RestoreEquation});
+  MyWindowManager::RegisterRestorer({"template", ListChooser});
+  MyWindowManager::RegisterRestorer({"equation", ListFields});
   return Preferences::GetPrefFile(true).value().Path();
 }
 

@@ -44,27 +44,6 @@ TEST(KeyList, OutputByFlags) {
   EXPECT_EQ(list.StrLong(1e21) + list.StrLong(-0.5), "1000000000000000000000-0.5");
 }
 
-// A cut may fall anywhere, and a piece may be one byte or none: the items are those of the whole. A damaged list that
-// leaves one byte over drops an item which it would have taken before that byte arrived; otherwise it is the same.
-TEST(KeyList, PiecesGiveTheSameItemsAsTheWhole) {
-  const Items items = {{"name", "a"}, {"", ""}, {"size", "13"}, {"in", Bytes({{"k", String(40, 'v')}})}, {"end", ""}};
-  std::mt19937 random(3);
-  for (int round = 0; round < 800; ++round) {
-    String bytes = Bytes(items, round % 2 == 0);
-    const int flips = round / 2 % 4;
-    for (int flip = 0; flip < flips; ++flip) bytes[1 + random() % (bytes.size() - 1)] ^= 1 << random() % 8;
-    const Items whole = ItemsOf(ReadList({bytes}));
-    EXPECT_TRUE(flips > 0 || whole == items);
-    for (std::size_t cut = 1; cut <= bytes.size(); ++cut) {
-      const std::string_view view = bytes;
-      Items pieces = ItemsOf(
-          ReadList({view.substr(0, cut), "", view.substr(cut, 1), view.substr(std::min(cut + 1, bytes.size()))}));
-      if (flips > 0 && pieces.size() == whole.size() + 1) pieces.pop_back();
-      ASSERT_EQ(pieces, whole) << "round " << round << " cut at " << cut;
-    }
-  }
-}
-
 TEST(KeyList, DamagedListsEnd) {
   // clang-format off
   const std::tuple<std::string_view, Items, std::vector<String>> rows[] = {

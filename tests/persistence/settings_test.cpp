@@ -8,7 +8,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <functional>
-#include <random>
 
 #include "stored_bytes.h"
 #include "temporary_folder.h"
@@ -109,45 +108,24 @@ TEST_F(Settings, DamagedFiles) {
   }
 }
 
-// Whatever length is left of a file, its whole items are there and the others have their defaults. One flipped byte can
-// damage a list and one that lies in it, and each is told of once.
-TEST_F(Settings, CutAtEveryLengthAndFlippedAtEveryByte) {
-  SetAll(4, {"first", "second"});
-  const String content = Saved();
-  // An item is dropped as well while one byte alone is left behind it.
-  const auto isWhole = [&content](std::size_t length, std::string_view nextKey) {
-    const std::size_t end = nextKey.empty() ? content.size() : content.find(nextKey) - 1;
-    return length == end || length > end + 1;
-  };
-  std::mt19937 random(7);
-  for (std::size_t length = 0; length <= content.size(); ++length) {
-    const bool hasTemplates = isWhole(length, "WindowList");
-    const auto missing = (hasTemplates ? 0u : 1u) + (isWhole(length, "") ? 0u : 1u);
-    EXPECT_EQ(AlertsOfLoading(content.substr(0, length)), std::vector<String>(missing, UnknownFormats({"0"}).front()));
-    EXPECT_EQ(Preferences::RunCount, isWhole(length, "TemplatesOpen") ? 5 : 0) << length;
-    EXPECT_EQ(Preferences::TextSize, isWhole(length, "RememberEquations") ? 20 : 13) << length;
-    EXPECT_EQ(Preferences::ShownReviewDialog, isWhole(length, "TemplateList")) << length;
-    EXPECT_EQ(TemplatesManager::Key.Ubound(), Preferences::RunCount == 0 || hasTemplates ? 1 : -1) << length;
-    for (const unsigned flip : {1u, 0x80u, 0xFFu, static_cast<unsigned>(random())}) {
-      String damaged = content;
-      if (length < content.size()) damaged[length] = static_cast<char>(damaged[length] ^ static_cast<char>(flip));
-      EXPECT_LE(AlertsOfLoading(damaged).size(), length == 0 ? 3u : 2u) << length << " " << flip;
-    }
-  }
-}
-
 // Nothing can be read or written: no alert, the defaults, and what stands there stays.
 TEST_F(Settings, Obstacles) {
   const fs::path support = folder_ / "Application Support";
-  const fs::path away = folder_ / "away";
   const std::pair<const char*, std::function<void()>> rows[] = {
       {"a folder in place of the file", [&] { fs::create_directory(file_); }},
       {"a pipe in place of the file", [&] { mkfifo(file_.c_str(), 0600); }},
       {"a full device in place of the file", [&] { fs::create_symlink("/dev/full", file_); }},
       {"a file too large to be read",
-       [&] { (std::ofstream(file_).close(), fs::resize_file(file_, (std::uintmax_t{1} << 30) + 1)); }},
+       [&] {
+         std::ofstream(file_).close();
+         fs::resize_file(file_, (std::uintmax_t{1} << 30) + 1);
+       }},
       {"a link to itself", [&] { fs::create_symlink(file_, file_); }},
-      {"a file in place of the folder", [&] { (fs::rename(support, away), std::ofstream(support) << "kept"); }},
+      {"a file in place of the folder",
+       [&] {
+         fs::remove_all(support);
+         std::ofstream(support) << "kept";
+       }},
       {"a data folder that cannot be", [&] { setenv("XDG_DATA_HOME", "/dev/null/data", 1); }},
   };
   for (const auto& [obstacle, Place] : rows) {
@@ -182,19 +160,6 @@ TEST_F(Settings, ARecoveryFileIsLoadedUntilTheNextSave) {
   EXPECT_EQ(Saved(), "unreadable");
   EXPECT_TRUE(AlertsOfLoad().empty());
   EXPECT_EQ(Templates(), "[typed since=typed since]");
-}
-
-TEST_F(Settings, ADamagedRecoveryFileIsSetAside) {
-  const String saved = Saved();
-  for (const String& content :
-       {String(), String("\x01"), String("X"), saved.substr(0, saved.size() - 1), saved + "?"}) {
-    std::ofstream(recovery_.Path(), std::ios::binary) << content;
-    SetAll(0, {});
-    EXPECT_TRUE(AlertsOfLoad().empty());
-    EXPECT_EQ(Templates(), "[old=old]");
-    EXPECT_FALSE(recovery_.Exists());
-    EXPECT_EQ(FolderItem(recovery_.Path().string() + ".damaged").ReadBinaryFile(), content);
-  }
 }
 
 TEST_F(Settings, ARelativeDataFolderIsIgnored) {

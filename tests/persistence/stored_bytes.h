@@ -79,19 +79,25 @@ inline String Templates() {
 // The windows that loading has opened, in their order: "[text@left]" each, or "[chooser]".
 inline String opened;
 
-// Registers both sections and restorers that list the windows. The chooser has something to tell of its own.
+inline void RestoreEquation(const MyWindowManager::Record& record) {
+  opened += "[" + DecodeURLComponent(VariantToString(record.LoadItem("equation", "")));
+  opened += "@" + Str(VariantToInt32(record.LoadItem("left", Int32ToVariant(20))));
+  opened += VariantToBoolean(record.LoadItem("fullscreen", BooleanToVariant(false))) ? " full]" : "]";
+}
+
+// Shows an alert of its own, which is none about damage.
+inline void RestoreChooser(const MyWindowManager::Record& /*record*/) {
+  opened += "[chooser]";
+  MsgBox("chooser");
+}
+
+// Registers both sections, and restorers that list the windows.
 inline void RegisterStores() {
-  using MyWindowManager::Record;
   TemplatesManager::RegisterSection();
   MyWindowManager::RegisterSection();
   MyWindowManager::SetWindowList([] { return std::vector<const MyWindowManager::StoredWindow*>(); });
-  MyWindowManager::RegisterRestorer({"template", [](const Record&) { (opened += "[chooser]", MsgBox("chooser")); }});
-  MyWindowManager::RegisterRestorer(
-      {"equation", [](const Record& record) {
-         opened += "[" + DecodeURLComponent(VariantToString(record.LoadItem("equation", ""))) + "@" +
-                   Str(VariantToInt32(record.LoadItem("left", Int32ToVariant(20)))) +
-                   (VariantToBoolean(record.LoadItem("fullscreen", BooleanToVariant(false))) ? " full]" : "]");
-       }});
+  MyWindowManager::RegisterRestorer({"template", RestoreChooser});
+  MyWindowManager::RegisterRestorer({"equation", RestoreEquation});
 }
 
 // The bytes of the hexadecimal block of the format's page that stands behind `heading`.
