@@ -1,11 +1,15 @@
 // Runs a fuzz target on the files of a folder, so that its seeds are tests with any compiler.
 //
-//   replay_NAME FOLDER [--damage]     with --damage also on each file cut at every length and with each byte changed
+//   replay_NAME FOLDER [--damage|--random]
+//
+// With --damage also on each file cut at every length and with each byte changed, with --random on each file followed
+// by random bytes, 40,000 times.
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 
 #include "check.h"
@@ -32,17 +36,28 @@ void TryDamaged(const std::string& name, const std::string& content) {
   }
 }
 
+void TryRandom(const std::string& name, const std::string& content) {
+  std::mt19937 random(1);
+  for (int round = 0; round < 40'000; ++round) {
+    std::string input = content;
+    for (unsigned length = random() % 200; length > 0; --length) input += static_cast<char>(random());
+    Try(name + " with random bytes, round " + std::to_string(round), input);
+  }
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
   if (count < 2) return 2;
+  const std::string option = count > 2 ? arguments[2] : "";
   int files = 0;
   for (const auto& entry : std::filesystem::directory_iterator(arguments[1])) {
     std::ifstream file(entry.path(), std::ios::binary);
     const std::string content(std::istreambuf_iterator<char>(file), {});
     const std::string name = entry.path().filename().string();
     Try(name, content);
-    if (count > 2) TryDamaged(name, content);
+    if (option == "--damage") TryDamaged(name, content);
+    if (option == "--random") TryRandom(name, content);
     ++files;
   }
   std::printf("%d files, %d failures\n", files, failures);

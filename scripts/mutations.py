@@ -20,7 +20,8 @@ SECONDS_PER_TEST = 60
 
 # The tests that cover a folder, quick ones first; CMake targets, and arguments.
 CORPUS = SCRATCH / "source" / "fuzz" / "corpus"
-ENGINE = [["engine_tests"], ["replay_engine", CORPUS / "engine"], ["replay_rewriting", CORPUS / "rewriting"]]
+ENGINE = [["engine_tests"], ["replay_engine", CORPUS / "engine"], ["replay_rewriting", CORPUS / "rewriting"],
+          ["replay_rewriting", CORPUS / "random_words", "--random"]]
 PERSISTENCE = [
     ["persistence_tests"],
     ["replay_key_list", CORPUS / "key_list", "--damage"],
