@@ -121,11 +121,6 @@ TEST_F(Settings, Obstacles) {
          fs::resize_file(file_, (std::uintmax_t{1} << 30) + 1);
        }},
       {"a link to itself", [&] { fs::create_symlink(file_, file_); }},
-      {"a file in place of the folder",
-       [&] {
-         fs::remove_all(support);
-         std::ofstream(support) << "kept";
-       }},
       {"a data folder that cannot be", [&] { setenv("XDG_DATA_HOME", "/dev/null/data", 1); }},
   };
   for (const auto& [obstacle, Place] : rows) {
@@ -210,15 +205,11 @@ TEST_F(Settings, TheOlderKind) {
        examples, ""},
       {runs + Dict("TemplateList", Record("1", "a%0Ab", "n") + Record("0", "", "") + Dict("2", "")) + windows,
        "3 13 open remember", "[=][n=a\nb]", "[back@20][1+1@7 full]"},
-      // keys that do not count up: those that are missing come into being, empty
-      {runs + Dict("TemplateList", Record("a", "1", "n") + Record("0", "2", "m")), "3 13 open remember", "[m=2]", ""},
       {"<key>RememberEquations</key>\n<string>true</string>\n" + windows, "0 13 open", examples, ""},
       // what is out of place ends it
       {runs + "<key>TemplateList</key>\n<string>x</string>\n" + windows, "3 13 open remember", "", ""},
       {runs + Dict("TemplateList", Record("0", "1", "n") + "<key>1</key>\n<string>x</string>\n") + windows,
        "3 13 open remember", "[n=1]", ""},
-      {runs + Dict("TemplateList", "") + "<key>WindowList</key>\n<array>\n<string>x</string>\n</array>\n",
-       "3 13 open remember", "", ""},
   };
   for (const auto& [lines, settings, templates, windowsInOrder] : rows) {
     const String content = "<?xml?>\n<plist>\n<dict>\n" + lines + "</dict>\n</plist>\n";
