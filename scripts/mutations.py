@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Puts each fault of scripts/mutations.txt into a copy of the sources and says which test sees it.
 
-    scripts/mutations.py [TEXT...]     only mutations with one of the texts in their file or their old text
+    scripts/mutations.py [TEXT...]     only mutations with one of the texts in their folder or their old text
 
 Builds below build/mutations, without the window program, at the lowest priority. A mutation is seen when it does not
 compile, or when a test fails, crashes or takes longer than a minute. Exits with 1 when a mutation that is not marked as
@@ -18,10 +18,15 @@ PROJECT = pathlib.Path(__file__).resolve().parent.parent
 SCRATCH = PROJECT / "build" / "mutations"
 SECONDS_PER_TEST = 60
 
-# The tests that cover a folder, quick ones first; CMake targets, and arguments.
+# The tests that cover a folder, quick ones first: a CMake target and its arguments.
 CORPUS = SCRATCH / "source" / "fuzz" / "corpus"
-ENGINE = [["engine_tests"], ["replay_engine", CORPUS / "engine"], ["replay_rewriting", CORPUS / "rewriting"],
-          ["replay_rewriting", CORPUS / "random_words", "--random"]]
+ENGINE = [
+    ["engine_tests", "--gtest_filter=Language.*"],
+    ["replay_rewriting", CORPUS / "rewriting"],
+    ["replay_rewriting", CORPUS / "random_words", "--random"],
+    ["replay_engine", CORPUS / "engine"],
+    ["engine_tests", "--gtest_filter=Hostile.*"],
+]
 PERSISTENCE = [
     ["persistence_tests"],
     ["replay_key_list", CORPUS / "key_list", "--damage"],
@@ -30,35 +35,38 @@ PERSISTENCE = [
 PLIST = [["plist_tests"], ["replay_property_list", CORPUS / "property_list", "--damage"]]
 FRAMEWORK = [["framework_tests"], ["replay_text_import", CORPUS / "text_import", "--damage"]]
 TESTS = {
-    "src/engine/": ENGINE,
-    "src/framework/file/": PERSISTENCE + PLIST,
-    "src/framework/text/date": PLIST,
-    "src/framework/": FRAMEWORK + ENGINE + PERSISTENCE + PLIST,
-    "src/persistence/": PERSISTENCE,
-    "src/templates/": PERSISTENCE,
-    "src/plist/": PLIST,
+    "src/engine": ENGINE,
+    "src/framework/file": PERSISTENCE + PLIST,
+    "src/framework": FRAMEWORK + ENGINE + PERSISTENCE + PLIST,
+    "src/persistence": PERSISTENCE,
+    "src/templates": PERSISTENCE,
+    "src/plist": PLIST,
 }
 
 
 class Mutation:
     def __init__(self, block):
         lines = block.splitlines()
-        self.file = lines[0]
+        self.folder = lines[0]  # or a file
         self.old = lines[1].removeprefix("- ")
         self.new = lines[2].removeprefix("+").removeprefix(" ")
         self.unseen = lines[3].removeprefix("unseen ") if len(lines) > 3 else None
 
     def __str__(self):
-        return f"{self.file}: {self.old}  ->  {self.new or '(nothing)'}"
+        return f"{self.folder}: {self.old}  ->  {self.new or '(nothing)'}"
 
     def tests(self):
-        return next(tests for folder, tests in TESTS.items() if self.file.startswith(folder))
+        return next(tests for folder, tests in TESTS.items() if self.folder.startswith(folder))
 
-    def apply_to(self, text):
-        """The changed text; None unless the old one is found once."""
-        pattern = r"\s+".join(re.escape(word) for word in self.old.split())
-        changed, count = re.subn(pattern, lambda _: self.new, text)
-        return changed if count == 1 else None
+    def pattern(self):
+        return re.compile(r"\s+".join(re.escape(word) for word in self.old.split()))
+
+    def place(self):
+        """The file that holds the old text; None unless it is found exactly once."""
+        place = SCRATCH / "source" / self.folder
+        files = [place] if place.is_file() else [*place.rglob("*.cpp"), *place.rglob("*.h")]
+        found = [file for file in files for _ in self.pattern().findall(file.read_text(encoding="utf-8"))]
+        return found[0] if len(found) == 1 else None
 
 
 def read_mutations():
@@ -78,8 +86,8 @@ def run(command, seconds=None):
     return done.returncode, done.stdout + done.stderr
 
 
-def build(targets):
-    return run(["cmake", "--build", "build", "--target", *targets])
+def build(target):
+    return run(["cmake", "--build", "build", "--target", target])
 
 
 def prepare():
@@ -98,40 +106,37 @@ def prepare():
 
 
 def first_failure(tests):
-    """Which of the tests fails; None when all pass."""
+    """Which of the tests fails, building each one first; None when all pass."""
     for command in tests:
+        if build(command[0])[0] != 0:
+            return "the compiler"
         status, output = run([SCRATCH / "build" / command[0], *command[1:]], SECONDS_PER_TEST)
         if status is None:
             return f"{command[0]} hangs"
         if status != 0:
-            failed = re.findall(r"^\[  FAILED  \] (\S+) \(", output, re.M) + re.findall(r"^Broken: (.*)", output, re.M)
+            failed = re.findall(r"^\[  FAILED  \] ([\w.]+)$", output, re.M) + re.findall(r"^Broken: (.*)", output, re.M)
             return ", ".join(sorted(set(failed))) or f"{command[0]} crashes"
     return None
 
 
 def try_mutation(mutation):
     """What sees it; None when nothing does."""
-    path = SCRATCH / "source" / mutation.file
-    original = path.read_text(encoding="utf-8")
-    changed = mutation.apply_to(original)
-    if changed is None:
+    path = mutation.place()
+    if path is None:
         raise ValueError("the old text is not there exactly once")
-    path.write_text(changed, encoding="utf-8")
+    original = path.read_text(encoding="utf-8")
+    path.write_text(mutation.pattern().sub(lambda _: mutation.new, original), encoding="utf-8")
     try:
-        status, _ = build([command[0] for command in mutation.tests()])
-        return "the compiler" if status != 0 else first_failure(mutation.tests())
+        return first_failure(mutation.tests())
     finally:
         path.write_text(original, encoding="utf-8")
 
 
 def main():
-    chosen = [m for m in read_mutations() if not sys.argv[1:] or any(t in m.file + m.old for t in sys.argv[1:])]
+    chosen = [m for m in read_mutations() if not sys.argv[1:] or any(t in m.folder + m.old for t in sys.argv[1:])]
     prepare()
-    everything = {command[0]: command for mutation in chosen for command in mutation.tests()}
-    status, output = build(everything)
-    if status != 0:
-        sys.exit(output)
-    if failure := first_failure(everything.values()):
+    every_test = {tuple(command): command for mutation in chosen for command in mutation.tests()}
+    if failure := first_failure(every_test.values()):
         sys.exit(f"fails without any mutation: {failure}")
     wrong = unseen = 0
     for mutation in chosen:

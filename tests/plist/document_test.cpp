@@ -7,7 +7,6 @@
 
 #include "framework/clipboard.h"
 #include "framework/file/program.h"
-#include "plist/conversion.h"
 #include "plist/plist.h"
 #include "temporary_folder.h"
 #include "tree_text.h"
@@ -129,7 +128,8 @@ TEST_F(PropertyListFile, Dumping) {
 TEST_F(PropertyListFile, BinaryByTheRealTool) {
   if (RunProgram({"plistutil", "-v"}, std::chrono::seconds(10)) == ProgramEnd::NotFound) GTEST_SKIP() << "no plistutil";
   const FolderItem file = File("list", newHeaders + "<key>RunCount</key>\n<integer>4</integer>\n</dict>\n</plist>\n");
-  ConvertPropertyList(file, PropertyListForm::Binary);
+  const String path = file.Path().string();
+  RunProgram({"plistutil", "-i", path, "-o", path, "-f", "bin"}, std::chrono::seconds(10));
   const String before = Content(file);
   plist document(file);
   EXPECT_EQ(TreeText(document.root()), "RunCount:integer=4");
