@@ -3,7 +3,7 @@
 //   replay_NAME FOLDER [--damage|--random]
 //
 // With --damage also on each file cut at every length and with each byte changed, with --random on each file followed
-// by random bytes, 40,000 times.
+// by random bytes, 20,000 times.
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -38,7 +38,7 @@ void TryDamaged(const std::string& name, const std::string& content) {
 
 void TryRandom(const std::string& name, const std::string& content) {
   std::mt19937 random(1);
-  for (int round = 0; round < 40'000; ++round) {
+  for (int round = 0; round < 20'000; ++round) {
     std::string input = content;
     for (unsigned length = random() % 200; length > 0; --length) input += static_cast<char>(random());
     Try(name + " with random bytes, round " + std::to_string(round), input);

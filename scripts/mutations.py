@@ -30,6 +30,7 @@ ENGINE = [
 PERSISTENCE = [
     ["persistence_tests"],
     ["replay_key_list", CORPUS / "key_list", "--damage"],
+    ["replay_key_list", CORPUS / "random_look_ups", "--random"],
     ["replay_settings", CORPUS / "settings", "--damage"],
 ]
 PLIST = [["plist_tests"], ["replay_property_list", CORPUS / "property_list", "--damage"]]

@@ -3,9 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <random>
-
 #include "stored_bytes.h"
 
 namespace sumlet {
@@ -123,33 +120,6 @@ TEST(KeyList, LongStream) {
     list.AddData(i % 2 == 0 ? piece : piece + piece);
     list.ReduceBuffer();
     ASSERT_EQ(list.ItemCount(), i + (i + 1) / 2);
-  }
-}
-
-// Long lists keep an index of their keys; they have to answer like a plain search from front to back.
-TEST(KeyList, LookUpsInShortAndLongLists) {
-  for (const Int32 count : {4, 17, 100}) {
-    std::mt19937 random(static_cast<unsigned>(count));
-    Items plain;
-    KeyList list;
-    list.BinaryFormat = list.RemoveItemsAsFound = true;
-    for (Int32 step = 0; step < 40 * count; ++step) {
-      const String key = (random() % 2 == 0 ? "é" : "É") + Str(static_cast<Int32>(random() % count));
-      const auto hasKey = [&key](const auto& item) { return SameText(item.first, key); };
-      if (random() % 2 == 0 && list.ItemCount() < count) {
-        plain.emplace_back(key, Str(step));
-        list.AddItem(key, plain.back().second);
-      } else if (random() % 8 > 0) {
-        const auto item = std::find_if(plain.begin(), plain.end(), hasKey);
-        ASSERT_EQ(list.HasItem(key), item != plain.end());
-        ASSERT_EQ(list.GetItem(key), item != plain.end() ? item->second : "");
-        if (item != plain.end()) plain.erase(item);
-      } else {
-        list.RemoveItem(key);
-        std::erase_if(plain, hasKey);
-        ASSERT_EQ(ItemsOf(list), plain);
-      }
-    }
   }
 }
 
