@@ -1,7 +1,7 @@
 // The line language: any text is evaluated, and all that a run leaves is as the header of MathClass says.
 #include "check.h"
-#include "engine/plain_rewriting.h"
 #include "engine/result_text.h"
+#include "plain_rewriting.h"
 
 namespace sumlet {
 namespace {

@@ -1,8 +1,8 @@
 // The engine against the plain evaluator of its tests: they agree on every short text. Long ones, for which the plain
 // one is too slow, are checked by engine.cpp.
 #include "check.h"
-#include "engine/plain_rewriting.h"
-#include "engine/random_equations.h"
+#include "plain_rewriting.h"
+#include "random_equations.h"
 
 namespace sumlet {
 namespace {

@@ -1,4 +1,4 @@
-#include "engine/plain_rewriting.h"
+#include "plain_rewriting.h"
 
 #include <utility>
 #include <vector>

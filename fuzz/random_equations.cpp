@@ -1,4 +1,4 @@
-#include "engine/random_equations.h"
+#include "random_equations.h"
 
 #include <iterator>
 #include <map>
