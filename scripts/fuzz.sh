@@ -6,7 +6,7 @@
 #
 # With a seed every run tries the same inputs, as far as they last. What is found, and each run's log, is in
 # build/fuzz/finds; inputs that reach new code are kept in build/fuzz/corpus for the next run. Run a find again with
-# build/fuzz/fuzz_TARGET FILE, and make it a row of a test.
+# build/fuzz/fuzz_TARGET FILE, and make it a seed in fuzz/corpus/TARGET, which the tests replay.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 cd "$projectRoot"
