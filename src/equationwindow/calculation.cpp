@@ -30,15 +30,27 @@ void winSumlet::SetEquation(std::string_view name, std::string_view text) {
   Calculate();
 }
 
-// The focus stays in the equation, so a screen reader would not look at the strip: the result is also the description
-// of the equation, whose change it tells. A result that comes out the same again is no change.
 void winSumlet::Calculate() {
   math->equationText = textInput().Text();
-  const String result = ShownResult(*math, math->Evaluate());
+  if (valueDisplay_ == nullptr)
+    math->Evaluate();
+  else
+    valueDisplay_->SetValues(LineValues(*math));
+  ShowResult();
+}
+
+void winSumlet::ShowResult() {
+  const String result = ShownResult(*math, math->Result);
   textOutput().SetText(result);
-  textInput().setAccessibleDescription(ToQString(sumlet::Left(result, spokenLength)));
+  Announce(result);
   SyntaxColoring();
   ArrangeControls();
+}
+
+// The focus stays in the equation, so a screen reader would not look at the strip: the result is also the description
+// of the equation, whose change it tells. A result that comes out the same again is no change.
+void winSumlet::Announce(std::string_view text) {
+  textInput().setAccessibleDescription(ToQString(sumlet::Left(text, spokenLength)));
 }
 
 }  // namespace sumlet

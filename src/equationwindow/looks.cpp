@@ -1,4 +1,5 @@
-// The looks of an equation window: the size of its text, the colours of its lines, and how high its areas are.
+// The looks of an equation window: the size of its text, the colours and values of its lines, and how high its areas
+// are.
 #include <QEvent>
 
 #include "equationwindow/area_layout.h"
@@ -43,6 +44,15 @@ void winSumlet::SyntaxColoring() {
   for (const LineRole role : LineRoles(text, errorLine)) colors.push_back(ColorOf(role));
   textInput_->SetTextSize(TextSize);
   textInput_->SetLineColors(colors);
+}
+
+void winSumlet::ShowLineValues(bool shown) {
+  if (shown == (valueDisplay_ != nullptr)) return;
+  valueDisplay_.reset();
+  if (!shown) return;
+  valueDisplay_ = std::make_unique<ValueDisplay>(*textInput_, commentColor);
+  valueDisplay_->Clicked = [this](Int32 line) { CopyValue(line, valueDisplay_->Values().ValueOf(line)); };
+  Calculate();
 }
 
 void winSumlet::ArrangeControls() {

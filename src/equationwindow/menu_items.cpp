@@ -10,10 +10,16 @@ void winSumlet::AddMenuHandlers() {
   BindMenuHandler("FileExport", [this] { return _FileExport_Action(); });
   BindMenuHandler("EditCopyResult", [this] { return _EditCopyResult_Action(); });
   BindMenuHandler("EditGoToError", [this] { return _EditGoToError_Action(); });
+  BindMenuHandler("EditCopyLineValue", [this] { return _EditCopyLineValue_Action(); });
+  BindMenuHandler("EditCopyWithValues", [this] { return _EditCopyWithValues_Action(); });
 }
 
 void winSumlet::Event_EnableMenuItems(MenuBar& menuBar) {
-  if (!Trim(textInput().Text()).empty()) menuBar.Enable("FileSaveAsTemplate");
+  if (!Trim(textInput().Text()).empty()) {
+    menuBar.Enable("FileSaveAsTemplate");
+    menuBar.Enable("EditCopyWithValues");
+  }
+  if (LineMayHaveValue(textInput().textCursor().blockNumber())) menuBar.Enable("EditCopyLineValue");
   if (IsCalculationDue() || !textOutput().Text().empty()) menuBar.Enable("EditCopyResult");
   if (IsCalculationDue() || math->ResultIsError()) menuBar.Enable("EditGoToError");
 }

@@ -43,6 +43,7 @@ void winSumlet::_CreateControls0() {
 void winSumlet::Event_Open() {
   math = std::make_unique<MathClass>();
   ApplyTextSize(Preferences::TextSize);
+  ShowLineValues(Preferences::ShowLineValues);
 }
 
 void winSumlet::Event_Resized() { ArrangeControls(); }

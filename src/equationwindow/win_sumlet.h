@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "engine/math_class.h"
+#include "equationwindow/value_display.h"
 #include "framework/ui/base_window.h"
 #include "framework/ui/text_area.h"
 #include "framework/ui/timer.h"
@@ -43,6 +44,8 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   [[nodiscard]] TextArea& textInput() const { return *textInput_; }
   [[nodiscard]] TextArea& textOutput() const { return *textOutput_; }
   [[nodiscard]] Timer& tmrCalculate() { return tmrCalculate_; }
+  // Nullptr while line values are not shown.
+  [[nodiscard]] const ValueDisplay* valueDisplay() const { return valueDisplay_.get(); }
   [[nodiscard]] NameProviderDialog& TemplateSaver() { return TemplateSaver_; }
 
   // The bounds of the window before it last went to full screen, in pixels; all 0 until then.
@@ -67,6 +70,11 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   // error. Always True: handled.
   bool _EditGoToError_Action();
 
+  // Copies the value of the line with the caret, or the selected lines, or else all, with their values (value_text.h).
+  // Always True: handled.
+  bool _EditCopyLineValue_Action();
+  bool _EditCopyWithValues_Action();
+
   // Shows an equation that was not typed, and its result; no save is scheduled. `name` is what it came from.
   void SetEquation(std::string_view name, std::string_view text);
 
@@ -75,6 +83,9 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
 
   // Gives both areas the text size, in points, and lays them out anew.
   void ApplyTextSize(Int32 size);
+
+  // Shows the value of each line beside it, or no longer. Showing them evaluates the equation.
+  void ShowLineValues(bool shown);
 
   // Writes the text, the place and the looks of the window into a record of the session, and opens a window from one.
   void StoreRecord(KeyList& record) const override;
@@ -103,6 +114,11 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   bool DoubleClickResult(const QMouseEvent& event);
   [[nodiscard]] bool IsCalculationDue() const { return tmrCalculate_.Mode() == TimerMode::Single; }
   void CalculateIfDue();
+  void ShowResult();
+  void Announce(std::string_view text);
+  [[nodiscard]] LineValues CurrentValues();
+  [[nodiscard]] bool LineMayHaveValue(Int32 line) const;
+  void CopyValue(Int32 line, std::string_view value);
   void SyntaxColoring();
   void ArrangeControls();
   void StoreWindowedBounds();
@@ -111,6 +127,7 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
 
   TextArea* textInput_ = nullptr;
   TextArea* textOutput_ = nullptr;
+  std::unique_ptr<ValueDisplay> valueDisplay_;  // while values are shown
   Timer tmrCalculate_;
   NameProviderDialog TemplateSaver_;
   Timer tmrDelayToggleFullscreen_;

@@ -16,6 +16,7 @@ bool TemplatesOpen = true;
 Int32 TextSize = defaultTextSize;
 bool RememberEquations = true;
 bool ShownReviewDialog = false;
+bool ShowLineValues = false;
 std::unique_ptr<plist> pref;
 
 namespace {
@@ -51,15 +52,16 @@ struct Setting {
 
   std::string_view key;
   std::variant<Int32*, bool*> variable;
+  bool isOptional = false;  // written only while it differs from its default
   Variant fallback = Value();
+  [[nodiscard]] bool IsDefault() const { return VariantToString(Value()) == VariantToString(fallback); }
 };
 
 // In the order of the file.
 const Setting settings[] = {
-    {"TemplatesOpen", &TemplatesOpen},
-    {"TextSize", &TextSize},
-    {"RememberEquations", &RememberEquations},
-    {"ShownReviewDialog", &ShownReviewDialog},
+    {"TemplatesOpen", &TemplatesOpen},         {"TextSize", &TextSize},
+    {"RememberEquations", &RememberEquations}, {"ShownReviewDialog", &ShownReviewDialog},
+    {"ShowLineValues", &ShowLineValues, true},
 };
 
 // From the list of a settings file or the dictionary of an older one.
@@ -73,7 +75,8 @@ void LoadSettings(Source& source) {
 String Content() {
   KeyList list = NewStoredList();
   list.AddItem(runCountKey, DoubleToVariant(RunCount + 1.0));  // a damaged file may have the largest Int32
-  for (const Setting& setting : settings) list.AddItem(setting.key, setting.Value());
+  for (const Setting& setting : settings)
+    if (!setting.isOptional || !setting.IsDefault()) list.AddItem(setting.key, setting.Value());
   for (const Section& section : Sections()) list.AddItem(section.key, StringToVariant(section.Store()));
   return list.GetData();
 }

@@ -28,6 +28,7 @@ extern bool TemplatesOpen;      // the template chooser is open
 extern Int32 TextSize;          // of new equation windows, in points; as stored, also where that is out of 1 to 1000
 extern bool RememberEquations;  // the open equations come back at the next start
 extern bool ShownReviewDialog;  // the review prompt has been shown
+extern bool ShowLineValues;     // beside the lines of equations; stored only while it is set
 
 // A part of the file that another module owns. Sections are written, and read, in the order of their registration;
 // one registered under a key that is there takes that one's place.

@@ -69,7 +69,8 @@ class App {
   static bool _AppleAbout_Action();
   static bool _FileReopenClosed_Action();  // the one that was closed last
   static bool _EditNormalText_Action();
-  static bool StepTextSize(Int32 steps);  // larger by that many of the sizes in Preferences, or smaller
+  static bool _EditShowLineValues_Action();  // in all equation windows
+  static bool StepTextSize(Int32 steps);     // larger by that many of the sizes in Preferences, or smaller
 
   // Opens the equation that was chosen in the chooser; an empty one for nullptr.
   static void OpenEquation(const winTemplates::Template* chosen);

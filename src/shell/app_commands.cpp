@@ -60,6 +60,7 @@ void App::BindMenuHandlers() {
   menuBar.BindHandler("EditLargerText", [] { return StepTextSize(1); });
   menuBar.BindHandler("EditSmallerText", [] { return StepTextSize(-1); });
   menuBar.BindHandler("EditNormalText", [] { return _EditNormalText_Action(); });
+  menuBar.BindHandler("EditShowLineValues", [] { return _EditShowLineValues_Action(); });
   menuBar.BindHandler("FileReopenClosed", [] { return _FileReopenClosed_Action(); });
   menuBar.BindHandler("HelpLanguage", [] {
     ShowURL(WebAddresses::LanguageReference());
@@ -98,6 +99,9 @@ void App::Event_EnableMenuItems() {
   }
   EnableAppended(menuBar);
   EnableTextSizes(menuBar);
+  QAction& lineValues = menuBar.Item("EditShowLineValues");
+  lineValues.setCheckable(true);
+  lineValues.setChecked(Preferences::ShowLineValues);
   MyWindowManager::BuildWindowMenu(menuBar.Menu("WindowMenu"));
 }
 
@@ -123,6 +127,13 @@ bool App::StepTextSize(Int32 steps) {
 
 bool App::_EditNormalText_Action() {
   winPreferences::ChooseTextSize(Preferences::defaultTextSize);
+  return true;
+}
+
+bool App::_EditShowLineValues_Action() {
+  Preferences::ShowLineValues = !Preferences::ShowLineValues;
+  for (Int32 i = WindowCount() - 1; i >= 0; --i)
+    if (auto* equation = dynamic_cast<winSumlet*>(&WindowAt(i))) equation->ShowLineValues(Preferences::ShowLineValues);
   return true;
 }
 

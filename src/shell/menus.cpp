@@ -40,6 +40,10 @@ constexpr MenuItemDeclaration editItems[] = {
     {"EditLargerText", "&Larger Text", "Ctrl++; Ctrl+=", false},
     {"EditSmallerText", "&Smaller Text", "Ctrl+-", false},
     {"EditNormalText", "&Normal Text Size", "Ctrl+0", false},
+    {"UntitledSeparator10", "-"},
+    {"EditShowLineValues", "Show Line &Values", "Ctrl+L"},
+    {"EditCopyLineValue", "Copy L&ine Value", "Ctrl+Alt+C", false},
+    {"EditCopyWithValues", "Copy &with Values", "Ctrl+Shift+Alt+C", false},
 };
 
 constexpr MenuItemDeclaration windowItems[] = {

@@ -5,6 +5,7 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
+#include "framework/clipboard.h"
 #include "framework/ui/window_fixture.h"
 #include "persistence/my_window_manager.h"
 #include "persistence/preferences.h"
@@ -179,6 +180,30 @@ TEST_F(WinSumlet, ColorsFollowTheCalculationAndTheTyping) {
   EXPECT_EQ(input.Text(), "# 𝜋\nfxoo\n# b");
   window->SetEquation("", "1\n2");
   EXPECT_EQ(Colors(), ";;");
+}
+
+TEST_F(WinSumlet, LineValuesMoveAndHideWithTheirLines) {
+  const auto shown = [this] {
+    String text;
+    for (const auto& [line, value, place, baseline] : window->valueDisplay()->ShownBetween(0, input.height()))
+      text += Str(line) + ":" + value.toStdString() + " ";
+    return text;
+  };
+  window->ShowLineValues(true);
+  window->SetEquation("", "# c\n40+2\n\n3\nfoo\n5");
+  EXPECT_EQ(shown(), "1:42 3:3 ");
+  TypeAt(8, "\r");
+  EXPECT_EQ(shown(), "1:42 4:3 ") << "a line put in behind";
+  TypeAt(4, "\r");
+  EXPECT_EQ(shown(), "2:42 5:3 ") << "and in front";
+  TypeAt(5, "1");
+  EXPECT_EQ(shown(), "5:3 ") << "a changed line";
+  QTest::keyClick(&input, Qt::Key_Delete);
+  clock.Advance(250);
+  EXPECT_EQ(shown(), "2:12 5:3 ");
+  window->SetEquation("", "1+1\n5");
+  QTest::mouseClick(input.viewport(), Qt::LeftButton, {}, {input.viewport()->width() - 3, 5});
+  EXPECT_EQ(ClipboardText(), "2");
 }
 
 TEST_F(WinSumlet, ACompositionKeepsItsMarkAndTakesTheColorOfItsLine) {

@@ -97,6 +97,15 @@ TEST_F(Settings, ValuesAreReadByKey) {
   EXPECT_EQ(Preferences::RunCount, 2147483647);
 }
 
+TEST_F(Settings, LineValuesAreStoredOnlyWhileTheyAreShown) {
+  const String without = Saved();
+  Preferences::ShowLineValues = true;
+  const String with = Saved();
+  EXPECT_EQ(ReplaceAll(with, "\x0EShowLineValues\x04True", ""), without);
+  EXPECT_TRUE(AlertsOfLoading(without).empty() && !Preferences::ShowLineValues);
+  EXPECT_TRUE(AlertsOfLoading(with).empty() && std::exchange(Preferences::ShowLineValues, false));
+}
+
 TEST_F(Settings, DamagedFiles) {
   const std::pair<String, std::vector<String>> rows[] = {
       {"<RunCount>5</RunCount>", UnknownFormats({"60", "0", "0"})},

@@ -50,15 +50,18 @@ TEST_F(Menus, WhatIsEnabledDependsOnTheFrontWindow) {
     MenuBar1().Update();
     String names;
     for (const char* name : {"FileSaveAsTemplate", "FileCLose", "WindowMinimize", "FullScreen", "EditCopyResult",
-                             "EditGoToError", "FileReopenClosed"})
+                             "EditGoToError", "EditCopyLineValue", "EditCopyWithValues", "FileReopenClosed"})
       if (MenuBar1().Item(name).isEnabled()) names += String(name) + " ";
     return names;
   };
   EXPECT_EQ(enabled(), "");
   NewEquation("1");
-  EXPECT_EQ(enabled(), "FileSaveAsTemplate FileCLose WindowMinimize FullScreen EditCopyResult ");
+  EXPECT_EQ(
+      enabled(),
+      "FileSaveAsTemplate FileCLose WindowMinimize FullScreen EditCopyResult EditCopyLineValue EditCopyWithValues ");
   NewEquation("(1");
-  EXPECT_EQ(enabled(), "FileSaveAsTemplate FileCLose WindowMinimize FullScreen EditCopyResult EditGoToError ");
+  EXPECT_EQ(enabled(),
+            "FileSaveAsTemplate FileCLose WindowMinimize FullScreen EditCopyResult EditGoToError EditCopyWithValues ");
   NewEquation(" \n\t");
   EXPECT_EQ(enabled(), "FileCLose WindowMinimize FullScreen ");
   winPreferences::Instance().Show();
@@ -124,6 +127,24 @@ TEST_F(Menus, CommandsAboutTheResultFollowTheTextAsItIs) {
   EXPECT_TRUE(window.textInput().rect().intersects(window.textInput().cursorRect()));
   EXPECT_EQ(QApplication::focusWidget(), &window.textInput());
   EXPECT_EQ(window.textOutput().Text(), "\"foob\" Error: Variable Unknown");
+}
+
+TEST_F(Menus, LineValuesAreCopiedWhetherTheyAreShownOrNot) {
+  const winSumlet& other = NewEquation("1");
+  winSumlet& window = NewEquation("");
+  for (const bool shown : {true, false}) {
+    MenuBar1().Choose("EditShowLineValues");
+    MenuBar1().Update();
+    EXPECT_EQ(MenuBar1().Item("EditShowLineValues").isChecked(), shown);
+    EXPECT_EQ(other.valueDisplay() != nullptr, shown) << "in all equations";
+    window.SetEquation("", "2\nfoo");
+    QTest::keyClicks(&window.textInput(), "4");
+    MenuBar1().Choose("EditCopyLineValue");
+    EXPECT_EQ(ClipboardText(), "42") << "though its calculation was still to come";
+    EXPECT_EQ(window.textInput().accessibleDescription(), "Copied 42");
+    MenuBar1().Choose("EditCopyWithValues");
+    EXPECT_EQ(ClipboardText(), "42  → 42\nfoo");
+  }
 }
 
 TEST_F(Menus, ClosedEquationsComeBackTheLatestFirst) {

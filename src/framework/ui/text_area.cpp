@@ -162,6 +162,33 @@ Int32 TextArea::LineNumAtCharPos(Int32 position) const {
   return lines;
 }
 
+std::vector<TextArea::FreeRoom> TextArea::RoomsBesideLines(int top, int bottom) const {
+  std::vector<FreeRoom> rooms;
+  QTextBlock block = firstVisibleBlock();
+  qreal y = blockBoundingGeometry(block).translated(contentOffset()).top();
+  for (; block.isValid() && y <= bottom; block = block.next()) {
+    const qreal height = blockBoundingRect(block).height();  // lays the block out if it has not been yet
+    const QTextLayout& layout = *block.layout();
+    if (y + height >= top && layout.lineCount() > 0 && layout.preeditAreaText().isEmpty())
+      rooms.push_back(RoomBeside(block, y));
+    y += height;
+  }
+  return rooms;
+}
+
+// The width of a display line leaves out blanks at its end, but the caret can stand behind them.
+TextArea::FreeRoom TextArea::RoomBeside(const QTextBlock& block, qreal top) const {
+  const QTextLine line = block.layout()->lineAt(block.layout()->lineCount() - 1);
+  const qreal textEnd = line.cursorToX(line.textStart() + line.textLength());
+  const bool isLeft = block.textDirection() == Qt::RightToLeft;
+  QRectF room(0, top + line.y(), viewport()->width(), line.height());
+  if (isLeft)
+    room.setRight(std::max(std::min(line.naturalTextRect().left(), textEnd), room.left()));
+  else
+    room.setLeft(std::min(std::max(line.naturalTextRect().right(), textEnd), room.right()));
+  return {block.blockNumber(), room, top + line.y() + line.ascent(), isLeft};
+}
+
 void TextArea::SetReadOnly(bool readOnly) {
   setReadOnly(readOnly);
   if (readOnly) setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);

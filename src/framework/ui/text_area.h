@@ -54,6 +54,17 @@ class TextArea : public QPlainTextEdit {
   // stands for the last one.
   void MoveCaretToLineEnd(Int32 line);
 
+  // The room that is free beside the text of a line, in the last of its display lines.
+  struct FreeRoom {
+    int line;     // 0-based
+    QRectF room;  // in pixels of the viewport; has no width where the text takes it all
+    qreal baseline;
+    bool isLeftOfText;  // of a line that begins at the right edge
+  };
+  // Of the lines that are in sight between two heights of the viewport, from the top down. Leaves out a line in which
+  // an input method composes.
+  [[nodiscard]] std::vector<FreeRoom> RoomsBesideLines(int top, int bottom) const;
+
   // Colours line i in colours[i]; an invalid colour, or none, is black. No change of the text, and what is typed into a
   // coloured line takes its colour.
   void SetLineColors(const std::vector<QColor>& colours) { lineFormats_->Apply(colours); }
@@ -86,6 +97,7 @@ class TextArea : public QPlainTextEdit {
   // The height in pixels that the viewport should have: that of a read-only text that fits, else that of whole lines.
   [[nodiscard]] int HeightToShow(int space, int line) const;
   [[nodiscard]] bool IsCaretVisible(const QSize& viewportSize) const;
+  [[nodiscard]] FreeRoom RoomBeside(const QTextBlock& block, qreal top) const;
   [[nodiscard]] bool WrapsAnywhere(QStringView text) const;
   void SetMargins();
   void SetColours(bool selectionOutlivesFocus);

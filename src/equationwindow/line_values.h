@@ -1,0 +1,46 @@
+// LineValues: the values of the lines of an equation. They move with their lines while the user edits the text, and
+// a line that changes loses its value.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "framework/text/text.h"
+
+class QTextBlock;
+class QTextDocument;
+
+namespace sumlet {
+
+class MathClass;
+
+class LineValues {
+ public:
+  LineValues() = default;  // of no line
+
+  // Evaluates math.equationText, whose lines end in LF, as MathClass::Evaluate does, and takes the value of each line.
+  // Takes 64 MiB of values at most; what exceeds that has none.
+  explicit LineValues(MathClass& math);
+
+  // The value of a line, 0-based; empty for a line without one, or that does not exist. Valid until the next change.
+  [[nodiscard]] std::string_view ValueOf(Int32 line) const;
+
+  // Call it after each change of the document with the arguments of QTextDocument::contentsChange. The document's lines
+  // before the change are those of the equation.
+  void Follow(const QTextDocument& document, int position, int added);
+
+ private:
+  struct Line {
+    std::size_t text = 0;   // its hash
+    std::size_t begin = 0;  // of the value in values_, in bytes
+    std::size_t length = 0;
+  };
+  [[nodiscard]] static bool IsUnchanged(const Line& line, const QTextBlock& block);
+  void Take(Int32 line, std::string_view value);
+
+  std::vector<Line> lines_;
+  String values_;  // one behind the other
+};
+
+}  // namespace sumlet

@@ -1,0 +1,160 @@
+#include "equationwindow/value_display.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <utility>
+
+#include "equationwindow/value_text.h"
+#include "framework/ui/qt_text.h"
+
+namespace sumlet {
+namespace {
+
+constexpr Int32 flashPeriod = 300;  // ms
+constexpr qsizetype toolTipLine = 80;
+constexpr qsizetype longestToolTip = 25 * toolTipLine;
+
+// Broken into lines, because Qt shows a plain text in one, however long it is.
+QString ToolTipOf(std::string_view value) {
+  QString text = ToQString(value.substr(0, longestToolTip));
+  if (value.size() > longestToolTip) text += QChar(0x2026);
+  for (qsizetype end = (text.size() - 1) / toolTipLine * toolTipLine; end > 0; end -= toolTipLine)
+    text.insert(end, u'\n');
+  return text;
+}
+
+}  // namespace
+
+ValueDisplay::ValueDisplay(TextArea& area, const QColor& color)
+    : area_(&area), color_(color), cursorOfText_(area.viewport()->cursor()) {
+  area.viewport()->installEventFilter(this);
+  area.viewport()->setMouseTracking(true);
+  connect(area.document(), &QTextDocument::contentsChange, this, [this](int position, int /*removed*/, int added) {
+    values_.Follow(*area_->document(), position, added);
+    flashing_ = -1;
+    area_->viewport()->update();
+  });
+  tmrFlash_.SetPeriod(flashPeriod);
+  tmrFlash_.Action = [this](Timer&) {
+    flashing_ = -1;
+    area_->viewport()->update();
+  };
+}
+
+ValueDisplay::~ValueDisplay() {
+  if (area_ == nullptr) return;
+  area_->viewport()->setMouseTracking(false);
+  area_->viewport()->setCursor(cursorOfText_);
+  area_->viewport()->update();
+}
+
+void ValueDisplay::SetValues(LineValues values) {
+  values_ = std::move(values);
+  area_->viewport()->update();
+}
+
+void ValueDisplay::Flash(Int32 line) {
+  flashing_ = line;
+  tmrFlash_.SetMode(TimerMode::Single);
+  area_->viewport()->update();
+}
+
+std::vector<ValueDisplay::Shown> ValueDisplay::ShownBetween(int top, int bottom) const {
+  const QFontMetricsF metrics(area_->font(), area_->viewport());
+  const auto widthOf = [&metrics](QChar character) { return metrics.horizontalAdvance(character); };
+  std::vector<Shown> shown;
+  for (const auto& [line, room, baseline, isLeftOfText] : area_->RoomsBesideLines(top, bottom)) {
+    // A character of a size that can be read takes a pixel at least.
+    const auto most = static_cast<std::size_t>(room.width()) + 1;
+    const QString value = ToQString(values_.ValueOf(line).substr(0, most));
+    const PlacedValue placed = PlaceValue(value, {room.left(), room.right(), isLeftOfText}, widthOf);
+    if (placed.text.isEmpty()) continue;
+    shown.push_back({line, placed.text, {placed.left, room.top(), placed.width, room.height()}, baseline});
+  }
+  return shown;
+}
+
+std::optional<ValueDisplay::Shown> ValueDisplay::ShownAt(const QPoint& place) const {
+  for (const Shown& shown : ShownBetween(place.y(), place.y()))
+    if (shown.place.contains(place)) return shown;
+  return {};
+}
+
+// The area paints its text over this.
+void ValueDisplay::Paint(const QRect& area) {
+  QPainter painter(area_->viewport());
+  painter.setFont(area_->font());
+  for (const Shown& shown : ShownBetween(area.top(), area.bottom())) {
+    const bool isFlashing = shown.line == flashing_;
+    if (isFlashing) painter.fillRect(shown.place, area_->palette().color(QPalette::Active, QPalette::Highlight));
+    painter.setPen(isFlashing ? area_->palette().color(QPalette::Base) : color_);
+    painter.drawText(QPointF(shown.place.left(), shown.baseline), shown.text);
+  }
+}
+
+bool ValueDisplay::ShowToolTip(const QHelpEvent& event) const {
+  const std::optional<Shown> shown = ShownAt(event.pos());
+  if (!shown) return false;
+  QToolTip::showText(event.globalPos(), ToolTipOf(values_.ValueOf(shown->line)), area_->viewport(),
+                     shown->place.toAlignedRect());
+  return true;
+}
+
+bool ValueDisplay::Press(const QMouseEvent& event) {
+  if (isForwarding_) return false;
+  pressed_.reset();
+  const QPoint place = event.position().toPoint();
+  if (event.button() == Qt::LeftButton && event.modifiers() == Qt::NoModifier && ShownAt(place)) pressed_ = place;
+  return pressed_.has_value();
+}
+
+// A press on a value can also begin a selection in the text: the area then gets it after all. Moves without a button
+// are not for the area, which does not ask for them.
+bool ValueDisplay::Move(const QMouseEvent& event) {
+  const QPoint place = event.position().toPoint();
+  if (event.buttons() == Qt::NoButton) {
+    const QCursor cursor = ShownAt(place) ? QCursor(Qt::PointingHandCursor) : cursorOfText_;
+    if (cursor.shape() != area_->viewport()->cursor().shape()) area_->viewport()->setCursor(cursor);
+    return true;
+  }
+  if (!pressed_) return false;
+  if ((place - *pressed_).manhattanLength() < QApplication::startDragDistance()) return true;
+  const QPoint start = *std::exchange(pressed_, std::nullopt);
+  QMouseEvent press(QEvent::MouseButtonPress, start, area_->viewport()->mapToGlobal(start), Qt::LeftButton,
+                    Qt::LeftButton, Qt::NoModifier);
+  isForwarding_ = true;
+  QCoreApplication::sendEvent(area_->viewport(), &press);
+  isForwarding_ = false;
+  return false;
+}
+
+bool ValueDisplay::Release(const QMouseEvent& event) {
+  if (!pressed_ || event.button() != Qt::LeftButton) return false;
+  const std::optional<Shown> shown = ShownAt(*std::exchange(pressed_, std::nullopt));
+  if (shown && Clicked) Clicked(shown->line);
+  return true;
+}
+
+bool ValueDisplay::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::Paint:
+      Paint(static_cast<const QPaintEvent*>(event)->rect());
+      return false;
+    case QEvent::ToolTip:
+      return ShowToolTip(static_cast<const QHelpEvent&>(*event));
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      return Press(static_cast<const QMouseEvent&>(*event));
+    case QEvent::MouseMove:
+      return Move(static_cast<const QMouseEvent&>(*event));
+    case QEvent::MouseButtonRelease:
+      return Release(static_cast<const QMouseEvent&>(*event));
+    default:
+      return QObject::eventFilter(watched, event);
+  }
+}
+
+}  // namespace sumlet

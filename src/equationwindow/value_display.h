@@ -1,0 +1,71 @@
+// ValueDisplay: shows the values of an equation's lines beside them in its text area, behind the text. The text keeps
+// its place. A value shows whole in a tool tip, and a click on it asks to copy it.
+//
+// The display is an event filter of the area's viewport, so an area without one does nothing for it.
+#pragma once
+
+#include <QColor>
+#include <QCursor>
+#include <QObject>
+#include <QPointer>
+#include <QRectF>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "equationwindow/line_values.h"
+#include "framework/ui/text_area.h"
+#include "framework/ui/timer.h"
+
+class QHelpEvent;
+class QMouseEvent;
+
+namespace sumlet {
+
+class ValueDisplay final : public QObject {
+ public:
+  // Shows nothing before the first SetValues. Does not own `area`, which may be destroyed first.
+  ValueDisplay(TextArea& area, const QColor& color);
+  ~ValueDisplay() override;
+
+  // The values of the area's present text. Edits move them and take them away, as LineValues says.
+  void SetValues(LineValues values);
+  [[nodiscard]] const LineValues& Values() const { return values_; }
+
+  // Shows the value of a line, 0-based, inverted for a moment.
+  void Flash(Int32 line);
+
+  // What is shown beside a line.
+  struct Shown {
+    int line;  // 0-based
+    QString text;
+    QRectF place;  // in pixels of the viewport
+    qreal baseline;
+  };
+  // Of the lines between two heights of the viewport.
+  [[nodiscard]] std::vector<Shown> ShownBetween(int top, int bottom) const;
+
+  // Runs when the user clicks the value of a line, 0-based. May be empty.
+  std::function<void(Int32 line)> Clicked;
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  [[nodiscard]] std::optional<Shown> ShownAt(const QPoint& place) const;
+  void Paint(const QRect& area);
+  [[nodiscard]] bool ShowToolTip(const QHelpEvent& event) const;
+  [[nodiscard]] bool Press(const QMouseEvent& event);
+  [[nodiscard]] bool Move(const QMouseEvent& event);
+  [[nodiscard]] bool Release(const QMouseEvent& event);
+
+  const QPointer<TextArea> area_;
+  const QColor color_;
+  const QCursor cursorOfText_;
+  LineValues values_;
+  std::optional<QPoint> pressed_;  // where the left button went down on a value
+  bool isForwarding_ = false;      // of such a press to the area
+  Int32 flashing_ = -1;            // the line
+  Timer tmrFlash_;
+};
+
+}  // namespace sumlet
