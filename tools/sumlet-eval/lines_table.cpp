@@ -54,9 +54,7 @@ String LinesTable::Rows(std::string_view equation) const {
     const bool hasValue = value != values_.end() && value->line == static_cast<Int32>(i);
     const String number = std::to_string(i + 1);
     rows.append(numberWidth - number.size(), ' ').append(number);
-    if (hasValue || !lines[i].text.empty()) {
-      rows.append(hasValue && value->line == failedLine_ ? "! " : "  ").append(lines[i].text);
-    }
+    rows.append(hasValue && value->line == failedLine_ ? "! " : "  ").append(lines[i].text);
     if (hasValue) {
       const bool isBeside = lines[i].columns <= textWidth;
       if (!isBeside) rows += '\n';
@@ -64,6 +62,7 @@ String LinesTable::Rows(std::string_view equation) const {
       rows.append("  ").append(EscapeControls(value->text));
       ++value;
     }
+    while (rows.ends_with(' ')) rows.pop_back();
     rows += '\n';
   }
   return rows;
