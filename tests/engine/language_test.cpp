@@ -6,7 +6,6 @@
 #include "framework/text/numbers.h"
 
 namespace sumlet {
-
 namespace {
 
 TEST(Language, WorkedExamples) {
@@ -54,7 +53,7 @@ TEST(Language, ErrorsAreToldByAWord) {
   EXPECT_TRUE(!math.ResultIsError() && math.ResultIsError("an eRRoR inside") && !math.ResultIsError("err or"));
 }
 
-// That the walk gives the same as rewriting is the differential test's business. Here: that it is taken at all.
+// The fuzz target `rewriting` checks that the walk gives the same as rewriting. Here: that it is taken at all.
 TEST(Language, OrdinaryExpressionsAreNotRewritten) {
   VariableIndex variables;
   variables.Add("x", {.number = -2.5});

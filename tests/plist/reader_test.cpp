@@ -17,6 +17,7 @@ TEST(PropertyListReader, Layouts) {
       {"<key>a</key>\n<string>1</string> 2\n<key>b</key> \n<true/>", "a:string=1, b</key> :boolean=true"},
       // several lines: joined by CR, with one behind the last, but for data
       {"<key>a</key>\n\t<string>1\n\t\t  2\n\n3</string>\n</dict>", "a:string=1\r  2\r3\r"},
+      {"<key>a</key>\n<string>1>2\n3</string>\n</dict>", "a:string=3\r"},
       {"<key>a</key>\n<data>\n\tAAEC\n\tAwQ=\n\t</data>\n</dict>", "a:data=AAECAwQ="},
       {"<key>a</key>\n<string>1\n<key>b</key>\n2</string>\n</dict>", "a:string, b:=1\r2\r"},
       // empty and self-closed
