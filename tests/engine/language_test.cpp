@@ -24,7 +24,9 @@ TEST(Language, WorkedExamples) {
 TEST(Language, ObserverReceivesTheValueOfEachLine) {
   MathClass math("x = 2\n# 1\r\n x*21\r\n\nfrac(2.5)\r2x\n()\ny = -x\n y\n2+*3\n7");
   String values;
-  math.LineObserver = [&values](Int32 line, std::string_view value) {
+  math.Evaluate();
+  math.LineObserver = [&](Int32 line, std::string_view value) {
+    EXPECT_EQ(math.Result, "") << "of the run before";
     values.append(std::to_string(line)).append(": ").append(value).append("; ");
   };
   EXPECT_TRUE(math.ResultIsError(math.Evaluate()));

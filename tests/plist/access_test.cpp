@@ -139,7 +139,8 @@ TEST(PropertyListAccess, Nodes) {
 }
 
 TEST(PropertyListAccess, Dates) {
-  for (const char* wrong : {"2026-03-04T05:06:07", "2026-02-30 00:00:00", "2026-01-01 24:00:00"}) {
+  for (const char* wrong :
+       {"2026-03-04T05:06:07", "2026-02-30 00:00:00", "2026-01-01 24:00:00", "2026-01-01 00:00:00 "}) {
     Date date = SomeDate();
     EXPECT_FALSE(date.SetSQLDateTime(wrong)) << wrong;
     EXPECT_EQ(date.SQLDateTime(), "2026-03-04 05:06:07");
