@@ -5,6 +5,7 @@
 // With --damage also on each file cut at every length and with each byte changed, with --random on each file followed
 // by random bytes, 20,000 times.
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -36,9 +37,9 @@ void TryDamaged(const std::string& name, const std::string& content) {
   }
 }
 
-void TryRandom(const std::string& name, const std::string& content) {
+void TryRandom(const std::string& name, const std::string& content, int rounds) {
   std::mt19937 random(1);
-  for (int round = 0; round < 20'000; ++round) {
+  for (int round = 0; round < rounds; ++round) {
     std::string input = content;
     for (unsigned length = random() % 200; length > 0; --length) input += static_cast<char>(random());
     Try(name + " with random bytes, round " + std::to_string(round), input);
@@ -50,6 +51,7 @@ void TryRandom(const std::string& name, const std::string& content) {
 int main(int count, char** arguments) {
   if (count < 2) return 2;
   const std::string option = count > 2 ? arguments[2] : "";
+  const int rounds = count > 3 ? std::atoi(arguments[3]) : 0;
   int files = 0;
   for (const auto& entry : std::filesystem::directory_iterator(arguments[1])) {
     std::ifstream file(entry.path(), std::ios::binary);
@@ -57,7 +59,7 @@ int main(int count, char** arguments) {
     const std::string name = entry.path().filename().string();
     Try(name, content);
     if (option == "--damage") TryDamaged(name, content);
-    if (option == "--random") TryRandom(name, content);
+    if (option == "--random") TryRandom(name, content, rounds);
     ++files;
   }
   std::printf("%d files, %d failures\n", files, failures);

@@ -23,14 +23,14 @@ CORPUS = SCRATCH / "source" / "fuzz" / "corpus"
 ENGINE = [
     ["engine_tests", "--gtest_filter=Language.*"],
     ["replay_rewriting", CORPUS / "rewriting"],
-    ["replay_rewriting", CORPUS / "random_words", "--random"],
+    ["replay_rewriting", CORPUS / "random_words", "--random", "20000"],
     ["replay_engine", CORPUS / "engine"],
     ["engine_tests", "--gtest_filter=Hostile.*"],
 ]
 PERSISTENCE = [
     ["persistence_tests"],
     ["replay_key_list", CORPUS / "key_list", "--damage"],
-    ["replay_key_list", CORPUS / "random_look_ups", "--random"],
+    ["replay_key_list", CORPUS / "random_look_ups", "--random", "5000"],
     ["replay_settings", CORPUS / "settings", "--damage"],
 ]
 PLIST = [["plist_tests"], ["replay_property_list", CORPUS / "property_list", "--damage"]]
