@@ -36,4 +36,4 @@ quit() {
   ((status == 0)) || give_up "the program ended with status $status on $1"
 }
 
-start_display 1024x768
+[[ -n ${ownDisplay:-} ]] || start_display 1024x768  # the caller may have another one
