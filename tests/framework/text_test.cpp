@@ -44,8 +44,10 @@ TEST(Text, PiecesByCharacters) {
     EXPECT_EQ(Right(text, n), right) << text << " " << n;
     EXPECT_EQ(Mid(text, n), fromN) << text << " " << n;
   }
-  EXPECT_EQ(Mid("a😀é€", 2, 2) + Mid("abcd", 3, highest), "😀écd");
-  EXPECT_EQ(Mid("abcd", 2, 0) + Mid("abcd", 2, -1) + Mid("abcd", 0, 2) + Mid("abcd", lowest, highest), "");
+  EXPECT_EQ(Mid("a😀é€", 2, 2), "😀é");
+  EXPECT_EQ(Mid("abcd", 3, highest), "cd");
+  for (const auto& [start, length] : {std::pair{2, 0}, {2, -1}, {0, 2}, {lowest, highest}})
+    EXPECT_EQ(Mid("abcd", start, length), "") << start << " " << length;
 }
 
 // A long text is searched for in another way, which has to find the same: texts of few letters, so that beginnings
@@ -125,14 +127,19 @@ TEST(Text, Fields) {
 }
 
 TEST(Text, TrimAndCase) {
-  EXPECT_EQ(Trim(" \t\r\n a \t b \n\r\t ") + Trim(" \n ") + Trim("\u00A0a\v"), "a \t b\u00A0a\v");
+  EXPECT_EQ(Trim(" \t\r\n a \t b \n\r\t "), "a \t b");
+  EXPECT_EQ(Trim(" \n "), "");
+  EXPECT_EQ(Trim("\u00A0a\v"), "\u00A0a\v");
   EXPECT_EQ(Lowercase("AbC-ÀÉ ΠΣ Ж\xFF 😀 ß"), "abc-àé πσ ж\xFF 😀 ß");
 }
 
 TEST(Text, Codes) {
-  EXPECT_EQ(Chr(65) + Chr(0x3C0) + Chr(0x1F600), "Aπ😀");
-  EXPECT_EQ(Chr(-1) + Chr(0xD800) + Chr(0xDFFF) + Chr(0x110000), "\uFFFD\uFFFD\uFFFD\uFFFD");
-  EXPECT_TRUE(Asc("😀") == 0x1F600 && Asc("\xFF") == 255 && Asc("") == 0);
+  EXPECT_EQ(Chr(0x3C0), "π");
+  EXPECT_EQ(Chr(0x1F600), "😀");
+  for (const Int32 none : {-1, 0xD800, 0xDFFF, 0x110000}) EXPECT_EQ(Chr(none), "\uFFFD") << none;
+  EXPECT_EQ(Asc("😀"), 0x1F600);
+  EXPECT_EQ(Asc("\xFF"), 255);
+  EXPECT_EQ(Asc(""), 0);
 }
 
 TEST(Text, Comparison) {

@@ -72,7 +72,8 @@ TEST_F(PropertyListTree, MovingTakesAway) {
   root.child("d").child("v").SetString("double", "1");
   for (const char* key : {"s", "r", "x", "a"}) root.Move(key, &root.child("d"));
   EXPECT_EQ(root.count(), 1);
-  EXPECT_EQ(root.child("d").GetType("r") + root.child("d").GetType("x"), "realdata");
+  EXPECT_EQ(root.child("d").GetType("r"), "real");
+  EXPECT_EQ(root.child("d").GetType("x"), "data");
 
   root.child("d").Move("v", &root, true, "w");
   root.Rename("w", "u");
