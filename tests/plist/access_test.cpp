@@ -85,6 +85,7 @@ TEST(PropertyListAccess, Setters) {
       {DO(x.SetInteger("s", 1)), "", "Type Mismatch: s is a string", "s:string=old, r:real=1.5"},
       {DO(x.SetInteger("k", -7.5)), "", "", "s:string=old, r:real=1.5, k:integer=-8"},
       {DO(x.SetDouble("r", -2.04)), "", "", "s:string=old, r:real=2."},
+      {DO(x.SetReal("r", 9)), "", "Type Mismatch: r is a real", "s:string=old, r:real=1.5"},
       {DO(x.SetData("s", "AA==")), "", "earlier", "s:data=AA==, r:real=1.5"},
       {DO(x.SetColor("s", RGB(1, 16, 255))), "", "", "s:string=0110FF, r:real=1.5"},
       {DO(x.AppendString("v")), "", "root is not an array", "s:string=old, r:real=1.5"},
