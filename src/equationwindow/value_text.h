@@ -15,7 +15,7 @@ class LineValues;
 struct ValueRoom {
   double left;
   double right;
-  bool isLeftOfText = false;  // beside text that runs from right to left
+  bool isLeftOfText = false;  // the text is at the right edge
 };
 
 // What is shown in it. Without a text nothing is.

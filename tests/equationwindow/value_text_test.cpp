@@ -11,7 +11,7 @@
 namespace sumlet {
 namespace {
 
-// In an area 120 pixels wide, each character 10 wide. Text from right to left has a negative width.
+// In an area 120 pixels wide, each character 10 wide. Text at the right edge has a negative width.
 TEST(ValueText, IsPlacedAtTheEdgeOrCutOrLeftOut) {
   const std::tuple<const char*, double, const char*> rows[] = {
       {"", 0, ""},

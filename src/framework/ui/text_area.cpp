@@ -176,16 +176,16 @@ std::vector<TextArea::FreeRoom> TextArea::RoomsBesideLines(int top, int bottom) 
   return rooms;
 }
 
-// The width of a display line leaves out blanks at its end, but the caret can stand behind them.
+// The width of a display line leaves out blanks at its end, but the caret can stand behind them. Text that runs from
+// right to left can begin at either edge.
 TextArea::FreeRoom TextArea::RoomBeside(const QTextBlock& block, qreal top) const {
   const QTextLine line = block.layout()->lineAt(block.layout()->lineCount() - 1);
-  const qreal textEnd = line.cursorToX(line.textStart() + line.textLength());
-  const bool isLeft = block.textDirection() == Qt::RightToLeft;
-  QRectF room(0, top + line.y(), viewport()->width(), line.height());
-  if (isLeft)
-    room.setRight(std::max(std::min(line.naturalTextRect().left(), textEnd), room.left()));
-  else
-    room.setLeft(std::min(std::max(line.naturalTextRect().right(), textEnd), room.right()));
+  const qreal end = line.cursorToX(line.textStart() + line.textLength());
+  const qreal width = viewport()->width();
+  const qreal left = std::clamp(std::min(line.naturalTextRect().left(), end), 0.0, width);
+  const qreal right = std::clamp(std::max(line.naturalTextRect().right(), end), left, width);
+  const bool isLeft = left > width - right;
+  const QRectF room(isLeft ? 0 : right, top + line.y(), isLeft ? left : width - right, line.height());
   return {block.blockNumber(), room, top + line.y() + line.ascent(), isLeft};
 }
 

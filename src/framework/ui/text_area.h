@@ -54,12 +54,12 @@ class TextArea : public QPlainTextEdit {
   // stands for the last one.
   void MoveCaretToLineEnd(Int32 line);
 
-  // The room that is free beside the text of a line, in the last of its display lines.
+  // The room that is free beside the text of a line, in the last of its display lines, on the side that has more of it.
   struct FreeRoom {
     int line;     // 0-based
     QRectF room;  // in pixels of the viewport; has no width where the text takes it all
     qreal baseline;
-    bool isLeftOfText;  // of a line that begins at the right edge
+    bool isLeftOfText;  // where the text is at the right edge
   };
   // Of the lines that are in sight between two heights of the viewport, from the top down. Leaves out a line in which
   // an input method composes.
