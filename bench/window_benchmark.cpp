@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
@@ -52,8 +53,9 @@ void KeyToCharacter(benchmark::State& state) {
 }
 BENCHMARK(KeyToCharacter)->Arg(10)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond)->Iterations(50);
 
-void TimerToResult(benchmark::State& state) {
+void TimerToResult(benchmark::State& state, bool showsValues) {
   winSumlet& window = OpenWindow(state.range(0));
+  window.ShowLineValues(showsValues);
   for (auto _ : state) {
     state.PauseTiming();
     QTest::keyClick(&window.textInput(), Qt::Key_1);
@@ -63,7 +65,33 @@ void TimerToResult(benchmark::State& state) {
   }
   CloseWindow(window);
 }
-BENCHMARK(TimerToResult)->Arg(10)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond)->Iterations(50);
+BENCHMARK_CAPTURE(TimerToResult, , false)
+    ->Arg(10)
+    ->Arg(1'000)
+    ->Arg(10'000)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(50);
+BENCHMARK_CAPTURE(TimerToResult, with line values, true)
+    ->Arg(10)
+    ->Arg(1'000)
+    ->Arg(10'000)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(50);
+
+// One frame of a window 1000 pixels high, scrolled by a line, of 10,000 lines.
+void ScrollByLine(benchmark::State& state, bool showsValues) {
+  winSumlet& window = OpenWindow(10'000);
+  window.SetHeight(1000);
+  window.ShowLineValues(showsValues);
+  QScrollBar& bar = *window.textInput().verticalScrollBar();
+  for (auto _ : state) {
+    bar.setValue((bar.value() + 1) % bar.maximum());
+    window.textInput().viewport()->repaint();
+  }
+  CloseWindow(window);
+}
+BENCHMARK_CAPTURE(ScrollByLine, , false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ScrollByLine, with line values, true)->Unit(benchmark::kMillisecond);
 
 // The part of it that calculates, with nothing else done.
 void Engine(benchmark::State& state) {

@@ -24,6 +24,7 @@ LineValues::LineValues(MathClass& math) {
   math.LineObserver = [this](Int32 line, std::string_view value) { Take(line, value); };
   const auto unobserve = qScopeGuard([&math] { math.LineObserver = nullptr; });
   const std::string_view text = math.equationText;
+  lines_.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1);
   for (std::size_t begin = 0; begin <= text.size();) {
     const std::size_t end = std::min(text.find('\n', begin), text.size());
     lines_.push_back({.text = HashOf(text.substr(begin, end - begin))});
@@ -35,8 +36,8 @@ LineValues::LineValues(MathClass& math) {
 void LineValues::Take(Int32 line, std::string_view value) {
   const auto index = static_cast<std::size_t>(line);
   if (index >= lines_.size() || value.size() > mostBytes - values_.size()) return;
-  lines_[index].begin = values_.size();
-  lines_[index].length = value.size();
+  lines_[index].begin = static_cast<std::uint32_t>(values_.size());
+  lines_[index].length = static_cast<std::uint32_t>(value.size());
   values_ += value;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -32,9 +33,9 @@ class LineValues {
 
  private:
   struct Line {
-    std::size_t text = 0;   // its hash
-    std::size_t begin = 0;  // of the value in values_, in bytes
-    std::size_t length = 0;
+    std::size_t text = 0;     // its hash
+    std::uint32_t begin = 0;  // of the value in values_, in bytes
+    std::uint32_t length = 0;
   };
   [[nodiscard]] static bool IsUnchanged(const Line& line, const QTextBlock& block);
   void Take(Int32 line, std::string_view value);
