@@ -12,15 +12,15 @@ projectRoot=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 # The fonts of scripts/fonts.conf.
 fonts="fonts-dejavu-core fonts-noto-core fonts-liberation fonts-cantarell"
 
-# This is the one list of packages. A group is what one kind of work needs on a bare Debian 12.
+# This is the one list of packages. A group is what one kind of work needs on a bare Debian 12 or 13.
 declare -A packageGroups=(
-  [build]="cmake g++ ninja-build ccache pkg-config libutf8proc-dev"
+  [build]="cmake g++ ninja-build ccache pkgconf libutf8proc-dev"
   [gui]="qt6-base-dev libxcb1-dev fonts-dejavu-core x11-utils"
   [test]="libgtest-dev python3 bash-completion libplist-utils faketime python3-pyatspi at-spi2-core dbus-daemon sway wtype wl-clipboard qt6-wayland strace procps $fonts"
-  [gates]="clang-format clang-tidy"
+  [gates]="clang-format clang-tidy reuse"
   [fuzz]="clang libclang-rt-dev"
   [screenshot]="xvfb openbox xdotool imagemagick x11-utils xclip fonts-dejavu-core"
-  [package]="dpkg-dev file fakeroot lintian desktop-file-utils appstream mandoc"
+  [package]="dpkg-dev debhelper fakeroot lintian desktop-file-utils appstream mandoc"
   [tree]="debootstrap"
   [icons]="librsvg2-bin icnsutils icoutils"
   [bench]="libbenchmark-dev libx11-dev libxdamage-dev valgrind dbus-daemon"
