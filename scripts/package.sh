@@ -1,22 +1,52 @@
 #!/usr/bin/env bash
-# Builds the Debian package, checks it, and prints where it lies and how large it is: build/package/sumlet_*.deb.
+# Builds the Debian source package and the Debian packages of it, checks them, and prints where they lie.
+#
+#   scripts/package.sh [FOLDER]     FOLDER is build/package unless it is named
+#
+# The same files give the same bytes each time, in whichever folder.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
 ensure_packages build gui package
 
-# Debian's own compiler flags, which harden the programs. No debug information: it would not be packaged.
-debian_flags() { DEB_BUILD_MAINT_OPTIONS=hardening=+all DEB_CXXFLAGS_MAINT_STRIP=-g dpkg-buildflags --get "$1"; }
+folder=$(realpath -m "${1:-$projectRoot/build/package}")
+version=$(dpkg-parsechangelog --file "$projectRoot/debian/changelog" --show-field Version)
+tree=$folder/sumlet-$version
+rm -rf "$tree" "$folder"/sumlet*
+mkdir -p "$tree"
 
+# What the repository tracks, with the changes that are not committed; without a repository, everything but the builds.
+tracked() { git ls-files -z 2>/dev/null || find . -path ./build -prune -o -type f -print0; }
 cd "$projectRoot"
-build_preset package -DCMAKE_CXX_FLAGS="$(debian_flags CPPFLAGS) $(debian_flags CXXFLAGS)" \
-  -DCMAKE_EXE_LINKER_FLAGS="$(debian_flags LDFLAGS)"
+tracked | tar --create --null --files-from=- | tar --extract --directory "$tree"
+# The source package holds the times and the permissions of its files.
+find "$tree" -exec touch --no-dereference --date "@$(dpkg-parsechangelog --show-field Timestamp)" {} +
+chmod -R u=rwX,go=rX "$tree"
 
-cd build/package
-rm -f sumlet_*.deb
-# The time of each packed file is that of the last commit, where there is one.
-SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || date +%s)} cpack -G DEB >cpack.log 2>&1 ||
-  { cat cpack.log >&2; exit 1; }
-package=$(echo "$PWD"/sumlet_*.deb)
-lintian --allow-root --fail-on error "$package"
-printf '%s (%d KiB)\n' "$package" "$(($(stat -c %s "$package") / 1024))"
+# debhelper gives the build a home of its own, in which ccache would find nothing.
+if command -v ccache >/dev/null; then export CCACHE_DIR=${CCACHE_DIR:-$HOME/.cache/ccache}; fi
+cd "$tree"
+dpkg-buildpackage --unsigned-source --unsigned-changes >"$folder/build.log" 2>&1 || { tail -n 40 "$folder/build.log" >&2; exit 1; }
+rm -rf "$tree"
+cd "$folder"
+lintian --allow-root --fail-on error,warning ./*.changes
+
+# A package that is installed into an empty tree works there, and leaves nothing when it is removed.
+asRoot=()
+if ((EUID != 0)); then asRoot=(fakeroot); fi
+manage_package() {
+  PATH=$PATH:/usr/sbin:/sbin "${asRoot[@]}" dpkg --root="$tree" --log="$folder/dpkg.log" --path-include='*' \
+    --force-not-root --force-script-chrootless --force-depends "$@" >"$folder/dpkg.out" 2>&1 || { cat "$folder/dpkg.out" >&2; return 1; }
+}
+mkdir -p "$tree"/var/lib/dpkg/{info,updates}
+: >"$tree/var/lib/dpkg/status"
+manage_package --install sumlet_*.deb
+appstreamcli validate-tree --no-net --pedantic "$tree"
+[[ $("$tree/usr/bin/sumlet-eval" "$tree/usr/share/doc/sumlet/examples/triangle.txt") == 84 ]]
+manage_package --purge sumlet
+[[ -z $(find "$tree" -mindepth 1 -not -path "$tree/var*") ]]
+rm -r "$tree"
+
+for package in "$folder"/*.deb "$folder"/*.dsc; do
+  printf '%s (%d KiB)\n' "$package" "$(($(stat -c %s "$package") / 1024))"
+done

@@ -1,42 +1,31 @@
 #!/usr/bin/env bash
-# Installs the package into a tree of its own, works both programs from there, and removes it again:
-# installed_test.sh FOLDER, the one of the package. Status 77 where a tool that this needs is missing.
+# Installs a build into a tree of its own and works both programs from there: installed_test.sh BUILD VERSION.
+# Status 77 where a tool that this needs is missing.
 source "$(dirname "${BASH_SOURCE[0]}")/../system/desktop.sh"
-skip_without dpkg dpkg-shlibdeps file fakeroot appstreamcli identify
+skip_without cmake file appstreamcli identify
 
-package=$(echo "$1"/*.deb)
 tree=$virtualFolder/tree
-asRoot=()
-if ((EUID != 0)); then asRoot=(fakeroot); fi
-
-# The tree has no libraries, so those of this system are used. The system's own settings, such as a log, or leaving out
-# documents, are not for the tree.
-manage_package() {
-  PATH=$PATH:/usr/sbin:/sbin "${asRoot[@]}" dpkg --root="$tree" --log="$virtualFolder/packages.log" --path-include='*' \
-    --force-not-root --force-script-chrootless --force-depends "$@" >"$virtualFolder/dpkg.log" 2>&1 || give_up "dpkg $* fails"
-}
+version=$2
+DESTDIR=$tree cmake --install "$1" --prefix /usr >"$virtualFolder/install.log" || give_up "the build cannot be installed"
 
 # expect WHAT WANTED FOUND
 expect() { [[ $2 == "$3" ]] || give_up "$1: expected '$2', but it is '$3'"; }
 
-mkdir -p "$tree"/var/lib/dpkg/{info,updates}
-: >"$tree/var/lib/dpkg/status"
-manage_package --install "$package"
-
 bin=$tree/usr/bin
 share=$tree/usr/share
 expect "an installed example" 84 "$("$bin/sumlet-eval" "$share/doc/sumlet/examples/triangle.txt")"
-depends=$(dpkg-deb --field "$package" Depends)
-for library in libc6 libqt6widgets6 libutf8proc2; do
-  [[ ", $depends" == *", $library "* ]] || give_up "$library is missing in what it depends on: $depends"
+for page in "$share"/doc/sumlet/*.md; do
+  while read -r link; do
+    [[ -f ${page%/*}/$link ]] || give_up "$page links to $link, which is not installed"
+  done < <(grep -oP '\]\(\K(?!https?:)[^)#]+' "$page")
 done
 
-version=$("$bin/sumlet-eval" --version)
-version=${version#sumlet-eval }
+root=$folder/../..
 metainfo=$share/metainfo/com.fernhill.sumlet.metainfo.xml
-expect "version of the package" "$version" "$(dpkg-deb --field "$package" Version)"
-expect "latest release in the metainfo" "$version" "$(sed -n 's/.*<release version="\([^"]*\)".*/\1/p' "$metainfo" | head -n 1)"
-expect "version in the changelog" "sumlet ($version)" "$(zcat "$share/doc/sumlet/changelog.gz" | sed -n '1s/ unstable.*//p')"
+expect "version of the program" "sumlet-eval $version" "$("$bin/sumlet-eval" --version)"
+expect "latest release in the metainfo" "$version" "$(grep -oPm1 '<release version="\K[^"]*' "$metainfo")"
+expect "version of the package" "sumlet ($version)" "$(sed 's/ unstable.*//;q' "$root/debian/changelog")"
+expect "latest version in CHANGELOG.md" "$version" "$(grep -oPm1 '^## \K[0-9.]+' "$root/CHANGELOG.md")"
 
 entry=$share/applications/com.fernhill.sumlet.desktop
 entry_value() { sed -n "s/^$1=//p" "$entry"; }
@@ -60,8 +49,3 @@ expect_text 42
 class=$(entry_value StartupWMClass)
 expect "class of the window" "WM_CLASS(STRING) = \"$class\", \"$class\"" "$(xprop -id "$window" WM_CLASS)"
 quit TERM
-
-manage_package --purge sumlet
-left=$(find "$tree" -mindepth 1 -not -path "$tree/var*" -o -path '*/info/*' -not -name format)
-expect "what is left" "" "$left"
-if grep -q sumlet "$tree/var/lib/dpkg/status"; then give_up "it is still known"; fi
