@@ -2,45 +2,88 @@
 # Draws the window, with an equation in it and its result, as a picture. Needs no display.
 #
 #   scripts/screenshot.sh OUT.png [FILE]     FILE holds the equation; without one it is a small example
+#   scripts/screenshot.sh --desktop OUT.png [FILE...]
+#                                            a whole desktop, with up to three equations or with the chooser of a first start
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
-if (($# < 1 || $# > 2)) || [[ $1 == -* ]]; then
-  echo "Usage: scripts/screenshot.sh OUT.png [FILE]" >&2
+desktop=false
+if [[ ${1:-} == --desktop ]]; then
+  desktop=true
+  shift
+fi
+if (($# < 1)) || [[ $1 == -* ]] || { (($# > 2)) && ! $desktop; } || (($# > 4)); then
+  echo "Usage: scripts/screenshot.sh OUT.png [FILE] or scripts/screenshot.sh --desktop OUT.png [FILE...]" >&2
   exit 2
 fi
 picture=$1
-equation=${2:-}
-if [[ -n $equation && ! -r $equation ]]; then
-  echo "screenshot.sh: $equation cannot be read." >&2
-  exit 2
-fi
+equations=("${@:2}")
+for equation in "${equations[@]}"; do
+  if [[ ! -r $equation ]]; then
+    echo "screenshot.sh: $equation cannot be read." >&2
+    exit 2
+  fi
+done
 
 ensure_packages build gui screenshot
-if [[ ! -x $projectRoot/build/release/sumlet ]]; then build_preset release; fi
+program=$projectRoot/build/release/sumlet
+if [[ ! -x $program ]]; then build_preset release; fi
 
 source "$projectRoot/scripts/virtual_display.sh"
-
-if [[ -z $equation ]]; then
-  equation=$virtualFolder/example.txt
-  printf '# A garden\nlength = 12.5\nwidth = 8\n\n// fence and lawn\n2*(length+width)\nlength*width' >"$equation"
-fi
-result=$("$projectRoot/build/release/sumlet-eval" "$equation" || true)
 
 # An area without text is white, perhaps with a black caret; smoothed letters bring more colours. The places looked at
 # leave out borders and scroll bars.
 shows_text() { (($(import -silent -window "$window" -gravity "$1" -crop "$2" -format %k info:) > 2)); }
 
-start_display 1024x768
-start_window "$projectRoot/build/release/sumlet"
-open_equation
-put_clipboard <"$equation"
-press ctrl+v ctrl+Home
-if [[ -n $result ]]; then
-  wait_for 30 shows_text southwest 300x14+2+6 || give_up "no result appears"
-else
-  wait_for 3 shows_text northwest 300x150+2+2 || true # blank lines show nothing
-fi
-# The pointer rests in the corner, where no part of the window shows that it is there.
-xdotool mousemove 1023 767
-import -silent -window "$window" -frame "$picture"
+# The pointer rests in the corner, where no part of a window shows that it is there.
+hide_pointer() { xdotool mousemove "$1" "$2"; }
+
+draw_window() {
+  local equation=${1:-} result
+  if [[ -z $equation ]]; then
+    equation=$virtualFolder/example.txt
+    printf '# A garden\nlength = 12.5\nwidth = 8\n\n// fence and lawn\n2*(length+width)\nlength*width' >"$equation"
+  fi
+  result=$("$projectRoot/build/release/sumlet-eval" "$equation" || true)
+  start_display 1024x768
+  start_window "$program"
+  open_equation
+  put_clipboard <"$equation"
+  press ctrl+v ctrl+Home
+  if [[ -n $result ]]; then
+    wait_for 30 shows_text southwest 300x14+2+6 || give_up "no result appears"
+  else
+    wait_for 3 shows_text northwest 300x150+2+2 || true # blank lines show nothing
+  fi
+  hide_pointer 1023 767
+  import -silent -window "$window" -frame "$picture"
+}
+
+# Place and size of each equation on the desktop, in pixels.
+places=("620 40 560 300" "700 400 480 270" "80 80 500 420")
+
+draw_desktop() {
+  local files=() i=0 place shown
+  start_display 1280x720
+  convert -size 1280x720 gradient:'#3f6a7a'-'#1d3440' "$virtualFolder/background.png"
+  display -window root "$virtualFolder/background.png" || true # draws it, and still ends with status 1
+  if (($# > 0)); then mapfile -t files < <(realpath -- "$@"); fi
+  start_window "$program" "${files[@]}"
+  if (($# > 0)); then
+    wait_for 30 all_windows_are_there $# || give_up "not all windows open"
+    for shown in $(equation_windows); do
+      read -ra place <<<"${places[i++]}"
+      xdotool windowsize --sync "$shown" "${place[@]:2}" windowmove "$shown" "${place[@]:0:2}" windowactivate --sync "$shown"
+      window=$shown
+      press ctrl+Home
+      wait_for 30 shows_text southwest 300x14+2+6 || give_up "no result appears"
+    done
+  fi
+  hide_pointer 1279 719
+  sleep 1 # until the last frame is drawn as that of the active window
+  import -silent -window root -define png:compression-level=9 "$picture"
+}
+equation_windows() { xdotool search --onlyvisible --class '^sumlet$'; }
+all_windows_are_there() { (($(equation_windows | wc -l) == $1)); }
+
+if $desktop; then draw_desktop "${equations[@]}"; else draw_window "${equations[@]}"; fi

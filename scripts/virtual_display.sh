@@ -3,7 +3,7 @@
 # outside. Everything that is started ends with the script that sources this, and nothing of the user's is touched.
 #
 #   start_display WIDTHxHEIGHT      sets DISPLAY
-#   start_window PROGRAM            starts the window program and sets `window` once its window has the keyboard
+#   start_window PROGRAM [FILE...]  starts the window program and sets `window` once its window has the keyboard
 #   open_equation                   after a first start: leaves the chooser for an empty equation, and sets `window`
 #   type_keys TEXT, press KEY...    works the keyboard
 #   put_clipboard, get_clipboard    from standard input, to standard output
@@ -88,7 +88,7 @@ printf 'leak:%s\n' libdbus-1 libfontconfig >"$virtualFolder/leaks"
 start_window() {
   mkdir -p "$virtualFolder/run"
   chmod 700 "$virtualFolder/run"
-  in_background window env "${programEnvironment[@]}" "$1"
+  in_background window env "${programEnvironment[@]}" "$@"
   program=$!
   wait_for 30 window_is_active_or_gone || give_up "the window does not come up"
   kill -0 "$program" 2>/dev/null || give_up "$1 has ended"
