@@ -47,5 +47,5 @@ type_keys 6*7
 press Tab
 expect_text 42
 class=$(entry_value StartupWMClass)
-expect "class of the window" "WM_CLASS(STRING) = \"$class\", \"$class\"" "$(xprop -id "$window" WM_CLASS)"
+expect "class of the window" "WM_CLASS(STRING) = \"sumlet\", \"$class\"" "$(xprop -id "$window" WM_CLASS)"
 quit TERM
