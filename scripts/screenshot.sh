@@ -2,18 +2,24 @@
 # Draws the window, with an equation in it and its result, as a picture. Needs no display.
 #
 #   scripts/screenshot.sh OUT.png [FILE]     FILE holds the equation; without one it is a small example
+#   scripts/screenshot.sh --values OUT.png [FILE]
+#                                            the same with the value of each line beside it
 #   scripts/screenshot.sh --desktop OUT.png [FILE...]
 #                                            a whole desktop, with up to three equations or with the chooser of a first start
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
 desktop=false
+showValues=()
 if [[ ${1:-} == --desktop ]]; then
   desktop=true
   shift
+elif [[ ${1:-} == --values ]]; then
+  showValues=(ctrl+l)
+  shift
 fi
 if (($# < 1)) || [[ $1 == -* ]] || { (($# > 2)) && ! $desktop; } || (($# > 4)); then
-  echo "Usage: scripts/screenshot.sh OUT.png [FILE] or scripts/screenshot.sh --desktop OUT.png [FILE...]" >&2
+  echo "Usage: scripts/screenshot.sh [--values] OUT.png [FILE] or scripts/screenshot.sh --desktop OUT.png [FILE...]" >&2
   exit 2
 fi
 picture=$1
@@ -49,7 +55,7 @@ draw_window() {
   start_window "$program"
   open_equation
   put_clipboard <"$equation"
-  press ctrl+v ctrl+Home
+  press "${showValues[@]}" ctrl+v ctrl+Home
   if [[ -n $result ]]; then
     wait_for 30 shows_text southwest 300x14+2+6 || give_up "no result appears"
   else
