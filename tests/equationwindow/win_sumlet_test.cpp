@@ -4,7 +4,10 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextLayout>
+#include <algorithm>
+#include <tuple>
 
+#include "equationwindow/value_text.h"
 #include "framework/clipboard.h"
 #include "framework/ui/window_fixture.h"
 #include "persistence/my_window_manager.h"
@@ -182,6 +185,33 @@ TEST_F(WinSumlet, ColorsFollowTheCalculationAndTheTyping) {
   EXPECT_EQ(Colors(), ";;");
 }
 
+// In an area 120 pixels wide, each character 10 wide. Text at the right edge has a negative width.
+TEST(LineValues, ArePlacedAtTheEdgeOrCutOrLeftOut) {
+  const std::tuple<const char*, double, const char*> rows[] = {
+      {"5", 0, "5 at 110"},
+      {"1234567890", 0, "1234567890 at 20"},
+      {"1234567890", 1, "12345678… at 30"},
+      {"1234", 70, "12… at 90"},
+      {"1234", 71, ""},
+      {"5", 90, "5 at 110"},
+      {"5", 91, ""},
+      {"1234567890", -20, "1234567… at 0"},
+  };
+  for (const auto& [value, textWidth, shown] : rows) {
+    const ValueRoom room{std::max(textWidth, 0.0), 120 + std::min(textWidth, 0.0), textWidth < 0};
+    const PlacedValue placed = PlaceValue(value, room, [](QChar) { return 10.0; });
+    const QString text = placed.text.isEmpty() ? "" : QStringLiteral("%1 at %2").arg(placed.text).arg(placed.left);
+    EXPECT_EQ(text.toStdString(), shown) << value << " beside " << textWidth;
+  }
+}
+
+TEST(LineValues, AreCopiedInAColumn) {
+  const String longLine = "1" + String(100, ' ') + "+1";
+  MathClass math("# the longest of all\nπ=3\n2(3+4)\n" + longLine + "\n\nfoo\n7");
+  EXPECT_EQ(TextWithValues(math.equationText, LineValues(math), 1, 9),
+            "π=3     → 3\n2(3+4)  → 14\n" + longLine + "  → 2\n\nfoo\n7");
+}
+
 TEST_F(WinSumlet, LineValuesMoveAndHideWithTheirLines) {
   const auto shown = [this] {
     String text;
@@ -192,12 +222,11 @@ TEST_F(WinSumlet, LineValuesMoveAndHideWithTheirLines) {
   window->ShowLineValues(true);
   window->SetEquation("", "# c\n40+2\n\n3\nfoo\n5");
   EXPECT_EQ(shown(), "1:42 3:3 ");
-  TypeAt(8, "\r");
-  EXPECT_EQ(shown(), "1:42 4:3 ") << "a line put in behind";
-  TypeAt(4, "\r");
-  EXPECT_EQ(shown(), "2:42 5:3 ") << "and in front";
-  TypeAt(5, "1");
-  EXPECT_EQ(shown(), "5:3 ") << "a changed line";
+  using Edit = std::tuple<int, const char*, const char*>;
+  for (const auto& [position, keys, left] : {Edit{8, "\r", "1:42 4:3 "}, {4, "\r", "2:42 5:3 "}, {5, "1", "5:3 "}}) {
+    TypeAt(position, keys);
+    EXPECT_EQ(shown(), left) << input.Text();
+  }
   QTest::keyClick(&input, Qt::Key_Delete);
   clock.Advance(250);
   EXPECT_EQ(shown(), "2:12 5:3 ");

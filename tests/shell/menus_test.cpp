@@ -116,6 +116,17 @@ TEST_F(Menus, CommandsAboutTheResultFollowTheTextAsItIs) {
   QTest::keyClicks(&window.textInput(), "7*");
   MenuBar1().Choose("EditCopyResult");
   EXPECT_EQ(ClipboardText(), "42") << "though its calculation was still to come";
+  for (const bool shown : {true, false}) {
+    MenuBar1().Choose("EditShowLineValues");
+    MenuBar1().Update();
+    EXPECT_EQ(MenuBar1().Item("EditShowLineValues").isChecked(), shown);
+    EXPECT_EQ(window.valueDisplay() != nullptr, shown);
+    QTest::keyClicks(&window.textInput(), "1");
+    MenuBar1().Choose("EditCopyWithValues");
+    EXPECT_EQ(ClipboardText(), shown ? "7*16  → 112\n" : "7*116  → 812\n");
+    MenuBar1().Choose("EditCopyLineValue");
+    EXPECT_EQ(window.textInput().accessibleDescription().toStdString(), "Copied " + ClipboardText());
+  }
   window.SetEquation("", "1\nfoo\n" + String(100, '\n'));
   window.textInput().moveCursor(QTextCursor::End);
   window.textOutput().setFocus();
@@ -127,24 +138,6 @@ TEST_F(Menus, CommandsAboutTheResultFollowTheTextAsItIs) {
   EXPECT_TRUE(window.textInput().rect().intersects(window.textInput().cursorRect()));
   EXPECT_EQ(QApplication::focusWidget(), &window.textInput());
   EXPECT_EQ(window.textOutput().Text(), "\"foob\" Error: Variable Unknown");
-}
-
-TEST_F(Menus, LineValuesAreCopiedWhetherTheyAreShownOrNot) {
-  const winSumlet& other = NewEquation("1");
-  winSumlet& window = NewEquation("");
-  for (const bool shown : {true, false}) {
-    MenuBar1().Choose("EditShowLineValues");
-    MenuBar1().Update();
-    EXPECT_EQ(MenuBar1().Item("EditShowLineValues").isChecked(), shown);
-    EXPECT_EQ(other.valueDisplay() != nullptr, shown) << "in all equations";
-    window.SetEquation("", "2\nfoo");
-    QTest::keyClicks(&window.textInput(), "4");
-    MenuBar1().Choose("EditCopyLineValue");
-    EXPECT_EQ(ClipboardText(), "42") << "though its calculation was still to come";
-    EXPECT_EQ(window.textInput().accessibleDescription(), "Copied 42");
-    MenuBar1().Choose("EditCopyWithValues");
-    EXPECT_EQ(ClipboardText(), "42  → 42\nfoo");
-  }
 }
 
 TEST_F(Menus, ClosedEquationsComeBackTheLatestFirst) {
@@ -169,12 +162,7 @@ TEST_F(Menus, KeysReachTheTextAfterAMenu) {
   winSumlet& window = NewEquation("");
   window.Show();
   QCoreApplication::processEvents();
-  const auto press = [&window](const char* text) {
-    const QKeySequence keys(text);
-    for (int i = 0; i < keys.count(); ++i)
-      QTest::keyClick(window.windowHandle(), keys[static_cast<uint>(i)].key(),
-                      keys[static_cast<uint>(i)].keyboardModifiers());
-  };
+  const auto press = [&window](const char* keys) { QTest::keySequence(window.windowHandle(), QKeySequence(keys)); };
   for (const char* keys : {"Alt+X", "Alt+Shift+5", "Alt+F, Esc", "Alt+F, Down, Right, Esc", "F10, Right, Esc"}) {
     window.textInput().clear();
     press(keys);

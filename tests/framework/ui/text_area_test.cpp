@@ -4,6 +4,7 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextLayout>
+#include <tuple>
 
 #include "framework/ui/qt_text.h"
 #include "framework/ui/window_fixture.h"
@@ -80,11 +81,8 @@ TEST_F(TextAreaTest, IsBlackOnWhiteOnADarkDesktop) {
 }
 
 TEST_F(TextAreaTest, ADoubleClickSelectsTheWholeNumberOrName) {
-  struct {
-    const char* line;
-    int index;  // of the character that is clicked
-    const char* selected;
-  } const cases[] = {
+  // a line, the index of the character that is clicked, what is selected then
+  const std::tuple<const char*, int, const char*> cases[] = {
       {"1+12.75*2", 3, "12.75"},
       {"0.6666666667", 0, "0.6666666667"},
       {"1+.5", 3, ".5"},
