@@ -136,9 +136,9 @@ void LineFormats::EndComposition(int position, int removed, int added) {
 void LineFormats::Follow(int position, int removed, int added) {
   if (isComposing_) return;
   if (removed > 0 || added > 0) FollowColor(position, removed, added);
-  for (QTextBlock block = document_->findBlock(position); block.isValid() && block.position() <= position + added;
-       block = block.next())
-    Write(block);
+  const QTextBlock first = document_->findBlock(position);
+  for (QTextBlock block = first; block.isValid() && block.position() <= position + added; block = block.next())
+    if (block == first || TextLength(block) > 0) Write(block);  // a new empty line needs no layout yet
 }
 
 // What is typed or pasted into a coloured line takes its colour, also where it brings line ends; what follows a removed
