@@ -16,12 +16,19 @@ bool TextArea::canInsertFromMimeData(const QMimeData* source) const {
   return QPlainTextEdit::canInsertFromMimeData(source) || !FilesIn(*source).empty();
 }
 
-// The clipboard has the text of a link beside its address, and that is what the user wants to paste.
+// The clipboard has the text of a link beside its address, and that is what the user wants to paste. Qt would make a
+// document of the text first, which takes three times as long.
 void TextArea::insertFromMimeData(const QMimeData* source) {
-  if (FilesIn(*source).empty())
-    QPlainTextEdit::insertFromMimeData(source);
-  else
+  if (!FilesIn(*source).empty()) {
     OpenIncoming(*source);
+    return;
+  }
+  const QString text = source->text();
+  if (isReadOnly() || text.isEmpty()) return;
+  QTextCursor caret = textCursor();
+  caret.insertText(text);
+  setTextCursor(caret);
+  ensureCursorVisible();
 }
 
 // A drag that nobody takes here goes on to the window.
