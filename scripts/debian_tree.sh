@@ -58,7 +58,7 @@ fi
 
 window_is_active_or_gone() {
   kill -0 "$program" || return 0
-  xdotool getactivewindow getwindowclassname | grep -qix sumlet
+  window=$(xdotool getactivewindow) && xdotool search --onlyvisible --class '^sumlet$' | grep -qx "$window"
 }
 equation_is_active() { xdotool getactivewindow getwindowname | grep -qx Sumlet; }
 result_is_there() {
