@@ -1,6 +1,5 @@
-// A list is read from its first element to its last by asking for each child by name, so that looking for a name must
-// not be a walk over all of them. The index leads from a name to numbers that stay, since places in the list do not:
-// removing a child then costs no new index.
+// Callers read a list by asking for each child by name, so a look-up must not walk over all children. The index maps a
+// name to permanent numbers, not to positions in the list, so that removing a child does not invalidate it.
 #include "plist/child_list.h"
 
 #include <algorithm>
@@ -16,7 +15,7 @@ ChildList::ChildList() = default;
 
 ChildList::~ChildList() { Destroy(std::move(children_)); }
 
-// In a loop: a tree can be deeper than the stack.
+// Iterative, because a tree can be deeper than the call stack.
 void ChildList::Destroy(std::vector<Child> children) {
   while (!children.empty()) {
     const std::unique_ptr<plistDict> node = std::move(children.back().node);

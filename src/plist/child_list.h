@@ -1,4 +1,4 @@
-// ChildList: the child nodes of a plistDict with the keys that they stand under.
+// ChildList: the child nodes of a plistDict, each with its key.
 #pragma once
 
 #include <cstdint>
@@ -12,11 +12,11 @@ namespace sumlet {
 
 class plistDict;
 
-// A key is held once, however many nodes stand under it: a damaged file can have thousands under a long one.
+// Shares one copy of a key among all nodes under it: a damaged file can have thousands under a long one.
 using SharedText = std::shared_ptr<const String>;
 
-// Indexes are 1-based: element 0 is a permanent empty one. An index outside 1 to Ubound() is a Fault and changes
-// nothing. Several children can have one name, in whatever case: children of damaged files do.
+// Indexes are 1-based, because element 0 is always empty. An index outside 1 to Ubound() throws a Fault and changes
+// nothing. Several children can have the same name, in any case; in damaged files they do.
 class ChildList {
  public:
   ChildList();
@@ -28,16 +28,16 @@ class ChildList {
   [[nodiscard]] plistDict& At(Int32 index) const { return *children_[Checked(index)].node; }
   [[nodiscard]] const String& NameAt(Int32 index) const { return *children_[Checked(index)].name; }
 
-  // The lowest, and every index of a child of this name, rising; 0 for none.
+  // The lowest index of a child of this name, 0 for none; and all its indexes, ascending.
   [[nodiscard]] Int32 IndexOf(std::string_view name) const;
   [[nodiscard]] std::vector<Int32> IndexesOf(std::string_view name) const;
 
   plistDict& Append(SharedText name);
-  // The indexes of the children behind it fall by one.
+  // The indexes of the children after it decrease by one.
   void Remove(Int32 index);
 
  private:
-  using Number = std::uint32_t;  // given out in order of creation and never again
+  using Number = std::uint32_t;  // assigned in order of creation, never reused
   struct Child {
     Number number;
     SharedText name;
@@ -46,7 +46,7 @@ class ChildList {
   using Numbers = std::vector<Number>;
   struct Index {
     std::unordered_map<String, Numbers> byName;  // the folded name of every child
-    SharedText lastName;                         // of the child added last, and its place in the map
+    SharedText lastName;                         // of the child added last, with its entry in the map
     Numbers* lastNumbers = nullptr;
   };
 
@@ -55,8 +55,8 @@ class ChildList {
   void AddToIndex(const Child& child);
   static void Destroy(std::vector<Child> children);
 
-  std::vector<Child> children_;   // by rising number
-  std::unique_ptr<Index> index_;  // a few children are found without it
+  std::vector<Child> children_;   // by ascending number
+  std::unique_ptr<Index> index_;  // null while there are few children
   Number nextNumber_ = 0;
 };
 

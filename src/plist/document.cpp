@@ -10,7 +10,7 @@
 namespace sumlet {
 namespace {
 
-// A tree can take a hundred times the bytes of a file made for that.
+// A crafted file can expand to a tree of a hundred times its size.
 constexpr std::size_t largestDocument = std::size_t{8} << 20;
 
 constexpr std::string_view firstKeyLine = "<dict>";
@@ -92,7 +92,7 @@ void plist::LoadNew() {
   root_->Load(nullptr, "root", false, nullptr, this, false);
 }
 
-// `line` is the first line of the source, which comes once more from a stream that was not converted.
+// `line` is the first line of the source. A stream that was not converted yields it again.
 void plist::ReadFrom(TextInputStream& stream, String line) {
   while (!stream.AtEnd() && !SameText(line, firstKeyLine)) {
     line = stream.ReadLine();
@@ -104,7 +104,7 @@ void plist::ReadFrom(TextInputStream& stream, String line) {
   if (hasKeys) root_->Load(&stream, "root", false, nullptr, this, true);
 }
 
-// A copy is converted, so that nothing happens to the file itself.
+// Converts a copy, so that the file itself stays unchanged.
 std::optional<TextInputStream> plist::OpenConverted(const FolderItem& source) {
   const std::optional<FolderItem> copy = GetTemporaryFolderItem();
   if (!copy) return {};
@@ -113,7 +113,7 @@ std::optional<TextInputStream> plist::OpenConverted(const FolderItem& source) {
   isBinary = true;
   org = source;
   savePath = *copy;
-  if (copy_) DeleteTemporary(*copy_);  // of an earlier Load
+  if (copy_) DeleteTemporary(*copy_);  // from an earlier Load
   copy_ = copy;
   Convert(*copy, Form::Xml);
   return OpenDocument(*copy);
@@ -141,7 +141,7 @@ void plist::SaveAs(bool visible, bool cleanup) {
   if (cleanup) Cleanup();
 }
 
-// The whole text first, so that a file that cannot take it stays as it is.
+// Composes the whole text before opening the file, so that a failure leaves the file unchanged.
 bool plist::WriteFile() const {
   TextOutputStream stream;
   WriteTo(stream);

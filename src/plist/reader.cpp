@@ -1,12 +1,12 @@
 // The line-wise reader of property lists.
 //
-// It is no XML parser: it looks at one line after the other, takes what stands between two tags for a value, and trusts
-// that the file was laid out as the tools of macOS do it, with one pair of tags a line and tabs in front. What it makes
-// of other layouts is settled by the rules below and is relied on. Only "&lt;" and "&gt;" are decoded; the writer
-// leaves all else alone, too.
+// This is not an XML parser. It reads one line after the other, takes the text between two tags as a value, and expects
+// the layout of the macOS tools: one pair of tags a line, indented with tabs. The rules below also define the result
+// for other layouts, and callers rely on it. The reader decodes only "&lt;" and "&gt;", and the writer encodes only
+// these.
 //
-// A container is read by rules of its own until its end tag, so reading nests as deep as the file does. The levels lie
-// on a stack of this reader's own, since the one of the program is exhausted by files of a few megabytes.
+// Containers nest as deep as the file does. The reader keeps the levels on a stack of its own, because files of a few
+// megabytes would exhaust the call stack.
 #include <deque>
 
 #include "framework/fault.h"
@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::string_view CR = "\r";
 
-// Cuts `text` in front of the first `mark` and says whether there was one.
+// Truncates `text` before the first `mark`. Returns whether there was one.
 bool CutBefore(String& text, std::string_view mark) {
   const Match match = FindText(text, mark, 0);
   if (match.found) text.erase(match.begin);
@@ -40,14 +40,14 @@ class plistDict::Reader {
   void Fill(plistDict& node);
 
  private:
-  // What is known while one node is being read.
+  // The state of the reader for one node.
   struct Level {
     explicit Level(plistDict& toFill) : node(toFill) {}
 
     plistDict& node;
-    Array<String> pieces;  // of the input line, to be looked at one by one
+    Array<String> pieces;  // of the input line, not yet parsed
     Int32 nextPiece = 0;
-    String line;  // the piece being looked at
+    String line;  // the piece that is parsed now
     SharedText key = std::make_shared<const String>();
     Int32 typePlace = -1;   // the index of the key's type, -1 before it has one
     Int32 valuePlace = -1;  // the same for its value
@@ -116,8 +116,8 @@ bool plistDict::Reader::IsDone(const Level& level) const {
   return stream_.AtEnd() || SameText(level.line, EndTag(level)) || SameText(level.line, "<dict/>");
 }
 
-// Tags that stand together are looked at one by one, except that a closing tag stays with the one in front of it. The
-// index of an array element counts the lines read, not the elements.
+// Parses adjacent tags one by one, except that a closing tag stays with the tag before it. The index of an array
+// element counts the lines read, not the elements.
 void plistDict::Reader::ReadLine(Level& level) {
   if (level.node.isArray_ && !level.inValue) SetKey(level, Str(++level.node.indexOf_));
   const std::string_view line = LStripNonPrintingChars(stream_.ReadLine());
@@ -135,7 +135,7 @@ void plistDict::Reader::TakePiece(Level& level) {
   if (const Match tagEnd = FindText(level.line, ">", 0); tagEnd.found) TakeTag(level, tagEnd);
 }
 
-// Also within a value of several lines.
+// Also applies within a value of several lines.
 bool plistDict::Reader::TakeKey(Level& level) {
   constexpr std::string_view opening = "<key>";
   constexpr std::string_view closing = "</key>";
@@ -152,7 +152,7 @@ void plistDict::Reader::SetKey(Level& level, String key) {
   level.typePlace = level.valuePlace = -1;
 }
 
-// A long key that thousands of values stand behind is looked up once.
+// Looks up the key once, because thousands of values can follow a long key.
 void plistDict::Reader::StoreType(Level& level, const String& type) {
   if (level.typePlace < 0) {
     level.typePlace = level.node.types_.SetValue(*level.key, type);
@@ -176,8 +176,8 @@ void plistDict::Reader::ContinueValue(Level& level) {
   if (!level.inValue) StoreValue(level, CodeToBrackets(level.value));
 }
 
-// Attributes are part of the tag's name. The type of the last value stands until another opens, so that a stray closing
-// tag behind a container opens one more.
+// Attributes are part of the tag's name. The type of the last value stays valid until another tag opens, so a stray
+// closing tag after a container opens one more.
 void plistDict::Reader::TakeTag(Level& level, const Match& tagEnd) {
   level.tag = level.line.substr(0, tagEnd.begin);
   if (level.tag.starts_with('<')) level.tag.erase(0, 1);
@@ -221,7 +221,7 @@ void plistDict::Reader::OpenValue(Level& level, std::size_t behindTag) {
   if (!SameText(level.type, "data")) level.value += CR;
 }
 
-// What is left of this level's input line is looked at when the child has been read.
+// The rest of this level's input line is parsed after the child.
 void plistDict::Reader::OpenChild(Level& level) {
   const bool asArray = SameText(level.type, "array");
   plistDict& child = level.node.children_.Append(level.key);
@@ -229,7 +229,7 @@ void plistDict::Reader::OpenChild(Level& level) {
   if (!level.selfClosed) {
     levels_.emplace_back(child);
   } else if (!asArray) {
-    level.line.clear();  // it would end this node, too
+    level.line.clear();  // or it would end this node, too
   }
 }
 

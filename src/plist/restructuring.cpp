@@ -1,4 +1,4 @@
-// Removing, moving, copying and renaming keys.
+// Removes, moves, copies and renames keys.
 #include <vector>
 
 #include "framework/fault.h"
@@ -25,15 +25,15 @@ void plistDict::RemoveKey(std::string_view key) {
   if (!indexes.empty()) RemoveChild(indexes.back());
 }
 
-// Takes it for granted that an array with a container in it holds nothing else, so that element i is child i + 1. The
-// names of the children behind it stay as they were.
+// Assumes that an array with a container in it holds nothing else, so that element i is child i + 1. Keeps the names of
+// the children after it.
 void plistDict::RemoveElement(Int32 index) {
   if (!CheckArray()) return;
   const Int32 last = count() - 1;
   if (index < 0 || index > last) SetError(true, "Subscript out of range");
   if (IsContainer(GetType(Str(index)))) RemoveChild(index + 1);
   values_.Remove(Str(index));
-  // A type that the next one is going to overwrite keeps the place of its key.
+  // A type that the next one overwrites keeps the position of its key.
   if (index >= last || !Exists(Str(index + 1))) types_.Remove(Str(index));
   for (Int32 j = index + 1; j <= last; ++j) {
     const String key = Str(j);
@@ -79,8 +79,8 @@ void plistDict::Move(std::string_view key, plistDict* destination, bool remove, 
   if (remove) RemoveKey(key);
 }
 
-// Source and destination have no node in common, so this ends. Level by level on a stack of its own, which a deep tree
-// does not exhaust. The cursors of the sources keep the way.
+// Terminates because source and destination have no node in common. Keeps the levels on a stack of its own, because a
+// deep tree would exhaust the call stack. Each source's cursor marks where to resume.
 void plistDict::CopyKeys(plistDict& source, plistDict& destination) {
   struct Level {
     plistDict& source;
@@ -107,8 +107,8 @@ void plistDict::CopyKeys(plistDict& source, plistDict& destination) {
   }
 }
 
-// A container gives a new and empty dictionary, which is to be filled; anything else nullptr. In an array the node that
-// is filled is one that asking for it makes, behind the element that was appended, which stays empty.
+// Returns a new, empty dictionary for the caller to fill when the key holds a container, otherwise nullptr. For an
+// array destination that is a node created by looking it up, after the appended element, which stays empty.
 plistDict* plistDict::Transfer(std::string_view key, plistDict& destination, std::string_view target) {
   const String type = GetType(key);
   const bool append = destination.isArray_;

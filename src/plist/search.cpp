@@ -1,6 +1,5 @@
-// The search. Which finds have been reported is marked at the keys themselves, so that a search goes on where it was
-// although it always begins at the top. The walk goes by the cursors of the nodes, which keep the way back, and needs
-// no calls of its own for nodes below.
+// The search. It always begins at the top and marks each key that it has reported, so that FindNext continues after the
+// last one. The walk uses the cursors of the nodes to find its way back, and so needs no recursion.
 #include <vector>
 
 #include "plist/plist.h"
@@ -43,7 +42,7 @@ bool plist::ReadStructure(plistDict& node, std::string_view text, SearchMode mod
   });
 }
 
-// A container is visited at its place among the plain keys; one without keys has nothing to visit.
+// Visits a container at its position among the plain keys; one without keys has nothing to visit.
 bool plist::Walk(plistDict& top, const std::function<bool(plistDict& holder, const String& key)>& visit) {
   std::vector<plistDict*> way;
   const auto enter = [&way](plistDict& node) {

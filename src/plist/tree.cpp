@@ -1,4 +1,4 @@
-// The node tree: children, keys, the cursor, paths, and the reporting of errors.
+// The node tree: children, keys, the cursor, paths, and error reporting.
 #include <vector>
 
 #include "framework/fault.h"
@@ -10,7 +10,7 @@ namespace sumlet {
 
 bool IsContainer(std::string_view type) { return SameText(type, "dict") || SameText(type, "array"); }
 
-// Where AddChild refuses because the key holds a plain value, asking again would go on for ever.
+// Retrying would loop for ever when AddChild refuses because the key holds a plain value.
 plistDict& plistDict::child(std::string_view key) {
   Int32 index = children_.IndexOf(key);
   if (index == 0) {

@@ -82,7 +82,7 @@ bool plistDict::GetBoolean(std::string_view key, bool fallback) {
   return SameText(GetValue(key), "true");
 }
 
-// A text that is no date gives the present moment, like a new Date.
+// Returns the current time for a text that is no date, as a new Date does.
 Date plistDict::GetDate(std::string_view key, const Date& fallback) {
   if (!Exists(key)) SetDate(key, fallback);
   SetError(false, {});
@@ -181,7 +181,7 @@ void plistDict::AppendDate(const Date& date) {
 
 void plistDict::AppendColor(Color color) { AppendValue("string", Hex(color.Red) + Hex(color.Green) + Hex(color.Blue)); }
 
-// The new dictionary has no name of its own; the new array has its key.
+// The new dictionary has an empty name; the new array's name is its key.
 void plistDict::AppendDict() {
   String key;
   if (AppendKey("dict", key)) NewNode(std::make_shared<const String>(key), {}, false);

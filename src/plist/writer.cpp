@@ -1,8 +1,8 @@
-// The lines of a property list out of the tree: into a file, and onto the clipboard for looking into it.
+// Writes the tree as the lines of a property list: to a file, or to the clipboard for debugging.
 //
-// Both go through one walk. A file has each container's lines between its opening and its closing tag; on the clipboard
-// the text of a node is added when the node is finished, its children's ahead of it. The walk keeps its levels on a
-// stack of its own, which a deep tree does not exhaust.
+// Both use one walk. A file has each container's lines between its opening and its closing tag; the clipboard gets the
+// text of a node when the node is finished, after that of its children. The walk keeps its levels on a stack of its
+// own, because a deep tree would exhaust the call stack.
 #include <algorithm>
 #include <deque>
 
@@ -28,10 +28,10 @@ class plistDict::Writer {
     Level(const plistDict& toWrite, std::string_view lineEnding) : node(toWrite), own(lineEnding) {}
 
     const plistDict& node;
-    TextOutputStream own;  // the node's lines, where its children's go ahead of them
+    TextOutputStream own;  // the node's lines, when those of its children precede them
     Int32 nextKey = 0;
-    std::vector<Int32> containers;  // the children of the current key that are still to be written
-    String openTag;                 // of the child that is being written; empty for none
+    std::vector<Int32> containers;  // children of the current key, not yet written
+    String openTag;                 // of the child being written; empty if none
   };
 
   void Step(Level& level);
@@ -95,7 +95,7 @@ void plistDict::Writer::WriteLeaf(Level& level, const String& key, const String&
   }
 }
 
-// What the child is, is told by the type of its key, which all children of that key share.
+// The type of the key, which all its children share, decides what the child is.
 void plistDict::Writer::WriteContainer(Level& level) {
   const Int32 index = level.containers.back();
   level.containers.pop_back();

@@ -1,5 +1,5 @@
-// The state of windows and of single controls in a node, and back. A control's key is its object name, and what it
-// shows at the time is the default of reading, so that a first read stores it.
+// Stores the state of windows and single controls in a node, and restores it. A control's key is its object name. Its
+// present state is the default of a getter, so that the first read stores it.
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,7 +25,7 @@ void StoreWindow(plistDict& node, const Window& window) {
   bounds.SetInteger("height", window.Height());
 }
 
-// Fields of one line, and labels.
+// For single-line fields and labels.
 template <typename Control>
 void RestoreText(plistDict& node, Control& control) {
   control.setText(ToQString(node.GetString(Name(control), control.text().toStdString())));
@@ -43,7 +43,7 @@ void plistDict::SetWindow(std::string_view key, const Window& window) {
   StoreWindow(child(key), window);
 }
 
-// A part that is missing leaves the window as it is.
+// Leaves each property of the window unchanged for which the entry has no value.
 void plistDict::GetWindow(std::string_view key, Window& window) {
   if (!Exists(key)) SetWindow(key, window);
   plistDict& node = child(key);

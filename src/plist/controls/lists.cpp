@@ -1,5 +1,5 @@
-// The rows of lists and popup menus in a node, and back. Of several controls of one name, each has its number in the
-// property "Index"; a control that stands alone has none, which counts as 0.
+// Stores the rows of lists and popup menus in a node, and restores them. Controls of the same name are numbered by the
+// property "Index"; a control without it counts as 0.
 #include <QComboBox>
 #include <QVariant>
 
@@ -15,7 +15,7 @@ String Key(const QWidget& control) {
   return control.objectName().toStdString() + "." + Str(control.property("Index").toInt());
 }
 
-// A new and empty entry for a control; its array of rows, or nullptr where a damaged file had an entry of two.
+// Adds an empty entry for a control. Returns its array of rows, or nullptr when a damaged file has two entries.
 plistDict* NewEntry(plistDict& node, const String& key, std::string_view selectedText) {
   if (node.Exists(key)) node.Remove(key);
   node.AddChild(key);
@@ -24,7 +24,7 @@ plistDict* NewEntry(plistDict& node, const String& key, std::string_view selecte
   return entry.AddArray("elements") ? &entry.child("elements") : nullptr;
 }
 
-// The texts of a row's columns; a row that is damaged is empty.
+// The texts of a row's columns; empty for a damaged row.
 void FillRow(Listbox& listbox, plistDict& elements, Int32 row) {
   const Int32 listRow = listbox.ListCount();
   if (listbox.ColumnCount() == 1) {
@@ -88,7 +88,7 @@ void plistDict::GetPopup(QComboBox& popup, bool select) {
   }
 }
 
-// Despite the name each goes in under its own key.
+// Despite the name, stores the entry under its own key.
 void plistDict::AppendListbox(const Listbox& listbox) {
   if (CheckArray()) SetListbox(listbox);
 }
