@@ -1,4 +1,4 @@
-// The text on the clipboard. Whose clipboard that is, is decided at start: the window program takes the desktop's.
+// The text on the clipboard. The window program installs handlers for the desktop's clipboard.
 #pragma once
 
 #include <functional>
@@ -8,7 +8,7 @@
 
 namespace sumlet {
 
-// Without handlers the clipboard is a text of the program's own, empty at start.
+// Without handlers, use a text inside the program, which is empty at start.
 [[nodiscard]] String ClipboardText();
 void SetClipboardText(std::string_view text);
 

@@ -1,6 +1,6 @@
-// Fault: the one exception of the program, for what its logic never means to do: an index out of range, a key that is
-// not there, a stream that was never opened. Accessors of the framework and of property lists throw it; the boundary of
-// an event catches it, and whoever reads a damaged file. Every failure that is to be expected is a value instead.
+// Fault: the program's only exception type, for programming errors: an index out of range, an absent key, a stream that
+// was never opened. Accessors of the framework and of property lists throw it. The event loop catches it, and so does
+// code that reads a damaged file. Expected failures are return values.
 #pragma once
 
 #include <stdexcept>

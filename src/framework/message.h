@@ -1,5 +1,4 @@
-// Messages that stop the program until the user has answered. Who shows them is decided at start: the window program
-// asks its user interface, a test answers by itself.
+// Modal messages and questions. Handlers show them: the program's user interface, or the answers of a test.
 #pragma once
 
 #include <functional>
@@ -9,13 +8,13 @@
 
 namespace sumlet {
 
-// One alert with a text and a button. Without a handler nothing is shown.
+// Shows an alert with a text and a button. Does nothing without a handler.
 void MsgBox(std::string_view text);
 
 enum class DialogButton { Action, Cancel, Alternate };
 
-// A question with up to three answers. An empty caption leaves the alternate button out; the cancel button has the
-// desktop's own caption.
+// A question with up to three answers. There is no alternate button if its caption is empty. The cancel button has the
+// desktop's caption.
 struct MessageDialog {
   String Message;
   String Explanation;  // below the message, smaller
@@ -23,13 +22,13 @@ struct MessageDialog {
   bool CancelButton = false;
   String AlternateActionButton;
 
-  // The button pressed; Cancel when the dialog is closed otherwise, or without a handler.
+  // Returns the button pressed; Cancel if the dialog is closed otherwise, or without a handler.
   [[nodiscard]] DialogButton ShowModal() const;
 };
 
 using MessageHandler = std::function<void(std::string_view text)>;
 using DialogHandler = std::function<DialogButton(const MessageDialog& dialog)>;
-// Each gives back the handler that was in place.
+// Each returns the previous handler.
 MessageHandler SetMessageHandler(MessageHandler handler);
 DialogHandler SetDialogHandler(DialogHandler handler);
 

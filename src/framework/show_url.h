@@ -1,5 +1,5 @@
-// Web addresses for the user's browser. Who opens them is decided at start: the window program asks the desktop, a test
-// reads the address.
+// Opens web addresses in the user's browser. A handler does it: the window program asks the desktop, a test records the
+// address.
 #pragma once
 
 #include <functional>
@@ -7,12 +7,12 @@
 
 namespace sumlet {
 
-// Hands an address over and returns at once. `address` is a whole URL, scheme included, every part of it already
-// percent-encoded. A failure is not told. Without a handler nothing happens.
+// Opens `address`, a complete and percent-encoded URL. Returns immediately and does not report failure. Does nothing
+// without a handler.
 void ShowURL(std::string_view address);
 
 using URLHandler = std::function<void(std::string_view address)>;
-// Gives back the handler that was in place.
+// Returns the previous handler.
 URLHandler SetURLHandler(URLHandler handler);
 
 }  // namespace sumlet

@@ -64,7 +64,7 @@ class KeyList::RecordReader {
  public:
   RecordReader(std::string_view buffer, std::int64_t position) : buffer_(buffer), position_(position) {}
 
-  // 1-based; behind the end when a field was cut short.
+  // 1-based; past the end if a field was cut.
   [[nodiscard]] std::int64_t Position() const { return position_; }
 
   [[nodiscard]] std::string_view Take(std::int64_t length) {
@@ -237,8 +237,8 @@ void KeyList::DetermineInputFormat() {
   BinaryFormat = !isText;
 }
 
-// Whether an opening tag stands near the start and a closing one behind it. An opening tag alone passes too, when it
-// ends within the first 32 bytes: the search for the closing one then begins anew at the start.
+// Whether an opening tag is near the start and a closing one follows. An opening tag that ends within the first 32
+// bytes is enough, because the search for the closing one then starts again at the beginning.
 bool KeyList::LooksLikeText() const {
   const Int32 opening = InStrB(1, sDataBuffer, "<");
   if (opening == 0 || opening >= 30) return false;
@@ -249,7 +249,7 @@ bool KeyList::LooksLikeText() const {
   return closingEnd > closing && closingEnd - closing < 33;
 }
 
-// Gives the position of the first byte not taken, 0 when the format is unknown.
+// Returns the position of the first byte not parsed, or 0 if the format is unknown.
 Int32 KeyList::ParseBinaryData() {
   RecordReader reader(sDataBuffer, iFarthestBufferPosition);
   if (iFormatType == -1) iFormatType = reader.TakeNumber(1);
@@ -265,8 +265,8 @@ Int32 KeyList::ParseBinaryData() {
   return static_cast<Int32>(reader.Position());
 }
 
-// False when the record is to stay in the buffer: it is not all there, one byte alone is left behind it, or the parse
-// ends with it.
+// Returns false if the record stays in the buffer: it is incomplete, exactly one byte follows it, or the parse ends
+// here.
 bool KeyList::TakeRecord(RecordReader& reader) {
   const std::int64_t size = LenB(sDataBuffer);
   const std::int64_t start = reader.Position();

@@ -7,7 +7,7 @@
 namespace sumlet {
 namespace {
 
-constexpr Int32 longestShortList = 16;  // up to here comparing every key is faster than keeping an index
+constexpr Int32 longestShortList = 16;  // up to this length a linear search is faster than an index
 
 std::size_t At(Int32 place) { return static_cast<std::size_t>(place); }
 
@@ -44,7 +44,7 @@ std::optional<String> KeyListItems::TakeFirst(std::string_view key) {
 
 void KeyListItems::Clear() { *this = KeyListItems(); }
 
-// A list that has an index stays with it, since a short list has no gaps.
+// A list keeps its index once it has one, because a short list may have no gaps.
 bool KeyListItems::IsShort() const { return next_.empty() && keys_.Ubound() < longestShortList; }
 
 Int32 KeyListItems::Place(std::string_view key) const {

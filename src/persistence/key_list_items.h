@@ -1,10 +1,8 @@
-// KeyListItems: keys with their values in the order added, found by index or by key without regard to case.
+// KeyListItems: the items of a KeyList in the order added, with look-up by index and, ignoring case, by key.
 //
-// A look-up by key and the removal of what it found take the same time however long the list is. Long lists keep an
-// index of their folded keys; one look-up after another would otherwise compare every key with every other. The index
-// is made at the first look-up, since many lists are only written, and takes in new items at the next one. A removal
-// leaves a gap, because closing it would move every place in the index; the gaps are closed when the list is next asked
-// by index.
+// Look-up by key and removal by key take constant time. Long lists keep a hash index of their folded keys. The first
+// look-up builds it, because many lists are only written, and later look-ups add new items. A removal leaves a gap, as
+// closing it would shift every position in the index; the next access by index closes all gaps.
 #pragma once
 
 #include <optional>
@@ -22,19 +20,19 @@ class KeyListItems {
   void Append(std::string_view key, String value);
   [[nodiscard]] Int32 Count() const { return keys_.Ubound() + 1 - gapCount_; }
 
-  // Element i of Keys belongs to element i of Values.
+  // Values()[i] is the value of Keys()[i].
   [[nodiscard]] const Array<String>& Keys() const;
   [[nodiscard]] const Array<String>& Values() const;
 
   [[nodiscard]] bool Has(std::string_view key) const { return Place(key) >= 0; }
-  // The value of the first item with this key, or nothing. TakeFirst removes the item too.
+  // The value of the first item with this key, if any. TakeFirst also removes the item.
   [[nodiscard]] std::optional<String> First(std::string_view key) const;
   std::optional<String> TakeFirst(std::string_view key);
 
   void Clear();
 
  private:
-  // The places of one key: from `first` along next_ to `last`.
+  // The positions of one key: a list linked by next_ from `first` to `last`.
   struct Places {
     Int32 first;
     Int32 last;
@@ -46,13 +44,13 @@ class KeyListItems {
   void ExtendIndex() const;
   void CloseGaps() const;
 
-  // Mutable is what asking changes: nothing that can be seen from outside.
+  // Mutable, because look-ups build the index and close gaps.
   mutable Array<String> keys_;
   mutable Array<String> values_;
-  mutable std::vector<bool> isGap_;  // one for each item that is in the index
+  mutable std::vector<bool> isGap_;  // one element for each item in the index
   mutable Int32 gapCount_ = 0;
   mutable std::unordered_map<String, Places> index_;  // by folded key
-  mutable std::vector<Int32> next_;                   // the next item with the same key, -1 for none
+  mutable std::vector<Int32> next_;                   // the next item with the same key, or -1
 };
 
 }  // namespace sumlet

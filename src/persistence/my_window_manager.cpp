@@ -79,8 +79,8 @@ String Store() {
   return outer.GetData();
 }
 
-// Each window opens in front of those before it, so the back one comes first. What a window itself has to tell is none
-// of the damage to the records, and is told each time.
+// Each window opens in front of the previous one, so the back one comes first. Suppresses repeated alerts about damaged
+// records, but not the alerts of the windows themselves.
 void Load(std::string_view data) {
   if (!Preferences::RememberEquations) return;
   KeyList outer;

@@ -1,7 +1,7 @@
-// MyWindowManager: the window session. It turns the open windows into one value of the settings file and back.
+// MyWindowManager: the window session. Encodes the open windows as one value of the settings file, and restores them.
 //
-// It knows no window class. A window writes its own record, and a record is turned back into a window by the restorer
-// of the key that it holds; the window folders bring both, the application connects them.
+// Does not depend on any window class. Each window writes its own record. The window classes register restorers, which
+// open a window from a record; the key in the record selects the restorer.
 #pragma once
 
 #include <functional>
@@ -18,7 +18,7 @@ class plistDict;
 
 namespace sumlet::MyWindowManager {
 
-// A window that has something to store. A window of any other class leaves an empty record, which keeps its place.
+// A window with a state to store. Other windows write an empty record, which keeps their position in the order.
 class StoredWindow {
  public:
   virtual void StoreRecord(KeyList& record) const = 0;
@@ -27,41 +27,40 @@ class StoredWindow {
   ~StoredWindow() = default;
 };
 
-// All open windows front to back, hidden ones included; nullptr for one that has nothing to store.
+// Returns all open windows from front to back, including hidden ones; nullptr for a window without a state to store.
 using WindowList = std::function<std::vector<const StoredWindow*>()>;
 void SetWindowList(WindowList list);
 
-// The record of one window as it is read, whatever file it comes from.
+// Read access to the record of one window, in the settings file or the older one.
 class Record {
  public:
   virtual ~Record() = default;
   [[nodiscard]] virtual bool HasItem(std::string_view key) const = 0;
-  // The stored value, or `fallback` when the record does not have it whole.
+  // The stored value, or `fallback` if it is missing or truncated.
   [[nodiscard]] virtual Variant LoadItem(std::string_view key, const Variant& fallback) const = 0;
 };
 
-// Opens the window of a record that holds `key`. Of several restorers the one registered first is asked first;
-// one registered under a key that is there takes that one's place.
+// Opens a window from each record that contains `key`. If a record contains several keys, the restorer registered first
+// wins. Registering a key again replaces its restorer.
 struct Restorer {
   String key;
   std::function<void(const Record& record)> Restore;
 };
 void RegisterRestorer(Restorer restorer);
 
-// Opens the window of one record, as StoreRecord has filled it.
+// Opens a window from a record that StoreRecord has written.
 void Restore(KeyList& record);
 
-// The records of all windows as a KeyList byte string; empty while RememberEquations is off.
+// Encodes the records of all windows as a KeyList; empty while RememberEquations is off.
 [[nodiscard]] String Store();
 
-// Makes the session a section of the settings file.
+// Registers the session as a section of the settings file.
 void RegisterSection();
 
-// Opens the windows of `data`, the front one last, so that they stand in their old order. Does nothing while
-// RememberEquations is off. Records of unknown windows are passed over.
+// Opens the windows of `data`, the front one last, so that they keep their order. Skips records without a restorer.
+// Does nothing while RememberEquations is off.
 void Load(std::string_view data);
-// The same from the dictionary of an older settings file, whose keys are "0", "1" and so on. Adds those that are
-// missing.
+// The same for the dictionary of an older settings file, with the keys "0", "1" and so on. Adds missing keys.
 void Load(plistDict& dict);
 
 }  // namespace sumlet::MyWindowManager

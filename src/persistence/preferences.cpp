@@ -26,7 +26,7 @@ std::vector<Section>& Sections() {
   return sections;
 }
 
-// The folder `name` in `parent`, made if it is not there and `create` is set.
+// The folder `name` in `parent`. Creates it if it does not exist and `create` is set.
 std::optional<FolderItem> FolderIn(const FolderItem& parent, std::string_view name, bool create) {
   const FolderItem folder = parent.Child(name);
   if (create && !folder.Directory()) folder.CreateAsFolder();
@@ -36,7 +36,7 @@ std::optional<FolderItem> FolderIn(const FolderItem& parent, std::string_view na
 
 constexpr std::string_view runCountKey = "RunCount";
 
-// A setting of the file. What its variable holds when the program starts is the default.
+// A setting of the file. The initial value of its variable is the default.
 struct Setting {
   [[nodiscard]] Variant Value() const {
     const auto* number = std::get_if<Int32*>(&variable);
@@ -64,14 +64,14 @@ const Setting settings[] = {
     {"ShowLineValues", &ShowLineValues, true},
 };
 
-// From the list of a settings file or the dictionary of an older one.
+// `source` is the list of a settings file or the dictionary of an older one.
 template <typename Source>
 void LoadSettings(Source& source) {
   RunCount = VariantToInt32(LoadItem(source, runCountKey, Int32ToVariant(0)));
   for (const Setting& setting : settings) setting.Take(LoadItem(source, setting.key, setting.fallback));
 }
 
-// What a settings file holds. The number of this run is not raised here, so all saves of one run write the same.
+// Encodes the settings file. Does not change RunCount, so that all saves of one run write the same count.
 String Content() {
   KeyList list = NewStoredList();
   list.AddItem(runCountKey, DoubleToVariant(RunCount + 1.0));  // a damaged file may have the largest Int32
@@ -81,7 +81,7 @@ String Content() {
   return list.GetData();
 }
 
-// The dictionary of a section; nullptr when the file has something else in its place.
+// The dictionary of a section; nullptr if the key holds something else.
 plistDict* OlderSection(plistDict& root, std::string_view key) {
   try {
     return &root.child(key);
@@ -90,7 +90,7 @@ plistDict* OlderSection(plistDict& root, std::string_view key) {
   }
 }
 
-// False when something inside was not what it should be. What was read before that stays.
+// Returns false if a value in the section has the wrong type. Keeps what was read before.
 bool LoadOlderSection(const Section& section, plistDict& dict) {
   try {
     section.LoadOlder(dict);
@@ -100,8 +100,8 @@ bool LoadOlderSection(const Section& section, plistDict& dict) {
   }
 }
 
-// A file without the settings, as on a first start without any file, gives the defaults. Reading ends at the first
-// thing that is out of place, and the sections behind it take their defaults, too.
+// A missing file results in the defaults, as on a first start. Reading stops at the first value of a wrong type, and
+// the remaining sections take their defaults.
 void PLIST_Load() {
   const std::optional<FolderItem> folder = SpecialFolder::Preferences();
   pref = std::make_unique<plist>(folder ? folder->Child("com.fernhill.sumlet.plist") : FolderItem({}));
@@ -128,7 +128,7 @@ std::optional<FolderItem> GetPrefFile(bool create) {
   return folder->Child("preferences");
 }
 
-// A value that was cut off counts as missing, although its key can be read.
+// A truncated value counts as missing, although HasItem finds its key.
 Variant LoadItem(KeyList& list, std::string_view key, const Variant& fallback) {
   bool found = false;
   String value = list.GetItem(key, found);
@@ -146,7 +146,7 @@ Variant LoadItem(plistDict& dict, std::string_view key, const Variant& fallback)
   }
 }
 
-// The order matters: the sections look at the settings.
+// The settings come first, because the sections use them.
 void Load() {
   const std::optional<FolderItem> file = GetPrefFile(false);
   std::optional<String> content = file ? Recovery::Read(*file) : std::nullopt;

@@ -1,14 +1,14 @@
-// The settings file is overwritten in place, so a power failure, or a kill in the middle of a write, can tear it. The
-// recovery file is replaced as a whole. Each step is on the disk before the next one begins that relies on it:
+// Save overwrites the settings file in place, so a power failure or a kill during the write can tear it. It replaces
+// the recovery file atomically. Each step has reached the disk before a step that relies on it begins:
 //
-//   1. recovery.new is written and flushed, renamed to recovery, and the folder is flushed
-//   2. preferences is overwritten, and flushed together with the folder
-//   3. recovery is deleted
+//   1. write and flush recovery.new, rename it to recovery, flush the folder
+//   2. overwrite preferences, flush it and the folder
+//   3. delete recovery
 //
-// A start that finds recovery does not read preferences, which may be torn between 1 and 3.
+// preferences may be torn between 1 and 3. A start that finds recovery therefore does not read it.
 //
-// Flushing takes a disk up to a tenth of a second. A thread of its own for each write leaves the event thread free. It
-// shares nothing with the program: it owns its copies of the path and the content.
+// A flush takes up to a tenth of a second. A thread for each write keeps the event thread free. The thread owns copies
+// of the path and the content, and shares no data with the program.
 #include "persistence/recovery.h"
 
 #include <chrono>
@@ -21,7 +21,7 @@
 namespace sumlet::Recovery {
 namespace {
 
-// Made before main and so still there when the handlers of exit run, one of which saves.
+// Constructed before main, and so destroyed after the exit handlers have run, one of which saves.
 std::future<void> background;
 
 FolderItem RecoveryFile(const FolderItem& settings) { return FolderItem(settings.Path().parent_path() / "recovery"); }
@@ -32,7 +32,7 @@ void RunInBackground(Job job) {
   background = std::async(std::launch::async, std::move(job));
 }
 
-// A whole list is written again as it was read.
+// A list is whole if encoding it again yields the same bytes.
 bool IsWhole(const String& content) {
   if (content.empty() || (content[0] != 1 && content[0] != 2 && content[0] != 4)) return false;
   KeyList list;
@@ -65,12 +65,12 @@ void Wait() {
 
 void Write(const FolderItem& settings, String content) {
   RunInBackground([settings, content = std::move(content)] {
-    if (!Exists(settings) && settings.ReadBinaryFile() == content) return;  // saved meanwhile
+    if (!Exists(settings) && settings.ReadBinaryFile() == content) return;  // saved in the meantime
     (void)ReplaceFile(RecoveryFile(settings).Path(), content);              // the next change tries again
   });
 }
 
-// Most saves find the recovery file as it has to be: it was written when typing paused.
+// At most saves the recovery file is up to date, because it was written when typing paused.
 void Save(const FolderItem& settings, const String& content) {
   Wait();
   const FolderItem recovery = RecoveryFile(settings);

@@ -1,4 +1,4 @@
-// Lists that other modules add to: one entry a key, in the order in which the keys came first.
+// RegisterByKey: for lists to which other modules add entries, one for each key, in the order of registration.
 #pragma once
 
 #include <algorithm>
@@ -7,7 +7,7 @@
 
 namespace sumlet {
 
-// `Entry` has a member `key`. An entry of the same key, compared by its bytes, is replaced in its place.
+// `Entry` has a member `key`. Replaces an entry with the same key, compared by bytes, at its position.
 template <typename Entry>
 void RegisterByKey(std::vector<Entry>& entries, Entry entry) {
   const auto place =

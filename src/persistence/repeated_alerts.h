@@ -1,5 +1,5 @@
-// RepeatedAlerts: while it lives, an alert that is among those shown is not shown again. A damaged list can hold
-// thousands of damaged records, and the user learns nothing from being told of each.
+// RepeatedAlerts: suppresses repeated alerts during its lifetime. A damaged list can contain thousands of damaged
+// records and would show the same alert for each.
 #pragma once
 
 #include <memory>
@@ -11,7 +11,7 @@ namespace sumlet {
 
 class RepeatedAlerts {
  public:
-  // Takes from `shown` what has been shown before, and adds what it shows.
+  // Does not show the alerts in `shown`, and adds those that it shows.
   explicit RepeatedAlerts(std::set<String>& shown) {
     previous_ = SetMessageHandler([this, &shown](std::string_view text) {
       if (shown.emplace(text).second && previous_) previous_(text);

@@ -1,4 +1,4 @@
-// Descriptor: an open file or socket of the system, closed when its owner goes.
+// Descriptor: owns an open file descriptor and closes it.
 #pragma once
 
 #include <utility>
@@ -12,7 +12,7 @@ namespace sumlet {
 class Descriptor {
  public:
   Descriptor() = default;
-  // Takes over `number`; a negative one stands for none.
+  // Takes ownership of `number`; a negative one means no file.
   explicit Descriptor(int number) : number_(number) {}
   Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
   Descriptor& operator=(Descriptor&& other) noexcept {

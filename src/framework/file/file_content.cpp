@@ -1,6 +1,6 @@
-// A file that is overwritten keeps its links, its owner and its name at any instant. What can fail, opening the file
-// and room on the disk, is settled before the first old byte is lost; should writing fail all the same, the old bytes,
-// which have room, are put back. The new bytes go over the old ones before the file is cut to its new length.
+// Overwriting a file in place keeps its links, owner and name. The steps that can fail, opening the file and reserving
+// disk space, come before the first byte is overwritten. If writing fails nevertheless, the old bytes, for which there
+// is space, are restored. The file is truncated to its new length after the new bytes are written.
 #include "framework/file/file_content.h"
 
 #if defined(_WIN32)
@@ -46,7 +46,7 @@ bool FlushFile(const std::filesystem::path& /*path*/) { return true; }
 namespace sumlet {
 namespace {
 
-// The whole content of an open regular file.
+// Reads an open regular file.
 std::optional<String> ReadAll(int file) {
   struct stat status = {};
   if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > static_cast<off_t>(largestContent))
@@ -80,7 +80,7 @@ bool WriteAndCut(int file, std::string_view content) {
   return WriteAll(file, content) && ftruncate(file, static_cast<off_t>(content.size())) == 0;
 }
 
-// False when the disk has no room for `size` bytes. A file system that cannot tell is believed to have it.
+// Returns false if the disk has no space for `size` bytes; true if the file system cannot tell.
 bool HasRoom(int file, std::size_t size) {
 #if defined(__linux__)
   if (size == 0) return true;
@@ -97,7 +97,7 @@ Descriptor Open(const std::filesystem::path& path, int flags) {
 
 bool Flush(const Descriptor& file) { return file.IsOpen() && fsync(file.Number()) == 0; }
 
-// The name of a new or renamed file is on the disk once its folder is.
+// Flushing the folder writes the name of a new or renamed file to the disk.
 bool FlushFolderOf(const std::filesystem::path& path) {
   return Flush(Open(path.parent_path(), O_RDONLY | O_DIRECTORY));
 }
@@ -111,7 +111,7 @@ std::optional<String> ReadContent(const std::filesystem::path& path) {
 }
 
 bool OverwriteContent(const std::filesystem::path& path, std::string_view content) {
-  if (content.size() > largestContent) return false;  // nobody could read it any more
+  if (content.size() > largestContent) return false;  // ReadContent could not read it
   Descriptor file = Open(path, O_RDWR);
   const bool isNew = !file.IsOpen() && errno == ENOENT;
   if (isNew) file = Open(path, O_RDWR | O_CREAT);

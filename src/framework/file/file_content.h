@@ -1,4 +1,4 @@
-// Whole files in and out.
+// Reads and writes whole files.
 #pragma once
 
 #include <cstddef>
@@ -10,24 +10,23 @@
 
 namespace sumlet {
 
-// In bytes. More than any real content takes, and little enough to hold several copies of it in memory.
+// In bytes. Larger than any real content, small enough for several copies in memory.
 inline constexpr std::size_t largestContent = std::size_t{256} << 20;
 
-// The content of a regular file of at most `largestContent`, or nothing when it cannot be had.
+// Returns the content of a regular file of at most `largestContent`. Empty if that is not possible.
 [[nodiscard]] std::optional<String> ReadContent(const std::filesystem::path& path);
 
-// Overwrites the file in place, or creates it, for its owner alone. A process that is killed meanwhile leaves the file
-// torn. False when the file cannot be opened, the disk has no room, or the file is one that ReadContent would not read
-// or could not read afterwards; the old content is then unchanged.
+// Overwrites the file in place, or creates it with access for its owner only. If the process is killed during the
+// write, the file can be torn. Returns false, with the old content unchanged, if the file cannot be opened, the disk
+// has no space, the file is not a regular one, or `content` is larger than ReadContent accepts.
 [[nodiscard]] bool OverwriteContent(const std::filesystem::path& path, std::string_view content);
 
-// Puts a new file in the place of `path`, for its owner alone, and flushes it to the disk. At any instant, also when
-// the machine goes down, there is the old file or the new one, whole. A second file, `path` with ".new" behind it,
-// exists meanwhile, and stays when the process is killed. False when the new file cannot be written; the old one then
-// stays.
+// Replaces the file atomically by a new one with access for its owner only, and flushes it to the disk. A power failure
+// leaves either the old or the new file. Uses a temporary file, `path` plus ".new", which remains if the process is
+// killed. Returns false, with the old file unchanged, if the new one cannot be written.
 [[nodiscard]] bool ReplaceFile(const std::filesystem::path& path, std::string_view content);
 
-// Flushes what has been written to the file, and its name, to the disk. False when that failed.
+// Flushes the content and the name of the file to the disk. Returns whether that succeeded.
 [[nodiscard]] bool FlushFile(const std::filesystem::path& path);
 
 }  // namespace sumlet

@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Nothing for a variable that is missing, empty or no absolute path, which the XDG Base Directory rules say to ignore.
+// Ignores a variable that is missing, empty or not an absolute path, as the XDG base directory rules require.
 std::optional<fs::path> FolderVariable(const char* name) {
   const char* value = name == nullptr ? nullptr : std::getenv(name);
   if (value == nullptr || !fs::path(value).is_absolute()) return {};
@@ -47,8 +47,7 @@ bool FolderItem::Directory() const {
   return fs::is_directory(path_, error);
 }
 
-// What is stored is nobody else's business: the XDG Base Directory rules say mode 0700, and the library's own way would
-// leave it to the user's mask.
+// The XDG base directory rules require mode 0700; std::filesystem would apply the user's umask.
 void FolderItem::CreateAsFolder() const {
 #if defined(_WIN32)
   std::error_code error;
@@ -57,7 +56,7 @@ void FolderItem::CreateAsFolder() const {
   fs::path folder;
   for (const fs::path& name : path_) {
     folder /= name;
-    mkdir(folder.c_str(), S_IRWXU);  // most of them are there, and then it does nothing
+    mkdir(folder.c_str(), S_IRWXU);  // fails harmlessly for existing folders
   }
 #endif
 }

@@ -17,27 +17,27 @@ class FolderItem {
   [[nodiscard]] FolderItem Child(std::string_view name) const;
 
   [[nodiscard]] bool Exists() const;
-  // Whether it exists and is a folder.
+  // Whether the path exists and is a folder.
   [[nodiscard]] bool Directory() const;
 
-  // Makes the folder, and the folders above it, each for its owner alone. Whether that worked is told by Directory.
+  // Creates the folder and its parents, with access for their owner only. Check the outcome with Directory.
   void CreateAsFolder() const;
 
-  // The content of the file, or nothing when it cannot be read: it does not exist, is a folder, is not the user's.
+  // Returns the content of the file. Empty if it cannot be read.
   [[nodiscard]] std::optional<String> ReadBinaryFile() const;
-  // Overwrites the content in place, or creates the file, for its owner alone. False when the file cannot be opened or
-  // created, or the disk is full; the old content is then unchanged.
+  // Overwrites the content in place, or creates the file with access for its owner only. Returns false, with the old
+  // content unchanged, if the file cannot be opened or created, or the disk is full.
   bool WriteBinaryFile(std::string_view content) const;
 
-  // Copies the file to `target`, which is replaced. False when that cannot be.
+  // Copies the file over `target`. Returns whether that succeeded.
   bool CopyFileTo(const FolderItem& target) const;
-  // Deletes the file, or the folder if it is empty. What does not exist, or is not the user's, is left.
+  // Deletes the file, or the folder if it is empty. Does not report failure.
   void Delete() const;
 
-  // The whole path, from the root on.
+  // The absolute path.
   [[nodiscard]] String AbsolutePath() const;
 
-  // Whether file managers show the item. Where only a name hides a file, as on Linux, setting has no effect.
+  // Whether file managers show the item. The setter has no effect on Linux, where only the name can hide a file.
   void SetVisible(bool visible) const;
 
  private:
@@ -46,9 +46,9 @@ class FolderItem {
 
 namespace SpecialFolder {
 
-// The folder for a program's own data ($XDG_DATA_HOME or ~/.local/share; ~/Library on macOS; %APPDATA% on Windows) and
-// the one for its older preferences ($XDG_CONFIG_HOME or ~/.config; ~/Library/Preferences; %APPDATA%). Nothing where
-// the user has no home.
+// The folder for program data ($XDG_DATA_HOME or ~/.local/share; ~/Library on macOS; %APPDATA% on Windows) and the one
+// for the older preferences ($XDG_CONFIG_HOME or ~/.config; ~/Library/Preferences; %APPDATA%). Empty if the user has no
+// home folder.
 [[nodiscard]] std::optional<FolderItem> UserLibrary();
 [[nodiscard]] std::optional<FolderItem> Preferences();
 

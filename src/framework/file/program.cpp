@@ -4,7 +4,7 @@
 
 namespace sumlet {
 
-// No program that this system calls exists there.
+// Windows has no tools for property lists.
 ProgramEnd RunProgram(const std::vector<String>& /*command*/, std::chrono::milliseconds /*patience*/) {
   return ProgramEnd::NotFound;
 }
@@ -30,8 +30,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A process group of its own, so that it can be killed with its children, and no signal blocked or ignored on account
-// of this program.
+// Gives the child a process group of its own, to kill it with its children, and resets blocked and ignored signals.
 void SetAttributes(posix_spawnattr_t& attributes) {
   sigset_t signals;
   sigemptyset(&signals);
@@ -42,7 +41,7 @@ void SetAttributes(posix_spawnattr_t& attributes) {
   posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
 }
 
-// The process started, or 0.
+// Returns the process ID, or 0 on failure.
 pid_t Spawn(const std::vector<String>& command) {
   std::vector<char*> arguments;
   arguments.reserve(command.size() + 1);
@@ -68,8 +67,8 @@ pid_t Spawn(const std::vector<String>& command) {
   return error == 0 ? process : 0;
 }
 
-// A small file can stand for a huge one, which the tool must not fill memory or disk with. The process runs already,
-// but that it gets far in the meantime is no danger.
+// A small file can expand to a huge one, so the memory and the output of the tool are limited. The process is running
+// already, but cannot get far before the limits apply.
 void Limit([[maybe_unused]] pid_t process) {
 #if defined(__linux__)
   constexpr rlimit memory = {rlim_t{1} << 30, rlim_t{1} << 30};
@@ -79,15 +78,15 @@ void Limit([[maybe_unused]] pid_t process) {
 #endif
 }
 
-// Whether the process has ended. It stays on the system's list, so that nobody else gets its number.
+// Whether the process has ended. Does not reap it, so that its process ID is not reused.
 bool HasEnded(pid_t process) {
   siginfo_t status = {};
   return waitid(P_PID, static_cast<id_t>(process), &status, WEXITED | WNOHANG | WNOWAIT) != 0 ||
          status.si_pid == process;
 }
 
-// Ends what is left of the process group, and takes the process off the system's list. One that cannot be
-// ended, because the system itself holds it, is not waited for.
+// Kills the rest of the process group and reaps the process. Does not wait for a process that cannot be killed because
+// it is blocked in the kernel.
 void End(pid_t process) {
   kill(-process, SIGKILL);
   for (int tries = 0; tries < 1000 && waitpid(process, nullptr, WNOHANG) != process && errno != ECHILD; ++tries) {
@@ -97,8 +96,8 @@ void End(pid_t process) {
 
 }  // namespace
 
-// The tools end within milliseconds, so looking every millisecond costs nothing that anybody notices; waiting for the
-// signal of a child's end would take it away from the toolkit.
+// Polls every millisecond, which is cheap because the tools end within milliseconds. A handler for SIGCHLD would
+// replace that of the toolkit.
 ProgramEnd RunProgram(const std::vector<String>& command, std::chrono::milliseconds patience) {
   const Clock::time_point deadline = Clock::now() + patience;
   const pid_t process = command.empty() ? 0 : Spawn(command);

@@ -1,4 +1,4 @@
-// Running another program.
+// Runs other programs.
 #pragma once
 
 #include <chrono>
@@ -10,10 +10,10 @@ namespace sumlet {
 
 enum class ProgramEnd { NotFound, Ended, GivenUp };
 
-// Runs a program and returns when it has ended or `patience` is over; what is left then of its process group
-// is killed. `command` is its name, looked up in the user's PATH, and its arguments, handed over as they are: no shell
-// reads them. It reads nothing, what it prints is dropped, and on Linux it gets 1 GiB of memory and writes files of 256
-// MiB at most. How it ended is not told: the tools that this is for give no reliable exit status.
+// Runs a program without a shell. Returns when it has ended or `patience` has passed, and kills the rest of its process
+// group. `command` is the program's name, looked up in PATH, and its arguments. Its standard input is empty and its
+// output discarded. On Linux it is limited to 1 GiB of memory and to files of 256 MiB. Does not report the exit status,
+// which is unreliable for the tools that this function runs.
 ProgramEnd RunProgram(const std::vector<String>& command, std::chrono::milliseconds patience);
 
 }  // namespace sumlet

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 #if defined(_WIN32)
 
-// The folder for temporary files is the user's own there.
+// The folder for temporary files belongs to the user there.
 std::optional<fs::path> NewFolder(const fs::path& parent) {
   std::error_code error;
   for (int tries = 0; tries < 100; ++tries) {

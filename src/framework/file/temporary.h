@@ -1,5 +1,5 @@
-// Temporary files that nobody else can have made, read or put in the way: each lies in a folder of its own, which only
-// the user can enter.
+// Temporary files that other users cannot create, read or replace: each is in a new folder that only the user can
+// enter.
 #pragma once
 
 #include <optional>
@@ -8,15 +8,15 @@
 
 namespace sumlet {
 
-// The path of a file that does not exist, in a new folder below the system's one for temporary files ($TMPDIR). Nothing
-// when the folder cannot be made.
+// Returns the path of a file that does not exist, in a new folder in the system's folder for temporary files ($TMPDIR).
+// Empty if the folder cannot be created.
 [[nodiscard]] std::optional<FolderItem> GetTemporaryFolderItem();
 
-// Makes the folder of an item from above once more, after DeleteTemporary; one that is still there, and still the
-// user's alone, will do. False when that cannot be, or when another has taken its name.
+// Creates the folder of such a file again after DeleteTemporary, or accepts it if it exists and only the user can enter
+// it. Returns false if that fails or somebody else has taken the name.
 [[nodiscard]] bool RemakeTemporaryFolder(const FolderItem& item);
 
-// Deletes the folder of an item from above, with all that is in it.
+// Deletes the folder of such a file and everything in it.
 void DeleteTemporary(const FolderItem& item);
 
 }  // namespace sumlet

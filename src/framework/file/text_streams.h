@@ -1,5 +1,4 @@
-// Text files line by line. A stream holds the whole text: a file is read before its first line is asked for, and
-// written when its last one is there.
+// Text streams that read and write line by line. A stream holds the whole text in memory.
 #pragma once
 
 #include <cstddef>
@@ -14,11 +13,11 @@ class TextInputStream {
  public:
   explicit TextInputStream(String content) : content_(std::move(content)) {}
 
-  // The next line without its ending: CR, LF or CR LF. Empty at the end.
+  // The next line without its line ending: CR, LF or CR LF. Empty at the end.
   [[nodiscard]] std::string_view ReadLine();
-  // Goes back to the first line.
+  // Moves to the first line.
   void Rewind() { next_ = 0; }
-  // Whether nothing is left. Behind the ending of the last line there is no further one.
+  // Whether all lines have been read. A line ending at the end of the text does not start another line.
   [[nodiscard]] bool AtEnd() const { return next_ >= content_.size(); }
 
  private:
@@ -31,13 +30,13 @@ class TextOutputStream {
   // `lineEnding` must outlive the stream.
   explicit TextOutputStream(std::string_view lineEnding = EndOfLine) : lineEnding_(lineEnding) {}
 
-  // Adds the text, behind `indentation` where that is given, and the line ending.
+  // Appends `indentation`, the text and the line ending.
   void WriteLine(std::string_view text) { WriteLine({}, text); }
   void WriteLine(std::string_view indentation, std::string_view text);
-  // Adds all lines of another stream.
+  // Appends all lines of another stream.
   void Add(const TextOutputStream& lines);
 
-  // Whether more came in than largestContent (file_content.h). Nothing is kept then.
+  // Whether the text exceeded largestContent (file_content.h). The stream then discards it.
   [[nodiscard]] bool Overflowed() const { return overflowed_; }
   [[nodiscard]] const String& Content() const { return content_; }
   [[nodiscard]] std::string_view LineEnding() const { return lineEnding_; }
