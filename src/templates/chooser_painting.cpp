@@ -80,7 +80,7 @@ bool winTemplates::list_CellBackgroundPaint(CellGraphics& g, Int32 row, Int32 co
   if (column > 0) g.painter.fillRect(0, 0, 1, g.Height, ruleColour);
   if (selected) {
     if (pOverlay.isNull()) pOverlay = FadingShade(g.Height);
-    // Line by line, since stretching a picture looks at each of its points with great care.
+    // Fills line by line, because scaling an image is much slower.
     for (Int32 y = 0; y < g.Height; ++y)
       g.painter.fillRect(0, y, g.Width, 1, pOverlay.pixelColor(0, y * pOverlay.height() / g.Height));
   }

@@ -24,7 +24,7 @@ void NameProviderDialog::ShowWithin(Window& parent) {
   sheet_->ShowWithin(parent);
 }
 
-// A handler may ask a question, and the program may be ended while it stands; then the handler outlives this object.
+// A handler may show a question. If the program quits meanwhile, the handler outlives this object.
 void NameProviderDialog::DoEventCancel() {
   const auto handler = Canceled;
   if (handler) handler(*this);

@@ -1,5 +1,5 @@
-// NameProviderDialog: asks for a name, on a sheet of a window. The window holds one as a member, sets Prompt and Text,
-// attaches the handlers and calls ShowWithin, as often as it likes.
+// NameProviderDialog: asks for a name on a sheet of a window. The window has one as a member, sets Prompt, Text and the
+// handlers, and calls ShowWithin any number of times.
 #pragma once
 
 #include <QPointer>
@@ -17,21 +17,21 @@ class NameProviderDialog {
   NameProviderDialog() = default;
   NameProviderDialog(const NameProviderDialog&) = delete;
   NameProviderDialog& operator=(const NameProviderDialog&) = delete;
-  // Takes an open sheet away, without an event.
+  // Closes an open sheet without raising an event.
   virtual ~NameProviderDialog();
 
-  // What stands above the field.
+  // The text above the field.
   String Prompt;
-  // In: what stands in the field at first. Out: the name that was saved, without white space around it and not empty.
+  // In: the initial text of the field. Out: the saved name, trimmed and not empty.
   String Text;
 
-  // The user saved; Text holds the name, and the sheet still stands. Either handler may be empty.
+  // Raised when the user saves, while the sheet is still open; Text has the name. Either handler may be empty.
   std::function<void(NameProviderDialog& sender)> Saved;
-  // The user cancelled, or the sheet was closed in another way; Text is unchanged.
+  // Raised when the sheet closes without saving; Text is unchanged.
   std::function<void(NameProviderDialog& sender)> Canceled;
 
-  // Shows the sheet and returns at once; exactly one of the events comes later. While the sheet of an earlier call
-  // stands, that one comes forward instead.
+  // Shows the sheet and returns immediately; raises exactly one of the events later. If the sheet is already open, only
+  // raises it.
   virtual void ShowWithin(Window& parent);
 
   // Raise the events. Called by the sheet.

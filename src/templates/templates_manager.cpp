@@ -24,7 +24,7 @@ std::vector<std::weak_ptr<const std::function<void()>>>& Listeners() {
   return listeners;
 }
 
-// Goes through a copy, because a listener may subscribe another.
+// Iterates over a copy, because a listener may subscribe another one.
 void Notify() {
   for (const auto& listener : std::vector(Listeners()))
     if (const Subscription called = listener.lock()) (*called)();
@@ -40,7 +40,7 @@ void Clear() {
   Key.Redim(-1);
 }
 
-// Only before the first save ever, so that deleting them lasts.
+// Adds the examples only before the first save ever, so that deleted examples do not come back.
 void AddDefaults() {
   if (Preferences::RunCount != 0) return;
   Append("Variables Example", ReplaceLineEndings("# You can use multiple variables\nx=2\ny=x+2\ny+2", EndOfLine));

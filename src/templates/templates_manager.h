@@ -1,4 +1,4 @@
-// TemplatesManager: the named texts that a new equation can start from.
+// TemplatesManager: the named templates from which a new equation can start.
 #pragma once
 
 #include <functional>
@@ -14,35 +14,34 @@ class plistDict;
 
 namespace sumlet::TemplatesManager {
 
-// Element i of Key names the text in element i of EquationText. The order is that of adding. Names need not be unique.
+// Key[i] is the name of the text EquationText[i], in the order added. Names need not be unique.
 extern Array<String> Key;
 extern Array<String> EquationText;
 
-// Adds a template. When one of this name exists, in whatever case, asks whether to replace the text of the first such,
-// to cancel, or to add a second one.
+// Adds a template. If one with this name exists, ignoring case, asks whether to replace the text of the first one, to
+// cancel, or to add another.
 void Add(std::string_view name, std::string_view equation);
 
-// The index is 0-based; a Fault when there is no such template. Insert adds a template ahead of that one, or behind all
-// others, and asks nothing.
+// The index is 0-based; throws a Fault if it is out of range. Insert adds a template before that one, or at the end,
+// without asking.
 void Insert(Int32 index, std::string_view name, std::string_view equation);
 void Remove(Int32 index);
 void Rename(Int32 index, std::string_view name);
 
-// Calls `listener` after each change by the functions above, until the caller drops the returned handle.
+// Calls `listener` after each change by the functions above, until the caller releases the returned handle.
 using Subscription = std::shared_ptr<const std::function<void()>>;
 [[nodiscard]] Subscription NotifyOfChanges(std::function<void()> listener);
 
-// Makes the templates a section of the settings file.
+// Registers the templates as a section of the settings file.
 void RegisterSection();
 
-// All templates as a KeyList byte string.
+// Encodes all templates as a KeyList.
 [[nodiscard]] String Store();
 
-// Replaces all templates by those of `data`; a record without name or text is passed over. Damage is told by MsgBox in
-// words of KeyList. Before the first save ever, two examples are added.
+// Replaces all templates by those of `data`. Skips records without a name or a text. KeyList reports damage by MsgBox.
+// Adds two examples before the first save ever.
 void Load(std::string_view data);
-// The same from the dictionary of an older settings file, whose keys are "0", "1" and so on. Adds those that are
-// missing.
+// The same for the dictionary of an older settings file, with the keys "0", "1" and so on. Adds missing keys.
 void Load(plistDict& dict);
 
 }  // namespace sumlet::TemplatesManager

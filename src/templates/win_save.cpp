@@ -13,8 +13,8 @@ namespace {
 
 constexpr QSize fixedSize(361, 109);
 
-// Draws its own border, in the highlight colour while it has the focus: some styles draw neither a border nor a sign of
-// the focus around a field of this height. The plain style draws nothing else around the text.
+// Draws its own border, in the highlight colour while it has the focus, because some styles draw neither a border nor a
+// focus frame around a field of this height. PlainStyle draws only the text.
 class BorderedField final : public QLineEdit {
  public:
   explicit BorderedField(QWidget* parent) : QLineEdit(parent) {
@@ -60,7 +60,7 @@ void winSave::CreateControls() {
   textName_ = new BorderedField(Content());
   textName_->setMaxLength(std::numeric_limits<int>::max());
   AddControl(*textName_, {20, 42, 321, 22}, Lock::Left | Lock::Top);
-  constexpr int frame = 2;  // of the field, above and below the text, in pixels
+  constexpr int frame = 2;  // between the field's edge and the text, in pixels
   textName_->setFont(FittingFont(textName_->font(), {}, textName_->size() - QSize(0, 2 * frame)));
 
   btnCancel_ = new PushButton(tr("Cancel"), Content());
@@ -84,8 +84,8 @@ void winSave::SetPrompt(std::string_view prompt) {
   textName_->setAccessibleName(text);
 }
 
-// The handler runs with the sheet still on the window, since it may ask a question of its own. When the program is
-// ended meanwhile, this sheet may be gone.
+// The handler runs while the sheet is open, because it may show a question. If the program quits meanwhile, this sheet
+// may have been destroyed.
 void winSave::btnSave_Action() {
   const String name = Trim(FromQString(textName_->text()));
   textName_->setText(ToQString(name));
@@ -104,7 +104,7 @@ void winSave::btnSave_Action() {
 
 void winSave::btnCancel_Action() { Close(); }
 
-// Whatever closes the sheet without saving cancels.
+// Closing the sheet in any way without saving cancels.
 bool winSave::Event_CancelClose(bool /*appQuitting*/) {
   if (!saved_ && ref) ref->DoEventCancel();
   return false;

@@ -13,13 +13,13 @@ namespace sumlet {
 
 class winSave final : public Window {
  public:
-  // Makes the sheet; Window::ShowWithin shows it. It owns itself.
+  // Creates the sheet; Window::ShowWithin shows it. Deletes itself when closed.
   winSave();
 
-  // Whom the outcome is told, not owned; nullptr for nobody.
+  // Receiver of the outcome; not owned; may be null.
   NameProviderDialog* ref = nullptr;
 
-  // Sets what stands above the field, and what a screen reader calls the field.
+  // Sets the text above the field, which is also the field's accessible name.
   void SetPrompt(std::string_view prompt);
 
   [[nodiscard]] QLabel& lblPrompt() const { return *lblPrompt_; }

@@ -13,7 +13,7 @@ namespace {
 constexpr Int32 smallTextSize = 11;  // pixels
 constexpr Int32 rowHeight = 60;      // pixels
 constexpr Int32 nameColumnWidth = 200;
-constexpr Int32 nameMargins = 10;  // what a name leaves free of the column's width
+constexpr Int32 nameMargins = 10;  // horizontal space around a name, in pixels
 
 String ShownText(Int32 index) { return ReplaceLineEndings(TemplatesManager::EquationText[index], EndOfLine); }
 
@@ -63,7 +63,7 @@ PushButton* winTemplates::CreateButton(const QString& caption, const QRect& boun
   return button;
 }
 
-// With a large font of the desktop, the names that the program itself brings still show whole.
+// Shrinks a large desktop font so that the names of the built-in templates fit.
 void winTemplates::CreateList() {
   list_ = new Listbox(Content());
   list_->setAccessibleName(tr("Templates"));
@@ -106,10 +106,10 @@ void winTemplates::SetupControls() {
   list_->setGeometry(bounds);
 }
 
-// At the moment of activation the desktop may still be handing the focus around.
+// Sets the focus with a delay, because the desktop may still change it during activation.
 void winTemplates::Event_Activate() { tmrFocus_.SetMode(TimerMode::Single); }
 
-// A button that loses the focus while it is held down forgets the click, so the focus waits for that.
+// Waits while a mouse button is held down, because a button that loses the focus drops the click.
 void winTemplates::tmrFocus_Action() {
   if (QGuiApplication::mouseButtons() == Qt::NoButton)
     list_->setFocus();
@@ -117,13 +117,13 @@ void winTemplates::tmrFocus_Action() {
     tmrFocus_.SetMode(TimerMode::Single);
 }
 
-// A chooser that is open when the program ends is open again at the next start.
+// TemplatesOpen stays true when the program quits, so that the next start opens the chooser again.
 bool winTemplates::Event_CancelClose(bool appQuitting) {
   if (!appQuitting) Preferences::TemplatesOpen = false;
   return false;
 }
 
-// What was renamed or deleted here is on disk when the pointer comes back.
+// Saves the templates that were renamed or deleted since the pointer left.
 void winTemplates::Event_MouseEnter() { Preferences::Save(); }
 
 void winTemplates::LoadList() {
@@ -133,8 +133,8 @@ void winTemplates::LoadList() {
   for (Int32 i = 0; i <= TemplatesManager::Key.Ubound(); ++i) list_->AddRow(TemplatesManager::Key[i], ShownText(i));
 }
 
-// Changes only the cells that differ: the selection, the edit mode and the scroll position stay. A template that is
-// gone takes its row along, and the row that now has its place is selected, or the last row.
+// Changes only the cells that differ, so that the selection, the edit mode and the scroll position stay. After a
+// removal, selects the row that is now at the same position, or the last row.
 void winTemplates::FollowStore() {
   const Int32 count = TemplatesManager::Key.Ubound() + 1;
   if (const Int32 selected = list_->ListIndex(); list_->ListCount() - 1 > count) {
@@ -150,7 +150,7 @@ void winTemplates::FollowStore() {
   }
 }
 
-// Hidden first and closed last: the new window is in front before this one goes.
+// Hides the chooser before the equation opens and closes it afterwards, so that the new window is in front.
 void winTemplates::OpenSelection() {
   hide();
   const Int32 row = list_->ListIndex();
@@ -170,13 +170,13 @@ void winTemplates::btnEdit_Action() {
   SettupEditMode();
 }
 
-// The buttons act on the row that was selected when the user began to edit, so another selection ends the editing.
+// Ends the edit mode, because the buttons apply to the row that was selected when it began.
 void winTemplates::list_Change() {
   bEditMode = false;
   SettupEditMode();
 }
 
-// A button that is hidden or disabled would hand its focus to the next one, in the end to "Choose".
+// Moves the focus to the list first, because a button that is hidden or disabled would pass it on, finally to "Choose".
 void winTemplates::SettupEditMode() {
   const bool canEdit = list_->ListIndex() >= 1;
   if (!bEditMode && (btnRename_->hasFocus() || btnDelete_->hasFocus() || (btnEdit_->hasFocus() && !canEdit)))
@@ -203,7 +203,7 @@ void winTemplates::btnDelete_Action() {
   TemplatesManager::Remove(index);
 }
 
-// The last one deleted comes back first, so that each finds its place as it was.
+// Restores the last deleted template first, so that each returns to its position.
 bool winTemplates::UndoDelete() {
   if (deleted_.empty()) return false;
   const auto [index, content] = std::move(deleted_.back());

@@ -1,9 +1,9 @@
-// winTemplates: the template chooser, in which a new equation begins, from nothing or from a template. Templates are
-// renamed and deleted here too, and Undo brings back what was deleted while the chooser is open.
+// winTemplates: the template chooser, which opens a new equation, empty or from a template. It also renames and deletes
+// templates. Undo restores templates deleted since the chooser opened.
 //
-// The list follows the store: a template that is added or replaced elsewhere shows at once.
+// The list shows templates added or replaced elsewhere immediately.
 //
-// There is one at most. Choosing a row closes it.
+// There is at most one chooser. Choosing a row closes it.
 #pragma once
 
 #include <QImage>
@@ -22,18 +22,18 @@ namespace sumlet {
 
 class winTemplates final : public BaseWindow, public MyWindowManager::StoredWindow {
  public:
-  // The open chooser, or a new one when none is open. It owns itself.
+  // The open chooser, or else a new one. It deletes itself when closed.
   static winTemplates& Instance();
 
   struct Template {
     String Name;
     String Text;  // UTF-8, lines ended by EndOfLine
   };
-  // Opens the equation that was chosen; nullptr stands for an empty one. Called while the chooser is hidden but not yet
-  // closed. May be empty.
+  // Opens the chosen equation; nullptr for an empty one. Called while the chooser is hidden but not yet closed. May be
+  // empty.
   static std::function<void(const Template* chosen)> OpenEquation;
 
-  // The buttons for renaming and deleting are showing.
+  // Whether the buttons for renaming and deleting are visible.
   bool bEditMode = false;
 
   [[nodiscard]] Listbox& list() const { return *list_; }
@@ -43,13 +43,13 @@ class winTemplates final : public BaseWindow, public MyWindowManager::StoredWind
   [[nodiscard]] PushButton& btnRename() const { return *btnRename_; }
   [[nodiscard]] PushButton& btnDelete() const { return *btnDelete_; }
 
-  // Fills the list anew from TemplatesManager and selects its first row, "New Equation...".
+  // Reloads the list from TemplatesManager and selects its first row, "New Equation...".
   void LoadList();
-  // Shows and hides the buttons according to bEditMode and the selection.
+  // Updates the buttons according to bEditMode and the selection.
   void SettupEditMode();
   // Opens the selected row and closes the chooser.
   void OpenSelection();
-  // Puts the list into its place, one pixel outside the window at the left, top and right.
+  // Positions the list, one pixel outside the window at the left, top and right.
   void SetupControls();
 
   void StoreRecord(KeyList& record) const override;
@@ -64,7 +64,7 @@ class winTemplates final : public BaseWindow, public MyWindowManager::StoredWind
   bool Event_CancelClose(bool appQuitting) override;
   void Event_MouseEnter() override;
 
-  // The shade of the selected row: one pixel wide, as high as the first cell that was selected. Null until then.
+  // The shade of the selected row: one pixel wide, as high as the first selected cell. Null until then.
   QImage pOverlay;
 
  private:
@@ -97,7 +97,7 @@ class winTemplates final : public BaseWindow, public MyWindowManager::StoredWind
   PushButton* btnRename_ = nullptr;
   PushButton* btnDelete_ = nullptr;
   NameProviderDialog RenameDialog_;
-  std::vector<DeletedTemplate> deleted_;  // the last one last
+  std::vector<DeletedTemplate> deleted_;  // most recent last
   TemplatesManager::Subscription storeChanges_;
 };
 

@@ -1,4 +1,4 @@
-// Array: the growable list of all logic, 0-based, with every access checked.
+// Array: the growable list type of the program's logic. Indexes are 0-based, and every access is checked.
 #pragma once
 
 #include <algorithm>
@@ -12,7 +12,7 @@
 
 namespace sumlet {
 
-// An index outside the array is a Fault and leaves the array unchanged.
+// An index out of range throws a Fault and leaves the array unchanged.
 template <typename T>
 class Array {
  public:
@@ -32,7 +32,7 @@ class Array {
   }
   void Remove(std::int32_t index) { items_.erase(items_.begin() + Offset(Checked(index, items_.size()))); }
 
-  // Makes `newUbound` the highest index: cuts the array or fills it with default values. -1 empties it.
+  // Makes `newUbound` the highest index: truncates the array or appends default values. -1 empties it.
   void Redim(std::int32_t newUbound) { items_.resize(Checked(newUbound + 1, items_.max_size())); }
 
   [[nodiscard]] auto begin() const { return items_.begin(); }

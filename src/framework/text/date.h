@@ -1,4 +1,4 @@
-// Date: a day and a time of day, as a clock on the wall shows them.
+// Date: a calendar date and a time of day, without a time zone.
 #pragma once
 
 #include <string_view>
@@ -8,7 +8,7 @@
 namespace sumlet {
 
 struct Date {
-  // The present moment in the system's time zone.
+  // The current time in the system's time zone.
   Date();
 
   Int32 Year;
@@ -20,8 +20,8 @@ struct Date {
 
   // "YYYY-MM-DD HH:MM:SS"
   [[nodiscard]] String SQLDateTime() const;
-  // Takes that form and "YYYY-MM-DDTHH:MM:SSZ", the one of property lists, whose numbers are taken as they stand: no
-  // time zone is converted. False for anything else, also for a 30th of February; the date is then unchanged.
+  // Parses that format and "YYYY-MM-DDTHH:MM:SSZ", the format of property lists, without converting the time zone.
+  // Returns false, and leaves the date unchanged, for anything else, including a 30th of February.
   bool SetSQLDateTime(std::string_view text);
 };
 

@@ -1,4 +1,4 @@
-// Fields and replacements: all that cuts a text at every hit of another.
+// Fields and replacements: functions that divide a text at each occurrence of another.
 
 #include "framework/text/search.h"
 #include "framework/text/text.h"
@@ -6,8 +6,8 @@
 namespace sumlet {
 namespace {
 
-// Calls visit(piece) for each piece of `s` between two hits of `separator`, the ones at both ends included, until it
-// gives false. An empty separator never hits.
+// Calls visit(piece) for each piece of `s` between occurrences of `separator`, including those at both ends, until it
+// returns false. An empty separator does not occur.
 template <typename Visitor>
 void ForEachPiece(std::string_view s, std::string_view separator, Visitor visit) {
   std::size_t begin = 0;

@@ -1,5 +1,5 @@
-// The mathematics library under the names that the functions of the line language build on. Angles are radians.
-// What lies outside a function's domain gives not-a-number or an infinity, never an error.
+// Mathematical functions under the names that the language's functions are built on. Angles are in radians. An argument
+// outside the domain results in not-a-number or an infinity, never an error.
 #pragma once
 
 #include <cmath>
@@ -21,7 +21,7 @@ namespace sumlet {
 [[nodiscard]] inline double Ceil(double x) { return std::ceil(x); }
 [[nodiscard]] inline double Floor(double x) { return std::floor(x); }
 
-// The nearest whole number; a half goes away from zero.
+// Rounds to the nearest integer; ties away from zero.
 [[nodiscard]] inline double Round(double x) { return std::round(x); }
 // -1, 0 or 1; 0 for not-a-number.
 [[nodiscard]] inline int Sign(double x) { return (x > 0) - (x < 0); }

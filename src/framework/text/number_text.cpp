@@ -1,6 +1,6 @@
-// Text from numbers. std::to_chars rounds correctly from the exact value of a double at any number of places. Nearly
-// all values that a calculation writes are below 2^53 and need ten places at most; these are rounded here by one
-// multiplication, to the same digits in a fifth of the time.
+// Converts numbers to text. std::to_chars rounds the exact value of a double correctly to any number of places. Nearly
+// all values of a calculation are below 2^53 and need at most ten places. This file rounds these by one multiplication,
+// to the same digits in a fifth of the time.
 
 #include <algorithm>
 #include <array>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int significantDigits = 7;
 
-// Digits of the largest double in front of the point, the point, and more places than any pattern asks for.
+// Room for the digits of the largest double, the point, and more decimal places than any pattern has.
 constexpr std::size_t maxFixedLength = 309 + 1 + 1100;
 constexpr int maxPlaces = 1100;  // the exact value of a double has at most 1074 places
 
@@ -41,11 +41,11 @@ struct Decimal {
   std::uint64_t fraction;  // in units of the last place
 };
 
-// The whole number nearest to the exact product x * scale, a tie to the even one. Its magnitude is below 2^53.
+// Rounds the exact product x * scale, whose magnitude must be below 2^53, to the nearest integer; ties to even.
 //
-// There every half is a double, so rounding the product to a double never carries it across a half. Only a product that
-// comes out as a half may have been rounded to it; fma then gives the part that was rounded off. This needs
-// multiplication and subtraction each rounded by itself (-ffp-contract=off).
+// In this range every multiple of 1/2 is a double, so rounding the product to a double never moves it across a half.
+// Only if the rounded product is a half may the exact one differ from it; fma then yields the difference. This requires
+// that the compiler does not fuse multiplication and subtraction (-ffp-contract=off).
 std::int64_t RoundedProduct(double x, double scale) {
   const double product = x * scale;
   const auto whole = static_cast<std::int64_t>(product);
@@ -56,7 +56,7 @@ std::int64_t RoundedProduct(double x, double scale) {
   return isAwayFromZero ? whole + (rest > 0 ? 1 : -1) : whole;
 }
 
-// `magnitude` < 2^53, rounded to `places` <= shortPlaces, a tie to the even digit.
+// Rounds `magnitude` < 2^53 to `places` <= shortPlaces; ties to even.
 Decimal RoundShort(double magnitude, int places) {
   const auto whole = static_cast<std::uint64_t>(magnitude);
   const double scale = powersOfTen[static_cast<std::size_t>(places)];
@@ -65,7 +65,7 @@ Decimal RoundShort(double magnitude, int places) {
   return digits == static_cast<std::uint64_t>(scale) ? Decimal{whole + 1, 0} : Decimal{whole, digits};
 }
 
-// Writes `value` with `places` digits behind the point; gives the end.
+// Writes `value` with `places` decimal places. Returns the end.
 char* WriteDecimal(Decimal value, int places, char* begin, char* limit) {
   char* const point = std::to_chars(begin, limit, value.whole).ptr;
   *point = '.';
@@ -76,8 +76,8 @@ char* WriteDecimal(Decimal value, int places, char* begin, char* limit) {
   return point + places + 1;
 }
 
-// The fixed-point form of a finite `magnitude`, at least one digit and `places` behind the point; a whole number may
-// come without any.
+// Writes a finite `magnitude` in fixed-point form, with at least one digit and `places` decimal places. An integer may
+// have none.
 std::string_view FixedPoint(double magnitude, int places, std::array<char, maxFixedLength>& buffer) {
   char* const begin = buffer.data();
   char* const limit = begin + buffer.size();
@@ -94,7 +94,7 @@ std::string_view FixedPoint(double magnitude, int places, std::array<char, maxFi
   return {begin, static_cast<std::size_t>(end - begin)};
 }
 
-// Whether digits of FixedPoint have the point, which then stands in one place only.
+// Whether the digits from FixedPoint contain a point.
 bool HasPoint(std::string_view digits, int places) {
   const std::size_t behind = static_cast<std::size_t>(places) + 1;
   return digits.size() > behind && digits[digits.size() - behind] == '.';
@@ -104,7 +104,7 @@ std::string_view WithoutTrailingZeros(std::string_view digits) {
   return digits.substr(0, digits.find_last_not_of('0') + 1);
 }
 
-// An infinity or not-a-number.
+// Writes an infinity or not-a-number.
 String Letters(double x) { return std::isnan(x) ? "nan" : "inf"; }
 
 }  // namespace

@@ -1,8 +1,8 @@
-// Numbers from text, conversions and random numbers. number_text.cpp writes numbers.
+// Parses and converts numbers, and generates random ones. number_text.cpp converts numbers to text.
 //
 // Most numbers are short enough that their digits and the power of ten that divides them are both exact doubles, so one
-// division rounds correctly (W. D. Clinger, How to Read Floating Point Numbers Accurately, 1990). The exact extent of
-// any other goes to std::from_chars, which on its own would also take "inf" and would refuse a "+".
+// division rounds correctly (W. D. Clinger, How to Read Floating Point Numbers Accurately, 1990). std::from_chars
+// parses the others, after their extent is known, because it would accept "inf" and refuse "+".
 
 #include "framework/text/numbers.h"
 
@@ -25,7 +25,7 @@ constexpr std::size_t digitsInUint64 = 19;  // any number of that many digits fi
 constexpr std::array<double, digitsInUint64 + 1> exactPowersOfTen{
     1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19};
 
-// A signed whole number of any length, close enough to compare it with a length of text.
+// Parses a signed integer of any length. Limits it to a value that can be compared with the length of a text.
 double WholeNumber(std::string_view digits) {
   const bool negative = digits.front() == '-';
   double value = 0;
@@ -35,8 +35,8 @@ double WholeNumber(std::string_view digits) {
   return negative ? -value : value;
 }
 
-// For a number out of range only: whether it is too small and not too large. Its size follows from the place of its
-// first digit other than 0, moved by the exponent.
+// For a number out of range: whether it is too small rather than too large. The position of its first nonzero digit and
+// the exponent decide.
 bool IsBelowOne(std::string_view number) {
   const std::size_t exponentAt = number.find_first_of("eE");
   const std::string_view mantissa = number.substr(0, exponentAt);
@@ -46,7 +46,7 @@ bool IsBelowOne(std::string_view number) {
   return point - first + exponent < 0;
 }
 
-// `number` is digits, at most one point, and a whole exponent or none.
+// `number` consists of digits, at most one point, and an optional complete exponent.
 double Convert(std::string_view number) {
   double value = 0;
   const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
@@ -54,12 +54,12 @@ double Convert(std::string_view number) {
   return IsBelowOne(number) ? 0 : std::numeric_limits<double>::infinity();
 }
 
-// Digits with at most one "." at the front of a text.
+// The digits, with at most one ".", at the front of a text.
 struct Digits {
-  std::size_t length = 0;  // in bytes, the point included; 0 when there is no digit
+  std::size_t length = 0;  // in bytes, including the point; 0 if there is no digit
   std::size_t count = 0;
-  std::size_t places = 0;      // how many of them stand behind the point
-  std::uint64_t mantissa = 0;  // all of them as one number; meaningless when there are too many
+  std::size_t places = 0;      // the number of decimal places
+  std::uint64_t mantissa = 0;  // all digits as one integer; undefined if there are too many
 };
 
 Digits FindDigits(std::string_view text) {
@@ -84,14 +84,14 @@ Digits FindDigits(std::string_view text) {
   return digits;
 }
 
-// `text` is where the digits were found.
+// `text` begins with the digits.
 double ValueOf(const Digits& digits, std::string_view text) {
   if (digits.count > digitsInUint64 || digits.mantissa > largestExactInteger)
     return Convert(text.substr(0, digits.length));
   return static_cast<double>(static_cast<std::int64_t>(digits.mantissa)) / exactPowersOfTen[digits.places];
 }
 
-// The length of the exponent at the front of `text`; 0 unless it is whole: behind "2e" and "2e+" the number is 2.
+// The length of the exponent at the front of `text`; 0 if it is incomplete: "2e" and "2e+" are the number 2.
 std::size_t ExponentLength(std::string_view text) {
   if (text.empty() || FoldAscii(text.front()) != 'e') return 0;
   const std::size_t digits = text.size() > 1 && (text[1] == '+' || text[1] == '-') ? 2 : 1;
@@ -100,7 +100,7 @@ std::size_t ExponentLength(std::string_view text) {
   return end > digits ? end : 0;
 }
 
-// A number that begins with a digit and has commas or an exponent: what counts is copied first.
+// Parses a number that begins with a digit and has commas or an exponent. Copies it first, without the commas.
 double ReadUncommon(std::string_view text, Commas commas) {
   const auto isPart = [commas](char c) { return IsDigit(c) || c == '.' || (c == ',' && commas == Commas::Skip); };
   const auto extent = static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isPart) - text.begin());

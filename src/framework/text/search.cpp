@@ -9,8 +9,8 @@
 namespace sumlet {
 namespace {
 
-// The only letters of ASCII that a character outside ASCII folds to are s and k (long s and the Kelvin sign). A text
-// without them is found by comparing bytes, whatever stands around it.
+// Of the ASCII letters only s and k are the fold of a character outside ASCII (long s and the Kelvin sign). For a text
+// without them, comparing bytes is enough.
 constexpr bool HasTwinOutsideAscii(char c) { return FoldAscii(c) == 's' || FoldAscii(c) == 'k'; }
 
 constexpr char UpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c; }
@@ -44,7 +44,7 @@ Match FindBytes(std::string_view source, std::string_view find, std::size_t from
   return {};
 }
 
-// Whether the folded text stands at `begin`; sets `end` behind it.
+// Whether the folded text is at `begin`. Sets `end` to the offset after it.
 bool MatchesAt(std::string_view source, std::size_t begin, const std::u32string& folded, std::size_t& end) {
   end = begin;
   for (const char32_t code : folded) {
@@ -75,7 +75,7 @@ Match FindCharacters(std::string_view source, std::string_view find, std::size_t
   return {};
 }
 
-// For every length of a beginning of `text`: the length of the longest shorter one that it also ends with.
+// For each prefix of `text`: the length of its longest proper prefix that is also its suffix.
 std::vector<std::size_t> Borders(const std::u32string& text) {
   std::vector<std::size_t> borders(text.size() + 1, 0);
   for (std::size_t i = 1, length = 0; i < text.size(); ++i) {
@@ -86,13 +86,13 @@ std::vector<std::size_t> Borders(const std::u32string& text) {
   return borders;
 }
 
-// Knuth, Morris and Pratt's search: looks at every character once. The searches above begin anew at every hit of the
-// first character, which for a long text of a hostile file takes the product of both lengths.
+// The search of Knuth, Morris and Pratt, in linear time. The searches above restart at each match of the first
+// character, which for a crafted file takes the product of both lengths.
 Match FindLong(std::string_view source, std::string_view find, std::size_t from) {
-  if ((source.size() - from) * 4 < find.size()) return {};  // a character has four bytes at most
+  if ((source.size() - from) * 4 < find.size()) return {};  // a character has at most four bytes
   const std::u32string folded = Folded(find);
   const std::vector<std::size_t> borders = Borders(folded);
-  std::vector<std::size_t> begins(folded.size());  // of as many characters, the latest ones, as a hit has
+  std::vector<std::size_t> begins(folded.size());  // of the latest characters, as many as a match has
   std::size_t matched = 0;
   for (std::size_t at = from, count = 0; at < source.size(); ++count) {
     const Utf8Character character = CharacterAt(source, at);

@@ -1,8 +1,8 @@
-// Text services: the vocabulary in which all logic is written.
+// Text functions, the vocabulary of the program's logic.
 //
 // A String is UTF-8, or plain bytes. Positions are 1-based and count characters; a result of 0 means "not found".
 // Searches and comparisons ignore case (FoldCase in utf8.h); operator== on String compares bytes. No function fails:
-// a position or count out of range is cut to what is there.
+// positions and counts out of range are limited to the text.
 #pragma once
 
 #include <cstdint>
@@ -23,24 +23,24 @@ using Int32 = std::int32_t;
 [[nodiscard]] String Left(std::string_view s, Int32 n);
 [[nodiscard]] String Right(std::string_view s, Int32 n);
 
-// From `start` to the end, or at most `length` characters. Empty when `start` lies below 1 or behind the end, and
-// for length <= 0.
+// The characters from `start` to the end, or at most `length` of them. Empty if `start` is out of range or length <= 0.
 [[nodiscard]] String Mid(std::string_view s, Int32 start);
 [[nodiscard]] String Mid(std::string_view s, Int32 start, Int32 length);
 
-// Position of the first `find` at or behind `start`, or 0. A start below 1 searches from the beginning. The empty
-// `find` is found at the place where the search begins, if that lies inside `source` or directly behind it.
+// Position of the first `find` at or after `start`, or 0. A start below 1 counts as 1. An empty `find` is found at the
+// start, if that is inside `source` or directly after it.
 [[nodiscard]] Int32 InStr(std::string_view source, std::string_view find);
 [[nodiscard]] Int32 InStr(Int32 start, std::string_view source, std::string_view find);
 
-// The first or every occurrence of `old` replaced, in one pass from left to right: what has been put in is not looked
-// at again. An empty `old` replaces nothing.
+// Replaces the first or every occurrence of `old`, in one pass from left to right that does not search the inserted
+// text. An empty `old` replaces nothing.
 [[nodiscard]] String Replace(std::string_view s, std::string_view old, std::string_view replacement);
 [[nodiscard]] String ReplaceAll(std::string_view s, std::string_view old, std::string_view replacement);
 
-// Fields are what `separator` divides `s` into. The empty text has 0 fields; an empty separator divides nothing.
+// Fields are the pieces into which `separator` divides `s`. The empty text has 0 fields. An empty separator does not
+// divide.
 [[nodiscard]] Int32 CountFields(std::string_view s, std::string_view separator);
-// Field number `n`, counted from 1; empty when there is no such field.
+// Field `n`, 1-based; empty if there is no such field.
 [[nodiscard]] String NthField(std::string_view s, std::string_view separator, Int32 n);
 [[nodiscard]] Array<String> Split(std::string_view s, std::string_view delimiter);
 [[nodiscard]] String Join(const Array<String>& list, std::string_view delimiter);
@@ -48,18 +48,18 @@ using Int32 = std::int32_t;
 // White space is space, tab, carriage return and line feed.
 [[nodiscard]] constexpr bool IsWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 [[nodiscard]] String Trim(std::string_view s);
-// The same as a part of `s`, for callers that need no copy.
+// The same as a view of `s`, without a copy.
 [[nodiscard]] std::string_view Trimmed(std::string_view s);
 
 [[nodiscard]] String Lowercase(std::string_view s);
 
-// Every CR LF pair, lone CR and lone LF becomes `lineEnding`. EndOfLine is the ending that all logic uses.
+// Replaces every CR LF, CR and LF by `lineEnding`. The program's logic uses EndOfLine.
 inline constexpr std::string_view EndOfLine = "\n";
 [[nodiscard]] String ReplaceLineEndings(std::string_view s, std::string_view lineEnding);
 
-// The lines of a text one after the other, without their endings: Next sets `line`, a part of the text, and says
-// whether there was one. They are those of Split(ReplaceLineEndings(text, EndOfLine), EndOfLine) without building the
-// list: none for the empty text, and an empty last one behind a closing line ending.
+// Iterates over the lines of a text, without their line endings: Next sets `line` to a view of the text and returns
+// whether there was another line. The lines equal Split(ReplaceLineEndings(text, EndOfLine), EndOfLine): none for the
+// empty text, and an empty last one after a final line ending.
 class LineReader {
  public:
   explicit LineReader(std::string_view text) : rest_(text), more_(!text.empty()) {}
@@ -70,17 +70,17 @@ class LineReader {
   bool more_;
 };
 
-// Code of the first character, 0 for the empty text; an invalid byte gives its own value.
+// Code of the first character; 0 for the empty text, and the byte's value for an invalid byte.
 [[nodiscard]] Int32 Asc(std::string_view s);
-// The character of code `n`; U+FFFD when `n` is no code point.
+// The character with code `n`; U+FFFD if `n` is no code point.
 [[nodiscard]] String Chr(Int32 n);
 
-// Comparison that ignores case. CompareText orders by folded code points and gives -1, 0 or 1; the empty text is the
-// smallest.
+// Compares without regard to case. CompareText orders by folded code points and returns -1, 0 or 1; the empty text is
+// the smallest.
 [[nodiscard]] bool SameText(std::string_view a, std::string_view b);
 [[nodiscard]] int CompareText(std::string_view a, std::string_view b);
 
-// The lowest 0-based index of an element that is the same text as `value`, or -1.
+// The lowest 0-based index of an element that SameText finds equal to `value`, or -1.
 [[nodiscard]] Int32 IndexOf(const Array<String>& list, std::string_view value);
 
 }  // namespace sumlet

@@ -11,7 +11,7 @@ using Byte = unsigned char;
 
 constexpr bool IsContinuation(Byte b) { return (b & 0xC0) == 0x80; }
 
-// Length that the first byte of a sequence announces; 0 for a byte that begins none.
+// The length of the sequence according to its first byte; 0 for a byte that cannot be first.
 constexpr std::size_t AnnouncedLength(Byte lead) {
   if (lead < 0x80) return 1;
   if (lead >= 0xC2 && lead <= 0xDF) return 2;
@@ -20,7 +20,7 @@ constexpr std::size_t AnnouncedLength(Byte lead) {
   return 0;
 }
 
-// Overlong forms, surrogates and codes past the last one are no characters (RFC 3629, section 4).
+// Rejects overlong forms, surrogates and codes beyond the last code point (RFC 3629, section 4).
 constexpr bool IsAllowed(char32_t code, std::size_t length) {
   if (length == 3) return code >= 0x800 && (code < 0xD800 || code > 0xDFFF);
   if (length == 4) return code >= 0x10000 && code <= 0x10FFFF;
@@ -44,8 +44,8 @@ Utf8Character CharacterAt(std::string_view text, std::size_t offset) {
   return IsAllowed(code, length) ? Utf8Character{code, length} : invalid;
 }
 
-// A continuation byte belongs to the nearest lead byte before it, and only if the sequence from there reaches it; so a
-// walk backward finds the same characters as one forward.
+// A continuation byte belongs to the nearest lead byte before it, but only if that sequence includes it. So iterating
+// backwards finds the same characters as iterating forwards.
 std::size_t LastCharacterLength(std::string_view text) {
   if (text.empty()) return 0;
   std::size_t length = 1;

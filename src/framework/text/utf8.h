@@ -1,7 +1,7 @@
-// Characters inside UTF-8 text, and the case folding that all text comparison rests on.
+// Access to the characters of UTF-8 text, and the case folding of all text comparisons.
 //
-// Text may hold any bytes. A byte that belongs to no valid UTF-8 sequence counts as one character of its own and
-// equals only itself, so that no input can make these functions fail or read past the end.
+// Text may contain any bytes. A byte outside valid UTF-8 counts as a character of its own and equals only itself, so
+// these functions work for any input.
 #pragma once
 
 #include <cstddef>
@@ -12,13 +12,13 @@ namespace sumlet {
 
 struct Utf8Character {
   char32_t code;       // the code point; for an invalid byte, invalidByteBase plus the byte
-  std::size_t length;  // bytes taken, 1 to 4
+  std::size_t length;  // in bytes, 1 to 4
 };
 
-// Lies above the last code point, so that an invalid byte never equals a character.
+// Above the last code point, so that an invalid byte never equals a character.
 inline constexpr char32_t invalidByteBase = 0x110000;
 
-// The character that begins at byte `offset`, which must lie inside `text`.
+// The character at byte `offset`, which must be inside `text`.
 [[nodiscard]] Utf8Character CharacterAt(std::string_view text, std::size_t offset);
 
 // The number of bytes of the last character of `text`; 0 for the empty text.
@@ -27,9 +27,8 @@ inline constexpr char32_t invalidByteBase = 0x110000;
 // The byte offset of the character with the 0-based number `index`, or text.size() when there are fewer.
 [[nodiscard]] std::size_t ByteOffset(std::string_view text, std::size_t index);
 
-// One code point to one code point: Unicode's simple case folding (CaseFolding.txt, status C and S). A code point
-// whose folding has several code points takes its simple lower case instead, unless that is a letter of ASCII: the
-// dotted capital I is not the letter i.
+// Unicode's simple case folding of one code point (CaseFolding.txt, status C and S). A code point whose full folding
+// has several code points maps to its simple lower case, unless that is an ASCII letter: the dotted capital I is not i.
 [[nodiscard]] char32_t FoldCase(char32_t code);
 
 // Unicode's simple lower case of one code point.
@@ -38,7 +37,7 @@ inline constexpr char32_t invalidByteBase = 0x110000;
 // `text` with every character folded. Two texts that differ only in case fold to the same bytes.
 [[nodiscard]] std::string FoldCase(std::string_view text);
 
-// Appends the UTF-8 form of `code`; a code from CharacterAt goes back to the bytes that it came from.
+// Appends `code` in UTF-8. For a code from CharacterAt, appends the original bytes.
 void AppendCharacter(std::string& text, char32_t code);
 
 [[nodiscard]] constexpr bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }

@@ -34,13 +34,13 @@ std::size_t SkipDigits(std::string_view s, std::size_t at) {
   return at;
 }
 
-// Spaces alone, as Val skips them: in front of a tab there is no number.
+// Skips spaces but not tabs, as Val does.
 std::string_view WithoutSpaces(std::string_view s) {
   s.remove_prefix(std::min(s.find_first_not_of(' '), s.size()));
   return s.substr(0, s.find_last_not_of(' ') + 1);
 }
 
-// Where the number that `s` begins with ends; 0 when there is none.
+// The end of the number that `s` begins with; 0 if there is none.
 std::size_t NumberEnd(std::string_view s) {
   const std::size_t begin = !s.empty() && (s[0] == '-' || s[0] == '+') ? 1 : 0;
   const std::size_t whole = SkipDigits(s, begin);
@@ -153,12 +153,12 @@ void Dictionary::AddToIndex(Int32 place) {
   }
 }
 
-// A double is told by all of its digits, which its text does not show. Both zeros are one key.
+// The key of a double has all its digits, which its text may not show. +0 and -0 are the same key.
 String Dictionary::IndexKey(const Variant& key) {
   const String type = Str(static_cast<Int32>(VarType(key))) + ":";
   const double* number = std::get_if<double>(&key.Get());
   if (number == nullptr) return type + FoldCase(VariantToString(key));
-  std::array<char, 32> digits;  // the shortest digits that read back the same are 24 characters at most
+  std::array<char, 32> digits;  // the shortest exact representation has at most 24 characters
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), *number + 0.0).ptr;
   return type + String(digits.data(), end);
 }

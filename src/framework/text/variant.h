@@ -1,4 +1,4 @@
-// Variant: one value that remembers its type, and Dictionary, a map from Variant to Variant.
+// Variant: a value with its type; and Dictionary, a map from Variant to Variant.
 #pragma once
 
 #include <memory>
@@ -15,7 +15,7 @@ namespace sumlet {
 class Variant {
  public:
   Variant() = default;
-  // Implicit for literals and text, which have but one meaning.
+  // Implicit for literals and text, because their type is clear.
   Variant(String value) : value_(std::move(value)) {}
   Variant(const char* value) : value_(String(value)) {}
 
@@ -36,37 +36,37 @@ enum class VariantType : Int32 { Nothing = 0, Integer = 3, Double = 5, Text = 8,
 [[nodiscard]] Variant DoubleToVariant(double value);
 [[nodiscard]] Variant ColorToVariant(Color value);
 
-// The text itself; a number in its Str form; "True" or "False"; a colour as "&h" and six hexadecimal digits in the
-// order red, green, blue; empty for nothing.
+// A text itself; a number as by Str; "True" or "False"; a colour as "&h" and six hexadecimal digits in the order red,
+// green, blue; empty for nil.
 [[nodiscard]] String VariantToString(const Variant& v);
-// A number cut toward zero, a text by Val; 0 for nothing. A Boolean counts as 1 or 0, a colour as its 24 bits.
+// A number truncated toward zero; a text as by Val; 1 or 0 for a Boolean; the 24 bits of a colour; 0 for nil.
 [[nodiscard]] Int32 VariantToInt32(const Variant& v);
 [[nodiscard]] double VariantToDouble(const Variant& v);
-// A number or colour is True when it is not 0, a text when it is "true" in any case or a number, as told by IsNumeric,
-// other than 0; False for nothing.
+// True for a nonzero number or colour, and for a text that is "true" in any case or a nonzero number according to
+// IsNumeric. False for nil.
 [[nodiscard]] bool VariantToBoolean(const Variant& v);
 [[nodiscard]] Variant VariantNot(const Variant& v);
-// Whether the value is a number, or a text that is a number from end to end, spaces around it aside.
+// Whether the value is a number, or a text that is a number and nothing else except spaces around it.
 [[nodiscard]] bool IsNumeric(const Variant& v);
 [[nodiscard]] VariantType VarType(const Variant& v);
 
-// Keys keep the order of their insertion and the spelling they were first given. Text keys that differ only in case are
-// one key; keys of different types are different keys.
+// Keeps keys in insertion order, with the spelling of the first insertion. Text keys that differ only in case are
+// equal; keys of different types are not.
 class Dictionary {
  public:
   void Clear();
   [[nodiscard]] bool HasKey(const Variant& key) const;
-  // 0-based; a Fault for an index out of range.
+  // 0-based; throws a Fault for an index out of range.
   [[nodiscard]] const Variant& Key(Int32 index) const { return keys_[index]; }
   [[nodiscard]] const Array<Variant>& Keys() const { return keys_; }
   [[nodiscard]] Variant Lookup(const Variant& key, const Variant& fallback) const;
-  // An absent key is left alone.
+  // Does nothing for an absent key.
   void Remove(const Variant& key);
-  // A Fault for an absent key.
+  // Throws a Fault for an absent key.
   [[nodiscard]] const Variant& Value(const Variant& key) const;
-  // Gives the 0-based index of the entry.
+  // Returns the 0-based index of the entry.
   Int32 SetValue(const Variant& key, Variant value);
-  // A Fault for an index out of range.
+  // Throws a Fault for an index out of range.
   void SetValueAt(Int32 index, Variant value) { values_[index] = std::move(value); }
   [[nodiscard]] const Array<Variant>& Values() const { return values_; }
   [[nodiscard]] Int32 Count() const { return keys_.Ubound() + 1; }
@@ -78,8 +78,8 @@ class Dictionary {
 
   Array<Variant> keys_;
   Array<Variant> values_;
-  // Folded key with its type to its place in the arrays. A few entries are found without it: property lists are made of
-  // thousands of small dictionaries.
+  // Maps a folded key and its type to a position in the arrays. Empty for small dictionaries, of which property lists
+  // have thousands; a linear search is enough there.
   std::unique_ptr<std::unordered_map<String, Int32>> index_;
 };
 
