@@ -27,6 +27,11 @@ const std::map<String, std::vector<const char*>, std::less<>> grammar = {
       "--{blank}{operand}", "max({expression})", "({expression}", "sin({expression},{expression})",
       "mod({expression},2)", "foo({expression})", "{token}{token}"}},
     {"operand", {"{number}", "{number}", "{name}", "-{operand}", "({expression})", "( {expression} )", "{call}"}},
+    {"sums", {"{values}{sum}", "{values}x={sum}\n{sum}", "{values}{name}={sum}\ny={sum}\n{sum}"}},
+    {"sum", {"{term}{operator}{term}", "{term}{operator}{sum}", "{sum}{operator}{term}", "{term}"}},
+    {"term",
+     {"{number}", "{number}", "{name}", "-{term}", "({sum})", "( {sum} )", "{function}({sum})",
+      "{function of two}({sum}, {sum})"}},
     {"call", {"{function}({expression})", "{function of two}({expression},{expression})"}},
     {"function", {"sin", "Sqrt", "abs", "floor", "round", "exp", "log", "\u017Fin", "atan"}},
     {"function of two", {"max", "MIN", "pow", "atan2"}},
@@ -44,7 +49,9 @@ const std::map<String, std::vector<const char*>, std::less<>> grammar = {
                "sin(", "dec(", "frac(", "\"", "inf", "é", "\xC3", "😀", "error", "#",  "\v"}},
 };
 
-bool IsNested(std::string_view rule) { return rule == "expression" || rule == "rare expression" || rule == "call"; }
+bool IsNested(std::string_view rule) {
+  return rule == "expression" || rule == "rare expression" || rule == "call" || rule == "sum";
+}
 
 String Expanded(const Choose& choose, std::string_view pattern, std::size_t depth) {
   String text;
@@ -78,5 +85,7 @@ String RandomEquation(const Choose& choose) {
   for (std::size_t changes = 1 + choose(3); changes > 0; --changes) Change(text, choose);
   return text;
 }
+
+String RandomArithmetic(const Choose& choose) { return Expanded(choose, "{sums}", 1 + choose(5)); }
 
 }  // namespace sumlet

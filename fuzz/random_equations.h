@@ -14,4 +14,7 @@ using Choose = std::function<std::size_t(std::size_t limit)>;
 // A few lines of the language, most of which have a value, or a worked example with a few characters changed.
 [[nodiscard]] String RandomEquation(const Choose& choose);
 
+// A few lines of plain arithmetic: numbers, variables, operators, parentheses and functions.
+[[nodiscard]] String RandomArithmetic(const Choose& choose);
+
 }  // namespace sumlet

@@ -7,16 +7,18 @@
 namespace sumlet {
 namespace {
 
-// An input that begins with this byte chooses the words of a grammar; any other is an equation as it stands.
+// An input that begins with one of these bytes chooses the words of a grammar. Any other input is an equation itself.
 constexpr char choosesWords = '\x01';
+constexpr char choosesArithmetic = '\x02';
 
 String EquationOf(std::string_view input) {
-  if (input.front() != choosesWords) return String(input);
+  const bool isArithmetic = input.front() == choosesArithmetic;
+  if (input.front() != choosesWords && !isArithmetic) return String(input);
   std::size_t at = 1;
   const Choose choose = [&](std::size_t limit) {
     return at < input.size() ? static_cast<unsigned char>(input[at++]) % limit : 0;
   };
-  return RandomEquation(choose);
+  return isArithmetic ? RandomArithmetic(choose) : RandomEquation(choose);
 }
 
 String Described(const Outcome& run) {
