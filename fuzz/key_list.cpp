@@ -98,9 +98,9 @@ void CheckLookUps(KeyList& list, Input& choices) {
     } else {
       list.RemoveItem(key);
       std::erase_if(plain, hasKey);
+      Check(ItemsOf(list) == plain, "the items left are those of a plain list");
     }
   }
-  Check(ItemsOf(list) == plain, "the items left are those of a plain list");
   for (const auto& [key, value] : plain) Check(list.HasItem(key), "a key that is listed is there");
 }
 
