@@ -83,13 +83,13 @@ done
 rm "$settings"
 older="$virtualFolder/home/.config/com.fernhill.sumlet.plist"
 mkdir -p "$virtualFolder/home/.config"
-cp "$folder/../plist/data/settings.bplist" "$older"
+cp "$folder/settings.bplist" "$older"
 start_window "$1"
 expect_text '6*7'
 quit TERM
 expect_stored 'Three &amp; a half: price=19.99' 'price*3' 'Hypotenuse: hyp(3;4)' \
   '100 80 365 234 6*7' '420 300 300 200 x=5' 'x/2'
-cmp "$folder/../plist/data/settings.bplist" "$older" || give_up "the older settings file has been written"
+cmp "$folder/settings.bplist" "$older" || give_up "the older settings file has been written"
 
 # A damaged file: the alert that stands does not hold up quitting, and nothing is saved over what could not be read.
 printf 'X' >"$settings"
