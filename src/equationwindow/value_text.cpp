@@ -52,7 +52,7 @@ String TextWithValues(std::string_view text, const LineValues& values, Int32 fir
     if (number != first) copied += '\n';
     copied += line;
     if (const std::string_view value = values.ValueOf(number++); !value.empty()) {
-      copied.append(static_cast<std::size_t>(std::max(column - Len(line), 0) + 2), ' ');
+      copied.append(static_cast<std::size_t>(std::max(column - Len(line), 0)) + 2, ' ');
       copied.append("→ ").append(value);
     }
   }
