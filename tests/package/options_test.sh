@@ -4,7 +4,7 @@ set -euo pipefail
 
 build=$1/options
 log=$1/options.log
-cmake -S "$(dirname "${BASH_SOURCE[0]}")/../.." -B "$build" --fresh -DSUMLET_MAKER_SITE=https://www.maker.test \
+cmake -G Ninja -S "$(dirname "${BASH_SOURCE[0]}")/../.." -B "$build" --fresh -DSUMLET_MAKER_SITE=https://www.maker.test \
   -DSUMLET_BUG_TRACKER=https://maker.test/faults -DSUMLET_SOURCE_SITE=https://maker.test/source >"$log" || {
   cat "$log"
   exit 1
