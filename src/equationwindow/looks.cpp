@@ -51,7 +51,10 @@ void winSumlet::ShowLineValues(bool shown) {
   valueDisplay_.reset();
   if (!shown) return;
   valueDisplay_ = std::make_unique<ValueDisplay>(*textInput_, commentColor);
-  valueDisplay_->Clicked = [this](Int32 line) { CopyValue(line, valueDisplay_->Values().ValueOf(line)); };
+  valueDisplay_->Clicked = [this](Int32 line) {
+    CalculateIfDue();
+    CopyValue(line, valueDisplay_->Values().ValueOf(line));
+  };
   Calculate();
 }
 

@@ -26,6 +26,11 @@ QString ToolTipOf(std::string_view value) {
   return text;
 }
 
+// A tool tip stays open while the user types; its value may be out of date then.
+void HideToolTip(const QWidget& viewport) {
+  if (QToolTip::isVisible() && viewport.underMouse()) QToolTip::hideText();
+}
+
 }  // namespace
 
 ValueDisplay::ValueDisplay(TextArea& area, const QColor& color)
@@ -35,6 +40,7 @@ ValueDisplay::ValueDisplay(TextArea& area, const QColor& color)
   connect(area.document(), &QTextDocument::contentsChange, this, [this](int position, int /*removed*/, int added) {
     values_.Follow(*area_->document(), position, added);
     flashing_ = -1;
+    HideToolTip(*area_->viewport());
     area_->viewport()->update();
   });
   tmrFlash_.SetPeriod(flashPeriod);
@@ -53,6 +59,7 @@ ValueDisplay::~ValueDisplay() {
 
 void ValueDisplay::SetValues(LineValues values) {
   values_ = std::move(values);
+  HideToolTip(*area_->viewport());
   area_->viewport()->update();
 }
 
