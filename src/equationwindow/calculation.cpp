@@ -7,7 +7,7 @@
 namespace sumlet {
 namespace {
 
-// What is told of a result to a screen reader: more than anybody listens to, and no megabytes over the session bus.
+// Maximum length of the accessible description, so that a long result does not flood the session bus.
 constexpr Int32 spokenLength = 1000;  // characters
 
 }  // namespace
@@ -47,8 +47,8 @@ void winSumlet::ShowResult() {
   ArrangeControls();
 }
 
-// The focus stays in the equation, so a screen reader would not look at the strip: the result is also the description
-// of the equation, whose change it tells. A result that comes out the same again is no change.
+// Sets the accessible description of the equation, because the focus stays there and a screen reader would not read the
+// strip. Qt notifies it only if the description changes.
 void winSumlet::Announce(std::string_view text) {
   textInput().setAccessibleDescription(ToQString(sumlet::Left(text, spokenLength)));
 }

@@ -41,7 +41,7 @@ class LineValues {
   void Take(Int32 line, std::string_view value);
 
   std::vector<Line> lines_;
-  String values_;  // one behind the other
+  String values_;  // concatenated
 };
 
 }  // namespace sumlet

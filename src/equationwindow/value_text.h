@@ -32,8 +32,8 @@ struct PlacedValue {
                                      const std::function<double(QChar)>& widthOf);
 
 // The lines of `text` from `first` to `last`, 0-based and both included, each with its value behind an arrow. The
-// arrows form a column behind the longest line with a value; lines of more than 80 characters stick out of it. A line
-// end stands between two lines, and none behind the last.
+// arrows form a column after the longest line with a value. Lines of more than 80 characters do not count for it. LF
+// separates the lines; the last one has no line ending.
 [[nodiscard]] String TextWithValues(std::string_view text, const LineValues& values, Int32 first, Int32 last);
 
 }  // namespace sumlet

@@ -61,8 +61,8 @@ class TextArea : public QPlainTextEdit {
     qreal baseline;
     bool isLeftOfText;  // where the text is at the right edge
   };
-  // Of the lines that are in sight between two heights of the viewport, from the top down. Leaves out a line in which
-  // an input method composes.
+  // Returns the rooms of the visible lines between two heights of the viewport, from top to bottom. Omits a line in
+  // which an input method composes.
   [[nodiscard]] std::vector<FreeRoom> RoomsBesideLines(int top, int bottom) const;
 
   // Colours line i in colours[i]; an invalid colour, or none, is black. No change of the text, and what is typed into a
