@@ -36,9 +36,8 @@ expect_text '"foo" Error: Variable Unknown'
 
 # Pasted text comes back byte for byte: no-break space, characters of one to four bytes, an empty line at the end.
 text=$'// 1\u00A0000 € 𝜋 😀\n\n6*7\n'
-printf %s "$text" | put_clipboard
-press shift+Tab ctrl+a ctrl+v
-expect_text "$text"
+press shift+Tab
+paste_text "$text"
 press Tab
 expect_text 42
 press shift+Tab ctrl+z

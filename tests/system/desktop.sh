@@ -28,6 +28,18 @@ title() { xdotool getactivewindow getwindowname; }
 title_is() { title | grep -qx "$1"; }
 expect_title() { wait_for 15 title_is "$1" || give_up "expected '$1' in front, but it is '$(title)'"; }
 
+# paste_text TEXT: replaces what the area that has the focus holds. The toolkit waits only a second for the clipboard's
+# owner, which a busy machine can exceed: then nothing is pasted, and it is tried again.
+paste_text() {
+  local attempt
+  for attempt in 1 2 3; do
+    printf %s "$1" | put_clipboard
+    press ctrl+a ctrl+v
+    if wait_for 5 area_reads "$1"; then return; fi
+  done
+  give_up "pasted '$1', but the area reads '$(get_clipboard)'"
+}
+
 # quit SIGNAL: the program ends with status 0
 quit() {
   local status=0

@@ -66,9 +66,8 @@ type_keys 6*7
 press Tab
 expect_text 42
 text=$'// 1\u00A0000 € 😀\n\nx=6*8\n'
-printf %s "$text" | put_clipboard
-press shift+Tab ctrl+a ctrl+v
-expect_text "$text"
+press shift+Tab
+paste_text "$text"
 press Tab
 expect_text 48
 
