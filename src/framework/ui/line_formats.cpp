@@ -137,7 +137,8 @@ void LineFormats::Follow(int position, int removed, int added) {
   if (isComposing_) return;
   if (removed > 0 || added > 0) FollowColor(position, removed, added);
   const QTextBlock first = document_->findBlock(position);
-  for (QTextBlock block = first; block.isValid() && block.position() <= position + added; block = block.next())
+  const QTextBlock end = document_->findBlock(position + added).next();
+  for (QTextBlock block = first; block.isValid() && block != end; block = block.next())
     if (block == first || TextLength(block) > 0) Write(block);  // a new empty line needs no layout yet
 }
 
@@ -151,7 +152,8 @@ void LineFormats::FollowColor(int position, int removed, int added) {
   if (length == 0 || within > length || IsAppended(position, removed, added)) return;
   const bool isOneLine = block.contains(position + added) && TextLength(block) == length + added - removed;
   SetColor(block, color, isOneLine ? TextLength(block) : std::min(TextLength(block), within + added));
-  for (block = block.next(); block.isValid() && block.position() <= position + added; block = block.next())
+  const QTextBlock end = document_->findBlock(position + added).next();
+  for (block = block.next(); block.isValid() && block != end; block = block.next())
     SetColor(block, color, TextLength(block));
 }
 

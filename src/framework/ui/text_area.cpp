@@ -311,8 +311,8 @@ bool TextArea::WrapsAnywhere(QStringView text) const { return HasLongLine(text) 
 // Runs before the changed text is laid out.
 void TextArea::WrapAnywhereIfLong(int position, int added) {
   if (wordWrapMode() == QTextOption::WrapAnywhere) return;
-  for (QTextBlock block = document()->findBlock(position); block.isValid() && block.position() <= position + added;
-       block = block.next()) {
+  const QTextBlock end = document()->findBlock(position + added).next();
+  for (QTextBlock block = document()->findBlock(position); block.isValid() && block != end; block = block.next()) {
     if (!IsLong(block)) continue;
     setWordWrapMode(QTextOption::WrapAnywhere);
     return;
