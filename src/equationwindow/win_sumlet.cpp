@@ -1,8 +1,25 @@
+// An equation window: from typing to the result, the looks of its text, and how it is stored and restored. A text
+// change arms a timer, the timer calculates. The equation is always evaluated whole.
 #include "equationwindow/win_sumlet.h"
 
+#include <QEvent>
+
+#include "engine/result_text.h"
+#include "equationwindow/area_layout.h"
+#include "equationwindow/closed_equations.h"
+#include "equationwindow/line_colors.h"
+#include "framework/text/bytes.h"
+#include "framework/text/variant.h"
+#include "framework/ui/qt_text.h"
 #include "persistence/preferences.h"
 
 namespace sumlet {
+namespace {
+
+// Maximum length of the accessible description, so that a long result does not flood the session bus.
+constexpr Int32 spokenLength = 1000;  // characters
+
+}  // namespace
 
 std::function<void()> winSumlet::ScheduleSave;
 std::function<void(Int32 steps)> winSumlet::StepTextSize;
@@ -47,5 +64,168 @@ void winSumlet::Event_Open() {
 }
 
 void winSumlet::Event_Resized() { ArrangeControls(); }
+
+// Arming the armed timer restarts it: a burst of key strokes gives one calculation, 250 ms after the last of them.
+void winSumlet::textInput_TextChange(TextArea& /*sender*/) {
+  if (Loading) return;
+  tmrCalculate_.SetPeriod(250);
+  tmrCalculate_.SetMode(TimerMode::Single);
+  if (Preferences::RememberEquations && ScheduleSave) ScheduleSave();
+}
+
+void winSumlet::tmrCalculate_Action(Timer& /*sender*/) { Calculate(); }
+
+void winSumlet::SetEquation(std::string_view name, std::string_view text) {
+  Loading = true;
+  FromTemplate = name;
+  textInput().SetText(text);
+  Loading = false;
+  Calculate();
+}
+
+void winSumlet::Calculate() {
+  math->equationText = textInput().Text();
+  if (valueDisplay_ == nullptr)
+    math->Evaluate();
+  else
+    valueDisplay_->SetValues(LineValues(*math));
+  ShowResult();
+}
+
+void winSumlet::ShowResult() {
+  const String result = ShownResult(*math, math->Result);
+  textOutput().SetText(result);
+  Announce(result);
+  SyntaxColoring();
+  ArrangeControls();
+}
+
+// Sets the accessible description of the equation, because the focus stays there and a screen reader would not read the
+// strip. Qt notifies it only if the description changes.
+void winSumlet::Announce(std::string_view text) {
+  textInput().setAccessibleDescription(ToQString(sumlet::Left(text, spokenLength)));
+}
+
+// A command that follows the last key at once is about the text that the user sees, not about the result of before.
+void winSumlet::CalculateIfDue() {
+  if (IsCalculationDue()) Calculate();
+}
+
+void winSumlet::ApplyTextSize(Int32 size) {
+  TextSize = size;
+  textInput_->SetTextSize(size);
+  textOutput_->SetTextSize(size);
+  ArrangeControls();
+}
+
+// The window's text size goes with the colours: a restored window has got its own without ApplyTextSize.
+void winSumlet::SyntaxColoring() {
+  const String text = textInput_->Text();
+  if (text.empty()) return;
+  std::optional<Int32> errorLine;
+  if (math->ResultIsError()) errorLine = math->LastLineEvaluated;
+  textInput_->SetTextSize(TextSize);
+  textInput_->SetLineColors(LineColors(text, errorLine));
+}
+
+void winSumlet::ShowLineValues(bool shown) {
+  if (shown == (valueDisplay_ != nullptr)) return;
+  valueDisplay_.reset();
+  if (!shown) return;
+  valueDisplay_ = std::make_unique<ValueDisplay>(*textInput_, CommentColor);
+  valueDisplay_->Clicked = [this](Int32 line) {
+    CalculateIfDue();
+    CopyValue(line, valueDisplay_->Values().ValueOf(line));
+  };
+  Calculate();
+}
+
+void winSumlet::ArrangeControls() {
+  textOutput_->SetScrollbarVertical(false);  // a bar, while it stands, takes room from the lines that are counted
+  const Int32 lines = textOutput_->LineNumAtCharPos(Len(textOutput_->Text()));
+  const AreaLayout layout = LayOutAreas(Height(), textInput_->LineHeight(TextSize), lines);
+  textOutput_->setGeometry(textOutput_->x(), layout.outputTop, textOutput_->width(), layout.outputHeight);
+  textOutput_->SetScrollbarVertical(layout.outputScrolls);
+  textInput_->setGeometry(textInput_->x(), layout.inputTop, textInput_->width(), layout.inputHeight);
+}
+
+// The areas have the desktop's font, which may change while the window is open.
+void winSumlet::changeEvent(QEvent* event) {
+  BaseWindow::changeEvent(event);
+  if (event->type() == QEvent::FontChange && textOutput_ != nullptr) ArrangeControls();
+}
+
+// The window manager may have given the window its new size before it told of the new state, so the bounds are not
+// asked of the window now.
+void winSumlet::StoreWindowedBounds() {
+  const QRect bounds = restoredBounds_.value_or(WindowedBounds());
+  NonFullscreenLeft = bounds.x();
+  NonFullscreenTop = bounds.y();
+  NonFullscreenWidth = bounds.width();
+  NonFullscreenHeight = bounds.height();
+}
+
+void winSumlet::Event_FullScreen() { StoreWindowedBounds(); }
+
+// A restored window goes to full screen from the event loop, once it is on the screen. The window manager may be about
+// to frame it then, and its reported place may or may not include the frame. So its bounds are noted ahead of that.
+void winSumlet::delayToggleFullscreen() {
+  restoredBounds_ = WindowedBounds();
+  tmrDelayToggleFullscreen_.SetPeriod(10);
+  tmrDelayToggleFullscreen_.SetMode(TimerMode::Single);
+}
+
+void winSumlet::tmrDelayToggleFullscreen_Action(Timer& /*sender*/) {
+  ToggleFullScreen();
+  restoredBounds_.reset();
+}
+
+// Quitting has saved the session by now, with the window in full screen.
+bool winSumlet::Event_CancelClose(bool appQuitting) {
+  if (!appQuitting) ClosedEquations::Add(*this);
+  if (IsFullScreen()) ToggleFullScreen();
+  return false;
+}
+
+void winSumlet::StoreRecord(KeyList& record) const {
+  record.AddItem("size", Int32ToVariant(TextSize));
+  record.AddItem("name", StringToVariant(FromTemplate));
+  record.AddItem("equation", StringToVariant(EncodeURLComponent(textInput().Text())));
+  const bool full = IsFullScreen();
+  record.AddItem("fullscreen", BooleanToVariant(full));
+  record.AddItem("left", Int32ToVariant(full ? NonFullscreenLeft : Left()));
+  record.AddItem("top", Int32ToVariant(full ? NonFullscreenTop : Top()));
+  record.AddItem("width", Int32ToVariant(full ? NonFullscreenWidth : Width()));
+  record.AddItem("height", Int32ToVariant(full ? NonFullscreenHeight : Height()));
+}
+
+void winSumlet::RestoreFrom(const MyWindowManager::Record& record) {
+  const auto number = [&record](std::string_view key, Int32 fallback) {
+    return VariantToInt32(record.LoadItem(key, Int32ToVariant(fallback)));
+  };
+  const auto text = [&record](std::string_view key) {
+    return VariantToString(record.LoadItem(key, StringToVariant({})));
+  };
+
+  auto* window = new winSumlet(false);
+  window->TextSize = number("size", window->TextSize);
+  window->SetLeft(number("left", 20));
+  window->SetTop(number("top", 20));
+  window->SetWidth(number("width", smallestSize));
+  window->SetHeight(number("height", smallestSize));
+  if (VariantToBoolean(record.LoadItem("fullscreen", BooleanToVariant(false)))) window->delayToggleFullscreen();
+  window->SetEquation(text("name"), DecodeURLComponent(text("equation")));
+  window->Show();
+  window->ArrangeControls();  // the result is wrapped only now that its area has its width
+}
+
+String winSumlet::GetFirstLine() const {
+  const String text = textInput().Text();
+  LineReader lines(text);
+  for (std::string_view line; lines.Next(line);) {
+    if (const std::string_view trimmed = Trimmed(line); !trimmed.empty()) return String(trimmed);
+  }
+  return {};
+}
 
 }  // namespace sumlet
