@@ -4,7 +4,6 @@
 #include <QPainter>
 
 #include "framework/ui/fitting_font.h"
-#include "framework/ui/open_window.h"
 #include "shell/application_icon.h"
 
 namespace sumlet {

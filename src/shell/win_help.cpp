@@ -5,7 +5,6 @@
 #include <QScrollBar>
 
 #include "framework/ui/fitting_font.h"
-#include "framework/ui/open_window.h"
 
 namespace sumlet {
 namespace {

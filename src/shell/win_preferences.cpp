@@ -7,7 +7,6 @@
 #include "equationwindow/win_sumlet.h"
 #include "framework/text/numbers.h"
 #include "framework/ui/fitting_font.h"
-#include "framework/ui/open_window.h"
 #include "framework/ui/qt_text.h"
 #include "persistence/preferences.h"
 

@@ -5,7 +5,6 @@
 
 #include "framework/ui/fitting_font.h"
 #include "framework/ui/menu_bar.h"
-#include "framework/ui/open_window.h"
 #include "persistence/preferences.h"
 
 namespace sumlet {

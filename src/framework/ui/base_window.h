@@ -15,9 +15,18 @@ class BaseWindow : public Window {
   virtual void Minimize() {}
   virtual void Restore() {}
 
-  void Event_Minimize() override;
-  void Event_Restore() override;
-  void Event_Maximize() override;
+  void Event_Minimize() override {
+    Minimized = true;
+    Minimize();
+  }
+  void Event_Restore() override {
+    Minimized = false;
+    Restore();
+  }
+  void Event_Maximize() override {
+    Minimized = false;
+    Maximize();
+  }
 };
 
 }  // namespace sumlet

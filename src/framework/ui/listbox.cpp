@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "framework/ui/dialogs.h"
+#include "framework/ui/desktop.h"
 #include "framework/ui/plain_style.h"
 #include "framework/ui/qt_text.h"
 

@@ -12,6 +12,17 @@ int Next(int previous, int size, int begin, int end) {
   return next <= last ? next : std::min(begin + StaggerStep, last);
 }
 
+struct Span {
+  int start;
+  int length;
+};
+
+Span LockedSpan(Span span, int growth, bool nearEdge, bool farEdge) {
+  if (!farEdge) return span;
+  if (nearEdge) return {span.start, std::max(span.length + growth, 0)};
+  return {span.start + growth, span.length};
+}
+
 }  // namespace
 
 // The corners run diagonally and come back to the first one before the screen is full. Then the next diagonal follows.
@@ -48,6 +59,15 @@ QPoint SheetCorner(const QSize& size, const QRect& parent, const QRect& screen) 
   };
   return {inside(left, size.width(), screen.x(), screen.width()),
           inside(parent.y(), size.height(), screen.y(), screen.height())};
+}
+
+QRect LockedBounds(const QRect& bounds, const QSize& before, const QSize& after, Locks locks) {
+  const QSize growth = after - before;
+  const Span x =
+      LockedSpan({bounds.x(), bounds.width()}, growth.width(), locks.testFlag(Lock::Left), locks.testFlag(Lock::Right));
+  const Span y = LockedSpan({bounds.y(), bounds.height()}, growth.height(), locks.testFlag(Lock::Top),
+                            locks.testFlag(Lock::Bottom));
+  return {x.start, y.start, x.length, y.length};
 }
 
 }  // namespace sumlet

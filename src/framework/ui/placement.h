@@ -1,6 +1,7 @@
-// Placement: where a new window lands.
+// Where a new window lands, and where its controls go when it changes its size.
 #pragma once
 
+#include <QFlags>
 #include <QPoint>
 #include <QRect>
 #include <QSize>
@@ -31,5 +32,15 @@ inline constexpr int StaggerStep = 24;
 // stands at its corner.
 [[nodiscard]] QPoint CentredCorner(const QSize& size, const QRect& screen);
 [[nodiscard]] QPoint SheetCorner(const QSize& size, const QRect& parent, const QRect& screen);
+
+// The edges of its window to which a control keeps its distance when the window changes its size.
+enum class Lock { Left = 1, Top = 2, Right = 4, Bottom = 8 };
+Q_DECLARE_FLAGS(Locks, Lock)
+Q_DECLARE_OPERATORS_FOR_FLAGS(Locks)
+
+// Where a control at `bounds` stands after its window's content went from the size `before` to `after`, in pixels.
+// Locked to two opposite edges it grows and shrinks, never below nothing; locked to the right or bottom edge alone it
+// moves; without either it stays.
+[[nodiscard]] QRect LockedBounds(const QRect& bounds, const QSize& before, const QSize& after, Locks locks);
 
 }  // namespace sumlet

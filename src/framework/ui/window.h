@@ -13,7 +13,6 @@
 #include <vector>
 
 #include "framework/text/text.h"
-#include "framework/ui/control_locks.h"
 #include "framework/ui/placement.h"
 
 class QMenuBar;
@@ -188,6 +187,16 @@ class SingleActivation {
 [[nodiscard]] Int32 WindowCount();
 // An index out of range is a Fault.
 [[nodiscard]] Window& WindowAt(Int32 index);
+
+// The frontmost open window of the class; nullptr when there is none. A window that has closed is not open any more,
+// even if it lives on for a moment.
+template <class WindowClass>
+[[nodiscard]] WindowClass* OpenWindow() {
+  for (Int32 i = 0; i < WindowCount(); ++i)
+    if (auto* open = dynamic_cast<WindowClass*>(&WindowAt(i))) return open;
+  return nullptr;
+}
+
 // `attach` runs for each new window, once its properties are set, and gives it the menus.
 void SetMenuAttacher(std::function<void(Window& window)> attach);
 // `changed` runs when a window has come into the list or gone from it; there it may be half built or half destroyed.

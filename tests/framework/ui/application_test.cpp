@@ -4,7 +4,7 @@
 #include <QTimer>
 
 #include "framework/fault.h"
-#include "framework/ui/dialogs.h"
+#include "framework/ui/desktop.h"
 #include "framework/ui/qt_text.h"
 #include "framework/ui/window_fixture.h"
 

@@ -1,12 +1,17 @@
-#include "framework/ui/dialogs.h"
+#include "framework/ui/desktop.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QUrl>
 
+#include "framework/clipboard.h"
 #include "framework/message.h"
+#include "framework/show_url.h"
 #include "framework/ui/qt_text.h"
 #include "framework/ui/window.h"
 
@@ -100,6 +105,13 @@ DialogButton ShowQuestion(const MessageDialog& dialog) {
   return answer;
 }
 
+// Strict: the tolerant reading would encode a percent sign that is there by mistake, and open another page.
+void OpenInBrowser(std::string_view address) {
+  const QByteArray bytes(address.data(), static_cast<qsizetype>(address.size()));
+  const QUrl url = QUrl::fromEncoded(bytes, QUrl::StrictMode);
+  if (url.isValid() && !url.isRelative()) QDesktopServices::openUrl(url);
+}
+
 }  // namespace
 
 QString AlertText(std::string_view text) {
@@ -116,6 +128,13 @@ QString AlertText(std::string_view text) {
 void InstallDialogs() {
   SetMessageHandler(ShowMessage);
   SetDialogHandler(ShowQuestion);
+}
+
+void InstallBrowser() { SetURLHandler(OpenInBrowser); }
+
+void InstallClipboard() {
+  SetClipboardHandlers({[] { return QGuiApplication::clipboard()->text().toStdString(); },
+                        [](std::string_view text) { QGuiApplication::clipboard()->setText(ToQString(text)); }});
 }
 
 }  // namespace sumlet
