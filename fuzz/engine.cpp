@@ -1,6 +1,6 @@
 // The line language: any text is evaluated, and all that a run leaves is as the header of MathClass says.
 #include "check.h"
-#include "engine/result_text.h"
+#include "engine/math_class.h"
 #include "plain_rewriting.h"
 
 namespace sumlet {

@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "engine/errors.h"
+#include "engine/language.h"
 #include "engine/math_class_peer.h"
 #include "framework/text/numbers.h"
 

@@ -10,7 +10,7 @@ namespace sumlet {
 [[nodiscard]] double IntegerQuotient(double dividend, double divisor);
 [[nodiscard]] double IntegerRemainder(double dividend, double divisor);
 
-// The unrounded value of the operator `sign`, one of those that characters.h gives a level of precedence.
+// The unrounded value of the operator `sign`, one of those that language.h gives a level of precedence.
 [[nodiscard]] inline double Operate(char sign, double left, double right) {
   switch (sign) {
     case '+':

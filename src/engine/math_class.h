@@ -84,16 +84,16 @@ class MathClass {
     String value;
   };
 
-  // lines.cpp
   [[nodiscard]] bool EvaluateStraight(std::string_view line, String& value);
 
-  // One text to its value or error (reduction.cpp).
+  // One text to its value or error.
   [[nodiscard]] String Reduce(std::string_view expression);
   [[nodiscard]] String Assign(std::string_view expression, std::size_t equalsSign);
   [[nodiscard]] static std::string_view NameError(std::string_view name);
   [[nodiscard]] String Rewrite(RewriteBuffer& text);
   [[nodiscard]] Ending ReduceBars(RewriteBuffer& text);
   [[nodiscard]] String ReduceOperators(RewriteBuffer& text);
+  [[nodiscard]] String Fail(std::string_view error, std::string_view details);
 
   // parentheses.cpp
   [[nodiscard]] Ending ReduceParentheses(RewriteBuffer& text);
@@ -106,11 +106,13 @@ class MathClass {
   // operators.cpp
   [[nodiscard]] static bool LookupNextOp(RewriteBuffer& text, std::size_t& level);
   [[nodiscard]] Ending ApplyOperator(RewriteBuffer& text);
-  [[nodiscard]] String DoOperation(std::string_view left, std::string_view right, std::string_view op);
-  [[nodiscard]] String Fail(std::string_view error, std::string_view details);
 
-  // functions.cpp
+  // arithmetic.cpp
+  [[nodiscard]] static String CleanupNumber(std::string_view text);
+  [[nodiscard]] String DoOperation(std::string_view left, std::string_view right, std::string_view op);
   [[nodiscard]] String DoFunction(std::string_view argument1, std::string_view argument2, std::string_view name);
+  [[nodiscard]] static String DecimalToFraction(double value);
+  [[nodiscard]] static String FractionToDecimal(std::string_view text);
 
   // variables.cpp
   struct Substitution;
@@ -128,16 +130,15 @@ class MathClass {
   void AppendLongValue(Substitution& line, Int32 index);
   [[nodiscard]] static String SubstituteMultiplication(std::string_view text);
 
-  // fractions.cpp
-  [[nodiscard]] static String CleanupNumber(std::string_view text);
-  [[nodiscard]] static String DecimalToFraction(double value);
-  [[nodiscard]] static String FractionToDecimal(std::string_view text);
-
   VariableIndex variables_;  // variable i is element i of varKey and varValue
   StraightLine straightLine_{variables_};
   std::unordered_map<Int32, AbridgedValue> abridgedValues_;  // of long values, made when first wanted
   std::size_t longValueBytes_ = 0;                           // of the long values put in during the run
   Int32 randomIndex_ = -1;                                   // of RND, whose value is never read
 };
+
+// The text that shows `result`, which math.Evaluate() has just given, to people: the result itself or, for an error
+// that speaks of something, the name or operator in double quotation marks, a blank and the error.
+[[nodiscard]] String ShownResult(const MathClass& math, std::string_view result);
 
 }  // namespace sumlet

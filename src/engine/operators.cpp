@@ -2,11 +2,9 @@
 
 #include <array>
 
-#include "engine/arithmetic.h"
-#include "engine/errors.h"
+#include "engine/language.h"
 #include "engine/math_class.h"
 #include "engine/rewrite_buffer.h"
-#include "framework/text/numbers.h"
 
 namespace sumlet {
 namespace {
@@ -43,23 +41,6 @@ std::optional<std::string_view> RightOperand(std::string_view text) {
 
 }  // namespace
 
-double IntegerQuotient(double dividend, double divisor) {
-  const std::int64_t by = ToInt32(divisor);
-  return static_cast<double>(by == 0 ? 0 : ToInt32(dividend) / by);
-}
-
-double IntegerRemainder(double dividend, double divisor) {
-  const std::int64_t by = ToInt32(divisor);
-  const std::int64_t cut = ToInt32(dividend);
-  return static_cast<double>(by == 0 ? cut : cut % by);
-}
-
-String ValueText(double value) {
-  String text = Format(value, "-#.##########");
-  if (text.back() == '.') text.pop_back();
-  return text;
-}
-
 // Moves the cursor in front of the next operator and gives true, or gives false when none is left. `level` is the level
 // of precedence reached, 0 for a new text: as no operator brings in one that binds tighter, none is ever lowered.
 bool MathClass::LookupNextOp(RewriteBuffer& text, std::size_t& level) {
@@ -70,11 +51,6 @@ bool MathClass::LookupNextOp(RewriteBuffer& text, std::size_t& level) {
     text.Rewind();
   }
   return false;
-}
-
-String MathClass::Fail(std::string_view error, std::string_view details) {
-  ResultDetails = details;
-  return String(error);
 }
 
 // The cursor stands in front of the operator.
@@ -93,21 +69,6 @@ MathClass::Ending MathClass::ApplyOperator(RewriteBuffer& text) {
   // A negative value behind other text brings in a minus sign that is the next operator of its level.
   text.StepBackOverValue();
   return {};
-}
-
-String MathClass::DoOperation(std::string_view left, std::string_view right, std::string_view op) {
-  if (ResultIsError(op)) return String(op);
-  const String leftNumber = CleanupNumber(left);
-  const String rightNumber = CleanupNumber(right);
-  if (op.empty()) return rightNumber.empty() ? leftNumber : String(errors::missingOperator);
-  if (op == "-" && rightNumber.empty()) return ValueText(-CDbl(leftNumber));
-  const char sign = op.size() == 1 ? op.front() : SameText(op, "mod") ? '%' : '\0';
-  if (IsIn(sign, operatorSign)) {
-    if (leftNumber.empty() || rightNumber.empty()) return Fail(errors::twoArgumentsRequired, op);
-    return ValueText(Operate(sign, CDbl(leftNumber), CDbl(rightNumber)));
-  }
-  const String answer = DoFunction(leftNumber, rightNumber, op);
-  return Fail(answer != errors::functionUnknown ? errors::oneArgumentFormat : errors::functionUnknown, op);
 }
 
 }  // namespace sumlet

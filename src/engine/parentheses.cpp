@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "engine/errors.h"
-#include "engine/functions.h"
+#include "engine/language.h"
 #include "engine/math_class.h"
 #include "engine/rewrite_buffer.h"
 #include "framework/text/utf8.h"

@@ -16,7 +16,7 @@
 #include <memory>
 #include <string_view>
 
-#include "engine/characters.h"
+#include "engine/language.h"
 #include "framework/text/text.h"
 
 namespace sumlet {

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "engine/arithmetic.h"
-#include "engine/characters.h"
+#include "engine/language.h"
 #include "framework/text/numbers.h"
 
 namespace sumlet {

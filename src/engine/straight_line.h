@@ -1,7 +1,7 @@
 // StraightLine: evaluates an expression in one walk from left to right, wherever that gives what rewriting gives.
 //
-// The language is defined by rewriting the text of a line (reduction.cpp). Most lines need none of that. The walk is an
-// ordinary operator-precedence parser: values are doubles, and operators, parentheses and calls whose right side is
+// The language is defined by rewriting the text of a line (math_class.cpp). Most lines need none of that. The walk is
+// an ordinary operator-precedence parser: values are doubles, and operators, parentheses and calls whose right side is
 // still to come wait on a stack. It either gives the value or declines and changes nothing; what it declines is
 // rewritten.
 //
@@ -41,10 +41,11 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/functions.h"
 #include "engine/variable_index.h"
 
 namespace sumlet {
+
+struct Function;
 
 class StraightLine {
  public:
@@ -67,7 +68,7 @@ class StraightLine {
  private:
   // An operator with its left operand, or an opening parenthesis.
   struct Waiting {
-    std::uint16_t level;     // of precedence: a CharacterSet of characters.h, lower where it binds tighter
+    std::uint16_t level;     // of precedence: a CharacterSet of language.h, lower where it binds tighter
     char sign = '\0';        // of an operator
     bool isNegated = false;  // the parenthesis has a "-" in front,
     bool isFirst = false;    // and begins its text

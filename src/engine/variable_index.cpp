@@ -4,7 +4,7 @@
 #include <bit>
 #include <utility>
 
-#include "engine/short_name.h"
+#include "engine/language.h"
 
 namespace sumlet {
 namespace {

@@ -9,8 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "engine/characters.h"
-#include "engine/errors.h"
+#include "engine/language.h"
 #include "engine/long_number.h"
 #include "engine/math_class.h"
 #include "framework/text/numbers.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "engine/comments.h"
+#include "engine/language.h"
 
 namespace sumlet {
 

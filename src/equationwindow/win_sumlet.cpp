@@ -4,7 +4,6 @@
 
 #include <QEvent>
 
-#include "engine/result_text.h"
 #include "equationwindow/area_layout.h"
 #include "equationwindow/closed_equations.h"
 #include "equationwindow/line_colors.h"

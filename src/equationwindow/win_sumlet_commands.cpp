@@ -6,7 +6,7 @@
 #include <QTextBlock>
 #include <QWheelEvent>
 
-#include "engine/comments.h"
+#include "engine/language.h"
 #include "equationwindow/value_text.h"
 #include "equationwindow/win_sumlet.h"
 #include "framework/clipboard.h"

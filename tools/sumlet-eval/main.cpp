@@ -14,7 +14,6 @@
 #include <vector>
 
 #include "engine/math_class.h"
-#include "engine/result_text.h"
 #include "framework/command_line.h"
 #include "framework/terminal.h"
 #include "framework/text/encoding.h"

@@ -1,10 +1,12 @@
-// Numbers as text: operands made ready, decimals as fractions and back. Fractions are read off the digits of a number
-// and not off its value; the results show it, and are wanted so.
+// The value of one operator, of one function and of one fraction. Operands and values are text.
+//
+// Fractions are read off the digits of a number and not off its value; the results show it, and are wanted so.
+#include "engine/arithmetic.h"
 
+#include <cstdint>
 #include <numeric>
 
-#include "engine/arithmetic.h"
-#include "engine/errors.h"
+#include "engine/language.h"
 #include "engine/math_class.h"
 #include "framework/text/numbers.h"
 
@@ -54,6 +56,23 @@ String WithSingleBlanks(std::string_view text) {
 
 }  // namespace
 
+double IntegerQuotient(double dividend, double divisor) {
+  const std::int64_t by = ToInt32(divisor);
+  return static_cast<double>(by == 0 ? 0 : ToInt32(dividend) / by);
+}
+
+double IntegerRemainder(double dividend, double divisor) {
+  const std::int64_t by = ToInt32(divisor);
+  const std::int64_t cut = ToInt32(dividend);
+  return static_cast<double>(by == 0 ? cut : cut % by);
+}
+
+String ValueText(double value) {
+  String text = Format(value, "-#.##########");
+  if (text.back() == '.') text.pop_back();
+  return text;
+}
+
 // Blanks go, so that digits they divide become one number, and pairs of minus signs cancel.
 String MathClass::CleanupNumber(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
@@ -71,6 +90,33 @@ String MathClass::CleanupNumber(std::string_view text) {
     }
   }
   return number;
+}
+
+String MathClass::DoOperation(std::string_view left, std::string_view right, std::string_view op) {
+  if (ResultIsError(op)) return String(op);
+  const String leftNumber = CleanupNumber(left);
+  const String rightNumber = CleanupNumber(right);
+  if (op.empty()) return rightNumber.empty() ? leftNumber : String(errors::missingOperator);
+  if (op == "-" && rightNumber.empty()) return ValueText(-CDbl(leftNumber));
+  const char sign = op.size() == 1 ? op.front() : SameText(op, "mod") ? '%' : '\0';
+  if (IsIn(sign, operatorSign)) {
+    if (leftNumber.empty() || rightNumber.empty()) return Fail(errors::twoArgumentsRequired, op);
+    return ValueText(Operate(sign, CDbl(leftNumber), CDbl(rightNumber)));
+  }
+  const String answer = DoFunction(leftNumber, rightNumber, op);
+  return Fail(answer != errors::functionUnknown ? errors::oneArgumentFormat : errors::functionUnknown, op);
+}
+
+String MathClass::DoFunction(std::string_view argument1, std::string_view argument2, std::string_view name) {
+  const Function* function = FindFunction(name);
+  if (function == nullptr) return Fail(errors::functionUnknown, name);
+  if (function->ofTwo != nullptr) {
+    if (argument1.empty() || argument2.empty()) return Fail(errors::twoArgumentFormat, name);
+    return ValueText(Abs(function->ofTwo(CDbl(argument1), CDbl(argument2))));
+  }
+  if (function->ofOne == nullptr) return DecimalToFraction(CDbl(argument1));
+  if (argument1.empty()) return Fail(errors::oneArgumentFormat, name);
+  return ValueText(Abs(function->ofOne(CDbl(argument1))));
 }
 
 String MathClass::DecimalToFraction(double value) {

@@ -1,15 +1,11 @@
 // The functions of the line language: one more is a row of a table.
-
-#include "engine/functions.h"
+#include "engine/language.h"
 
 #include <algorithm>
 #include <array>
 #include <iterator>
 
 #include "engine/arithmetic.h"
-#include "engine/errors.h"
-#include "engine/math_class.h"
-#include "engine/short_name.h"
 #include "framework/text/numbers.h"
 
 namespace sumlet {
@@ -82,18 +78,6 @@ const Function* FindFunction(std::string_view name) {
   if (packed == 0) return nullptr;
   const std::size_t slot = functionIndex.Find(packed);
   return functionIndex.names[slot] == packed ? &functions[functionIndex.rows[slot]] : nullptr;
-}
-
-String MathClass::DoFunction(std::string_view argument1, std::string_view argument2, std::string_view name) {
-  const Function* function = FindFunction(name);
-  if (function == nullptr) return Fail(errors::functionUnknown, name);
-  if (function->ofTwo != nullptr) {
-    if (argument1.empty() || argument2.empty()) return Fail(errors::twoArgumentFormat, name);
-    return ValueText(Abs(function->ofTwo(CDbl(argument1), CDbl(argument2))));
-  }
-  if (function->ofOne == nullptr) return DecimalToFraction(CDbl(argument1));
-  if (argument1.empty()) return Fail(errors::oneArgumentFormat, name);
-  return ValueText(Abs(function->ofOne(CDbl(argument1))));
 }
 
 }  // namespace sumlet

@@ -1,15 +1,21 @@
-// The evaluation of one text: checks, assignment, and the rewriting of parentheses, bars and operators in turn.
+// The run over the lines of an equation, and the evaluation of one text: checks, assignment, and the rewriting of
+// parentheses, bars and operators in turn.
 //
 // Rewriting always takes the innermost parenthesis that closes first, then the first pair of bars, then the operator
 // that binds tightest and stands leftmost. No step brings back what an earlier kind has removed, so each kind is one
 // walk over a RewriteBuffer from left to right. A text inside a parenthesis or bars is evaluated by Reduce again; it
 // holds no parenthesis, or neither, so that these calls never nest more than three deep.
 
+#include "engine/math_class.h"
+
 #include <algorithm>
 
-#include "engine/errors.h"
-#include "engine/math_class.h"
+#include "engine/arithmetic.h"
+#include "engine/language.h"
+#include "engine/long_number.h"
 #include "engine/rewrite_buffer.h"
+#include "framework/text/search.h"
+#include "framework/text/utf8.h"
 
 namespace sumlet {
 namespace {
@@ -59,6 +65,72 @@ std::optional<String> LoneNumber(std::string_view text) {
 }
 
 }  // namespace
+
+String MathClass::Evaluate() {
+  Result.clear();
+  ResultDetails.clear();
+  DefineBuiltIns();
+
+  String running;
+  Int32 index = 0;
+  LineReader lines(equationText);
+  for (std::string_view line; lines.Next(line); ++index) {
+    LastLineEvaluated = index;
+    line = Trimmed(line);
+    if (line.empty() || IsComment(line)) continue;
+    if (!EvaluateStraight(line, running)) {
+      ReduceLevel = 0;
+      running = Reduce(line);
+      if (ResultIsError(running)) break;
+    }
+    if (LineObserver) LineObserver(index, running);
+  }
+  Result = running;
+  return Result;
+}
+
+// The short cut of straight_line.h, for an expression or an assignment. Gives false and changes nothing when the line
+// has to be rewritten. Only the name to be assigned can hold the word that makes the line an error.
+bool MathClass::EvaluateStraight(std::string_view line, String& value) {
+  const std::size_t equalsSign = line.find('=');
+  const bool isAssignment = equalsSign != std::string_view::npos;
+  const std::string_view name = isAssignment ? Trimmed(line.substr(0, equalsSign)) : std::string_view();
+  if (isAssignment) {
+    const bool isWord =
+        !name.empty() && std::none_of(name.begin(), name.end(), [](char c) { return IsIn(c, delimiter); });
+    if (!isWord || ResultIsError(name) || !NameError(name).empty()) return false;
+  }
+  const std::optional<StraightLine::Value> result =
+      straightLine_.Evaluate(isAssignment ? line.substr(equalsSign + 1) : line);
+  if (!result) return false;
+  if (result->variable >= 0) {
+    value = varValue[result->variable];
+  } else if (!result->text.empty()) {
+    value = result->text;
+  } else {
+    value = ValueText(result->number);
+  }
+  if (isAssignment) {
+    ResultDetails = name;
+    AddVariable(name, value, {.number = result->number, .isLong = value.size() > shortNumberLength});
+  } else if (std::optional<String> tried = straightLine_.NameTriedLast()) {
+    ResultDetails = *std::move(tried);
+  }
+  return true;
+}
+
+bool MathClass::ResultIsError() const { return ResultIsError(Result); }
+
+// Asked after every step. Wherever the word stands, it covers one of every five characters, so a text that has none of
+// its letters in these places needs no search.
+bool MathClass::ResultIsError(std::string_view text) const {
+  constexpr std::string_view word = "Error";
+  for (std::size_t i = word.size() - 1; i < text.size(); i += word.size()) {
+    const char c = FoldAscii(text[i]);
+    if (c == 'e' || c == 'r' || c == 'o') return FindText(text, word, 0).found;
+  }
+  return false;
+}
 
 String MathClass::Reduce(std::string_view expression) {
   if (expression.empty()) return {};
@@ -149,6 +221,16 @@ String MathClass::ReduceOperators(RewriteBuffer& text) {
     if (numbers.find(' ') == std::string_view::npos) return String(numbers);
     text.ReplaceBlanks('*');
   }
+}
+
+String MathClass::Fail(std::string_view error, std::string_view details) {
+  ResultDetails = details;
+  return String(error);
+}
+
+String ShownResult(const MathClass& math, std::string_view result) {
+  if (!math.ResultIsError(result) || math.ResultDetails.empty()) return String(result);
+  return "\"" + math.ResultDetails + "\" " + String(result);
 }
 
 }  // namespace sumlet
