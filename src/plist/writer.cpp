@@ -7,15 +7,10 @@
 #include <deque>
 
 #include "framework/clipboard.h"
-#include "plist/plist.h"
+#include "framework/file/text_streams.h"
+#include "plist/plist_dict.h"
 
 namespace sumlet {
-
-namespace {
-
-constexpr std::string_view lastLines[] = {"</dict>", "</plist>"};
-
-}  // namespace
 
 class plistDict::Writer {
  public:
@@ -129,22 +124,6 @@ void plistDict::Dump(Int32 indent) const {
 
 String plistDict::BracketsToCode(std::string_view text) {
   return ReplaceAll(ReplaceAll(text, "<", "&lt;"), ">", "&gt;");
-}
-
-void plist::WriteTo(TextOutputStream& stream) const {
-  for (Int32 i = 1; i <= headers.Ubound(); ++i) stream.WriteLine(headers[i]);
-  root_->Write(stream, 1);
-  for (const std::string_view line : lastLines) stream.WriteLine(line);
-}
-
-void plist::Dump() const {
-  TextOutputStream head("\r");
-  for (Int32 i = 1; i <= headers.Ubound(); ++i) head.WriteLine(headers[i]);
-  SetClipboardText(head.Content());
-  root_->Dump(1);
-  TextOutputStream tail("\r");
-  for (const std::string_view line : lastLines) tail.WriteLine(line);
-  SetClipboardText(ClipboardText() + tail.Content());
 }
 
 }  // namespace sumlet

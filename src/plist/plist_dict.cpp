@@ -1,4 +1,6 @@
 // The node tree: children, keys, the cursor, paths, and error reporting.
+#include "plist/plist_dict.h"
+
 #include <vector>
 
 #include "framework/fault.h"

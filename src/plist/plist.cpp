@@ -1,11 +1,14 @@
-// The document: loads and saves its file.
+// The document: loads and saves a file, and searches it.
+#include "plist/plist.h"
+
 #include <chrono>
 #include <memory>
 #include <utility>
+#include <vector>
 
+#include "framework/clipboard.h"
 #include "framework/file/program.h"
 #include "framework/file/temporary.h"
-#include "plist/plist.h"
 
 namespace sumlet {
 namespace {
@@ -14,6 +17,7 @@ namespace {
 constexpr std::size_t largestDocument = std::size_t{8} << 20;
 
 constexpr std::string_view firstKeyLine = "<dict>";
+constexpr std::string_view lastLines[] = {"</dict>", "</plist>"};
 
 std::optional<TextInputStream> OpenDocument(const FolderItem& file) {
   std::optional<String> content = file.ReadBinaryFile();
@@ -46,6 +50,8 @@ class TemporaryGuard {
 };
 
 }  // namespace
+
+// ---- Loading
 
 plist::plist(const FolderItem& file, const std::optional<FolderItem>& fallback) : savePath(file), headers{""} {
   Load(file, fallback);
@@ -128,6 +134,8 @@ void plist::Cleanup() {
   }
 }
 
+// ---- Saving
+
 void plist::Save(bool cleanup) { SaveAs(true, cleanup); }
 
 void plist::SaveAsInvisible(const FolderItem& /*file*/, bool cleanup) { SaveAs(false, cleanup); }
@@ -155,6 +163,92 @@ void plist::SaveBinary(bool visible) {
   org->Delete();
   savePath.CopyFileTo(*org);
   if (!visible) org->SetVisible(false);
+}
+
+// ---- Text for a file or the clipboard
+
+void plist::WriteTo(TextOutputStream& stream) const {
+  for (Int32 i = 1; i <= headers.Ubound(); ++i) stream.WriteLine(headers[i]);
+  root_->Write(stream, 1);
+  for (const std::string_view line : lastLines) stream.WriteLine(line);
+}
+
+void plist::Dump() const {
+  TextOutputStream head("\r");
+  for (Int32 i = 1; i <= headers.Ubound(); ++i) head.WriteLine(headers[i]);
+  SetClipboardText(head.Content());
+  root_->Dump(1);
+  TextOutputStream tail("\r");
+  for (const std::string_view line : lastLines) tail.WriteLine(line);
+  SetClipboardText(ClipboardText() + tail.Content());
+}
+
+// ---- The search
+//
+// Always begins at the top and marks each key that it has reported, so that FindNext continues after the last one. The
+// walk uses the cursors of the nodes to find its way back, and so needs no recursion.
+
+bool plist::Find(std::string_view text) {
+  foundDict = nullptr;
+  foundKey.clear();
+  foundValue.clear();
+  foundType.clear();
+  ClearSearch(*root_);
+  lastSearch = text;
+  return ReadStructure(*root_, text, SearchMode::Values);
+}
+
+bool plist::FindNext(std::string_view text) {
+  if (!SameText(text, lastSearch)) ClearSearch(*root_);
+  return ReadStructure(*root_, text, SearchMode::Values);
+}
+
+void plist::ClearSearch(plistDict& node) {
+  Walk(node, [](plistDict& holder, const String& key) {
+    holder.searched_.SetValue(key, BooleanToVariant(false));
+    return false;
+  });
+}
+
+bool plist::ReadStructure(plistDict& node, std::string_view text, SearchMode mode) {
+  return Walk(node, [&](plistDict& holder, const String& key) {
+    String value = holder.GetValue(key);
+    if (InStr(mode == SearchMode::Values ? value : key, text) == 0) return false;
+    if (VariantToBoolean(holder.searched_.Lookup(key, BooleanToVariant(false)))) return false;
+    holder.searched_.SetValue(key, BooleanToVariant(true));
+    foundDict = &holder;
+    foundKey = key;
+    foundValue = std::move(value);
+    foundType = holder.GetType(key);
+    return true;
+  });
+}
+
+// Visits a container at its position among the plain keys; one without keys has nothing to visit.
+bool plist::Walk(plistDict& top, const std::function<bool(plistDict& holder, const String& key)>& visit) {
+  std::vector<plistDict*> way;
+  const auto enter = [&way](plistDict& node) {
+    node.MoveFirst();
+    if (node.count() > 0) way.push_back(&node);
+    return node.count() > 0;
+  };
+  enter(top);
+  while (!way.empty()) {
+    plistDict& node = *way.back();
+    if (node.eof()) {
+      way.pop_back();
+      if (!way.empty()) way.back()->MoveNext();
+      continue;
+    }
+    const String key = node.CurrentKey();
+    if (IsContainer(node.GetType(key))) {
+      if (!enter(node.child(key))) node.MoveNext();
+      continue;
+    }
+    if (visit(node, key)) return true;
+    node.MoveNext();
+  }
+  return false;
 }
 
 }  // namespace sumlet
