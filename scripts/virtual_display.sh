@@ -1,12 +1,16 @@
 #!/usr/bin/env bash
-# Sourced, not run: a virtual display of its own with a window manager, and the window program on it worked from
-# outside. Everything that is started ends with the script that sources this, and nothing of the user's is touched.
+# A virtual display with a window manager. Everything that runs on it ends with the script, and has a home of its own.
+#
+#   scripts/virtual_display.sh WIDTHxHEIGHT COMMAND...    runs a command on the display
+#
+# Sourced, it defines functions that work the window program:
 #
 #   start_display WIDTHxHEIGHT      sets DISPLAY
 #   start_window PROGRAM [FILE...]  starts the window program and sets `window` once its window has the keyboard
 #   open_equation                   after a first start: leaves the chooser for an empty equation, and sets `window`
 #   type_keys TEXT, press KEY...    works the keyboard
 #   put_clipboard, get_clipboard    from standard input, to standard output
+#   expect_text TEXT                waits until the area with the focus holds TEXT
 #   skip_without TOOL...            ends with status 77, "skipped" to the test runner, where a tool is missing
 #   wait_for SECONDS COMMAND...     repeats the command until it succeeds; fails when the time is over
 
@@ -18,6 +22,9 @@ virtualProcesses=()
 unset "${!DBUS_@}" "${!DESKTOP_@}" "${!FREETYPE_@}" "${!GDK_@}" "${!GTK_@}" "${!KDE_@}" "${!LANG@}" "${!LC_@}" \
   "${!QT_@}" "${!SESSION_@}" "${!XCURSOR_@}" "${!XDG_@}" WAYLAND_DISPLAY XAUTHORITY
 export FONTCONFIG_FILE LC_ALL=C.UTF-8 TZ=UTC HOME=$virtualFolder/home
+# Under the sanitizers: not a leak of the program, but what the desktop's own libraries keep until the end.
+export LSAN_OPTIONS="suppressions=$virtualFolder/leaks:print_suppressions=0"
+printf 'leak:%s\n' libdbus-1 libfontconfig >"$virtualFolder/leaks"
 FONTCONFIG_FILE=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/fonts.conf
 mkdir "$HOME"
 
@@ -71,24 +78,21 @@ start_display() {
   # The server picks a free number itself and tells it once it can be reached. It would begin anew, and turn clients away
   # meanwhile, each time its last client goes.
   in_background Xvfb sh -c 'exec Xvfb -displayfd 3 -screen 0 "$1"x24 -nolisten tcp -noreset 3>"$2"' sh "$1" "$number"
+  export VIRTUAL_DISPLAY=$! VIRTUAL_WINDOW_MANAGER  # the process IDs
   wait_for 20 test -s "$number" || give_up "the virtual display does not start"
   DISPLAY=:$(<"$number")
   export DISPLAY
   in_background openbox openbox --sm-disable
+  VIRTUAL_WINDOW_MANAGER=$!
   wait_for 20 window_manager_runs || give_up "the window manager does not start"
 }
 
 window_manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
 
-programEnvironment=(--default-signal=HUP XDG_RUNTIME_DIR="$virtualFolder/run" QT_QPA_PLATFORM=xcb
-  LSAN_OPTIONS="suppressions=$virtualFolder/leaks:print_suppressions=0")
-# Under the sanitizers: what the desktop's own libraries keep until the end is no leak of the program's.
-printf 'leak:%s\n' libdbus-1 libfontconfig >"$virtualFolder/leaks"
-
 start_window() {
   mkdir -p "$virtualFolder/run"
   chmod 700 "$virtualFolder/run"
-  in_background window env "${programEnvironment[@]}" "$@"
+  in_background window env --default-signal=HUP XDG_RUNTIME_DIR="$virtualFolder/run" QT_QPA_PLATFORM=xcb "$@"
   program=$!
   wait_for 30 window_is_active_or_gone || give_up "the window does not come up"
   kill -0 "$program" 2>/dev/null || give_up "$1 has ended"
@@ -115,3 +119,17 @@ put_clipboard() {
 }
 clipboard_is_set() { get_clipboard | cmp -s - "$virtualFolder/clipboard"; }
 get_clipboard() { timeout 5 xclip -selection clipboard -o; }
+
+# Copies what the area with the focus holds. An empty area leaves the clipboard unchanged.
+area_reads() {
+  press ctrl+a ctrl+c
+  [[ $(get_clipboard && echo .) == "$1." ]]
+}
+expect_text() { wait_for 30 area_reads "$1" || give_up "expected '$1', but the area reads '$(get_clipboard)'"; }
+
+if [[ ${BASH_SOURCE[0]} == "$0" ]]; then
+  set -euo pipefail
+  skip_without Xvfb openbox xdotool xclip xprop
+  start_display "$1"
+  "${@:2}"
+fi

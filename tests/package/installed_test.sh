@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
 # Installs a build into a tree of its own and works both programs from there: installed_test.sh BUILD VERSION.
 # Status 77 where a tool that this needs is missing.
-source "$(dirname "${BASH_SOURCE[0]}")/../system/desktop.sh"
-skip_without cmake file appstreamcli identify
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+source "$root/scripts/virtual_display.sh"
+skip_without Xvfb openbox xdotool xclip xprop cmake file appstreamcli identify
 
 tree=$virtualFolder/tree
 version=$2
@@ -20,7 +22,6 @@ for page in "$share"/doc/sumlet/*.md; do
   done < <(grep -oP '\]\(\K(?!https?:)[^)#]+' "$page")
 done
 
-root=$folder/../..
 metainfo=$share/metainfo/com.fernhill.sumlet.metainfo.xml
 expect "version of the program" "sumlet-eval $version" "$("$bin/sumlet-eval" --version)"
 expect "latest release in the metainfo" "$version" "$(grep -oPm1 '<release version="\K[^"]*' "$metainfo")"
@@ -41,6 +42,7 @@ done
 
 # The desktop's way to the program, and from its window back to the entry.
 exec=$(entry_value Exec)
+start_display 1024x768
 start_window "$bin/${exec% %F}"
 open_equation
 type_keys 6*7
@@ -48,4 +50,5 @@ press Tab
 expect_text 42
 class=$(entry_value StartupWMClass)
 expect "class of the window" "WM_CLASS(STRING) = \"sumlet\", \"$class\"" "$(xprop -id "$window" WM_CLASS)"
-quit TERM
+kill "$program"
+wait "$program" || give_up "the program ends with status $?"

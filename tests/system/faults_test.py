@@ -1,17 +1,15 @@
-"""Takes from the running window program the places where it saves: faults_test.py PROGRAM.
+"""Takes from the running window program the places where it saves.
 
-Each time it goes on, answers a second start, and ends with status 0 when it is told to.
+Each time it continues to run, answers a second start, and ends with status 0 on a signal.
 """
 
 import os
-import pathlib
 import shutil
 import subprocess
-import sys
 import unittest
 
 import settings_file
-from running_program import PATIENCE, PROGRAM, RunningProgram
+from running_program import PATIENCE, RunningProgram, enter_namespaces
 
 
 class Faults(RunningProgram):
@@ -89,11 +87,6 @@ class Faults(RunningProgram):
 
 
 if __name__ == "__main__":
-    # In a name space of its own a disk can be mounted, and is gone in the end whatever happens.
-    apart = ["unshare", "--mount", *([] if os.geteuid() == 0 else ["--map-root-user"])]
-    if "--apart" in sys.argv:
-        sys.argv.remove("--apart")
-    elif shutil.which("unshare") and subprocess.run([*apart, "true"], stderr=subprocess.DEVNULL, check=False).returncode == 0:
-        script = str(pathlib.Path(__file__).resolve())
-        os.execvp("unshare", [*apart, sys.executable, "-B", script, PROGRAM, *sys.argv[1:], "--apart"])
+    # A test can mount a disk in a namespace of its own, which removes the disk at the end whatever happens.
+    enter_namespaces("--mount", *([] if os.geteuid() == 0 else ["--map-root-user"]))
     unittest.main()

@@ -1,7 +1,8 @@
-"""What the tests share that start the window program without a display; the first argument is its path."""
+"""Starts the window program with settings of its own; the first argument of a test is the path of the program."""
 
 import os
 import pathlib
+import shutil
 import signal
 import subprocess
 import sys
@@ -10,11 +11,34 @@ import time
 import unittest
 
 PROGRAM = os.path.abspath(sys.argv.pop(1))
-PATIENCE = 60  # seconds until a hanging process counts as such
+PATIENCE = 60  # seconds
 FONTS = pathlib.Path(__file__).resolve().parents[2] / "scripts" / "fonts.conf"
+QUIT_SIGNALS = (signal.SIGTERM, signal.SIGINT, signal.SIGHUP)
+
+for number in QUIT_SIGNALS:
+    signal.signal(number, signal.SIG_DFL)  # a script or nohup may have started the tests with them ignored
+
+
+def skip_without(*tools):
+    for tool in tools:
+        if shutil.which(tool) is None:
+            print(f"skipped: there is no {tool}")
+            sys.exit(77)
+
+
+def enter_namespaces(*options):
+    """Starts the test again in namespaces of its own. Returns whether it runs in them."""
+    if "SUMLET_NAMESPACES" in os.environ:
+        return True
+    if subprocess.run(["unshare", *options, "true"], stderr=subprocess.DEVNULL, check=False).returncode != 0:
+        return False
+    os.environ["SUMLET_NAMESPACES"] = "entered"
+    os.execvp("unshare", ["unshare", *options, *sys.orig_argv])
 
 
 class RunningProgram(unittest.TestCase):
+    variables = {"QT_QPA_PLATFORM": "offscreen", "QT_LOGGING_RULES": "*=false"}
+
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
@@ -30,24 +54,40 @@ class RunningProgram(unittest.TestCase):
             process.wait()
 
     def environment(self, **changes):
-        """That of a start, with the home in the test's folder; what is changed to None is left out."""
+        """The environment of a start, with the home in the test's folder; omits what is changed to None."""
         (self.folder / "run").mkdir(mode=0o700, exist_ok=True)
         variables = {"HOME": self.folder, "XDG_DATA_HOME": self.data, "XDG_RUNTIME_DIR": self.folder / "run",
-                     "LC_ALL": "C.UTF-8", "TZ": "UTC", "FONTCONFIG_FILE": FONTS, "QT_QPA_PLATFORM": "offscreen",
-                     **changes}
+                     "LC_ALL": "C.UTF-8", "TZ": "UTC", "FONTCONFIG_FILE": FONTS, "PATH": os.environ["PATH"],
+                     **self.variables, **changes}
         return {name: str(value) for name, value in variables.items() if value is not None}
 
     def start(self, *arguments, behind=(), stdin=None, cwd=None, **changes):
-        process = subprocess.Popen([*behind, PROGRAM, *arguments], env=self.environment(**changes), stdin=stdin,
-                                   cwd=cwd, stderr=subprocess.DEVNULL)
+        return self.track(subprocess.Popen([*behind, PROGRAM, *arguments], env=self.environment(**changes), stdin=stdin,
+                                           cwd=cwd))
+
+    def run_beside(self, command, stdout=subprocess.DEVNULL, **changes):
+        """Starts a helper of the test, which ends with the test."""
+        return self.track(subprocess.Popen(command, env=self.environment(**changes), stdout=stdout,
+                                           stderr=subprocess.DEVNULL))
+
+    def track(self, process):
         self.started.append(process)
         return process
 
+    @staticmethod
+    def eventually(wanted, read, patience=PATIENCE):
+        """Calls `read` until it returns what is wanted or the time is up, and returns its last value."""
+        end = time.monotonic() + patience
+        while (found := read()) != wanted and time.monotonic() < end:
+            time.sleep(0.02)
+        return found
+
+    def expect(self, wanted, read, message=None):
+        self.assertEqual(self.eventually(wanted, read), wanted, message)
+
     def survivor(self, processes):
-        """The one of several starts that lives on, once it has answered the others."""
-        end = time.monotonic() + PATIENCE
-        while time.monotonic() < end and sum(process.poll() is None for process in processes) > 1:
-            time.sleep(0.01)
+        """Returns the one of several starts that continues to run, once it has answered the others."""
+        self.eventually(1, lambda: sum(process.poll() is None for process in processes))
         self.assertEqual(sorted(str(process.poll()) for process in processes), ["0"] * (len(processes) - 1) + ["None"])
         return next(process for process in processes if process.poll() is None)
 
@@ -55,8 +95,9 @@ class RunningProgram(unittest.TestCase):
         return self.survivor([self.start(**changes), self.start(**changes)])
 
     def quit(self, process, by=signal.SIGTERM):
-        """A session that ends may send several signals at once."""
+        """Sends the signal until the process ends, because the end of a session may send several at once."""
         end = time.monotonic() + PATIENCE
         while process.poll() is None and time.monotonic() < end:
             process.send_signal(by)
+            time.sleep(0.001)
         self.assertEqual(process.wait(PATIENCE), 0)

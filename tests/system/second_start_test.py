@@ -1,4 +1,4 @@
-"""Starts the window program several times: second_start_test.py PROGRAM."""
+"""Starts the window program several times."""
 
 import contextlib
 import itertools
@@ -10,9 +10,7 @@ import time
 import unittest
 
 import settings_file
-from running_program import PATIENCE, PROGRAM, RunningProgram
-
-QUIT_SIGNALS = (signal.SIGTERM, signal.SIGINT, signal.SIGHUP)
+from running_program import PATIENCE, PROGRAM, QUIT_SIGNALS, RunningProgram
 
 
 class SecondStart(RunningProgram):
@@ -115,6 +113,4 @@ class SecondStart(RunningProgram):
 
 
 if __name__ == "__main__":
-    for number in QUIT_SIGNALS:
-        signal.signal(number, signal.SIG_DFL)  # a start by nohup or from a script may have them ignored
     unittest.main()

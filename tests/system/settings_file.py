@@ -1,19 +1,17 @@
-"""The settings file as the tests see it, from docs/settings-format.md and not from the program.
+"""Reads and writes the settings file by docs/settings-format.md, independently of the program.
 
-    settings_file.py show FILE             prints the templates, each "name: text", and the windows, front to back: "left
-                                           top width height text"
+    settings_file.py show FILE             prints the templates, each "name: text", and the windows, front to back, each
+                                           "left top width height text" or "chooser"
     settings_file.py write FILE WINDOW...  writes a file with these windows, each "left top width height text"
-    settings_file.py write-fifth FILE WINDOW...  the same, and the next start is the fifth
 """
 
-import functools
 import pathlib
 import sys
 import urllib.parse
 
 
 def items(data):
-    """The (key, value) pairs of one list; a list that is cut off or goes on behind its end is a ValueError."""
+    """The (key, value) pairs of one list; raises a ValueError if it is truncated."""
     if not data or data[0] not in (1, 2, 4):
         raise ValueError(f"no list: {data[:1]!r} of {len(data)} bytes")
     pairs, position = [], 1
@@ -40,28 +38,34 @@ def packed(pairs):
 PLACE = ("left", "top", "width", "height")
 
 
-def show(path):
+def stored(path):
+    """The templates and windows of a file, one text for each, as `show` prints them."""
     sections = dict(items(path.read_bytes()))
+    lines = []
     for _, record in items(sections["TemplateList"]) + items(sections["WindowList"]):
         fields = {key: urllib.parse.unquote(value.decode()) for key, value in items(record)}
         if "template" in fields:
-            print("chooser")
+            lines.append("chooser")
         elif fields:
             place = " ".join(fields[key] for key in PLACE) if "left" in fields else fields["name"] + ":"
-            print(place, fields["equation"])
+            lines.append(f"{place} {fields['equation']}")
+    return lines
 
 
-def write(path, *windows, runs=b"1"):
+def write(path, *windows, runs=1):
     records = []
     for window in windows:
         *place, text = window.split(" ", 4)
         records.append(packed([*zip(PLACE, (value.encode() for value in place)),
                                ("equation", urllib.parse.quote(text).encode())]))
     path.parent.mkdir(parents=True, exist_ok=True)
-    path.write_bytes(packed([("RunCount", runs), ("TemplateList", packed([])),
+    path.write_bytes(packed([("RunCount", b"%d" % runs), ("TemplateList", packed([])),
                              ("WindowList", packed([(str(i), record) for i, record in enumerate(records)]))]))
 
 
 if __name__ == "__main__":
-    commands = {"show": show, "write": write, "write-fifth": functools.partial(write, runs=b"4")}
-    commands[sys.argv[1]](pathlib.Path(sys.argv[2]), *sys.argv[3:])
+    file = pathlib.Path(sys.argv[2])
+    if sys.argv[1] == "show":
+        print(*stored(file), sep="\n")
+    else:
+        write(file, *sys.argv[3:])
