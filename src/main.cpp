@@ -6,7 +6,7 @@
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/command_line.h"
-#include "framework/message.h"
+#include "framework/desktop.h"
 #include "framework/ui/application.h"
 #include "framework/ui/caret_rest.h"
 #include "framework/ui/desktop.h"
@@ -59,9 +59,6 @@ void SetUp() {
   Application::setDesktopFileName(QStringLiteral("com.fernhill.sumlet"));
   Application::setApplicationVersion(QStringLiteral(SUMLET_VERSION));
   Application::setWindowIcon(WindowIcon());
-  InstallDialogs();
-  InstallBrowser();
-  InstallClipboard();
   App::ConnectSettings();
 }
 
@@ -81,7 +78,7 @@ int EndUnanswered() {
   const NoDisplayEndsProgram noDisplay;
   const Application application;
   const auto end = SkipEndOnWayland(status);
-  InstallDialogs();
+  const auto desktop = InstallDesktop();
   MsgBox(message);
   return status;
 }
@@ -93,6 +90,7 @@ int Run(Descriptor requests, const CommandLine& line, const std::vector<String>&
   const auto end = SkipEndOnWayland(status);
   noDisplay.reset();
   SetUp();
+  const auto desktop = InstallDesktop();
   const CaretRest caretRest;
 
   App app;

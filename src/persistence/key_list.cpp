@@ -21,7 +21,7 @@
 #include <string_view>
 #include <utility>
 
-#include "framework/message.h"
+#include "framework/desktop.h"
 #include "framework/text/bytes.h"
 #include "framework/text/numbers.h"
 

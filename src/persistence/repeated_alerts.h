@@ -5,24 +5,20 @@
 #include <memory>
 #include <set>
 
-#include "framework/message.h"
+#include "framework/desktop.h"
 
 namespace sumlet {
 
 class RepeatedAlerts {
  public:
   // Does not show the alerts in `shown`, and adds those that it shows.
-  explicit RepeatedAlerts(std::set<String>& shown) {
-    previous_ = SetMessageHandler([this, &shown](std::string_view text) {
-      if (shown.emplace(text).second && previous_) previous_(text);
-    });
-  }
-  RepeatedAlerts(const RepeatedAlerts&) = delete;
-  RepeatedAlerts& operator=(const RepeatedAlerts&) = delete;
-  ~RepeatedAlerts() { SetMessageHandler(std::move(previous_)); }
+  explicit RepeatedAlerts(std::set<String>& shown)
+      : handler_(MsgBox.Set([show = MsgBox.Current(), &shown](std::string_view text) {
+          if (shown.emplace(text).second && show) show(text);
+        })) {}
 
  private:
-  MessageHandler previous_;
+  HookGuard handler_;
 };
 
 }  // namespace sumlet

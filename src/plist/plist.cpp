@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "framework/clipboard.h"
+#include "framework/desktop.h"
 #include "framework/file/program.h"
 #include "framework/file/temporary.h"
 

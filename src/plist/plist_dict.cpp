@@ -3,8 +3,8 @@
 
 #include <vector>
 
+#include "framework/desktop.h"
 #include "framework/fault.h"
-#include "framework/message.h"
 #include "framework/text/numbers.h"
 #include "plist/plist.h"
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <deque>
 
-#include "framework/clipboard.h"
+#include "framework/desktop.h"
 #include "framework/file/text_streams.h"
 #include "plist/plist_dict.h"
 

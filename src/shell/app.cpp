@@ -9,7 +9,7 @@
 #include <QTextLayout>
 
 #include "equationwindow/win_sumlet.h"
-#include "framework/show_url.h"
+#include "framework/desktop.h"
 #include "framework/ui/window.h"
 #include "persistence/my_window_manager.h"
 #include "persistence/preferences.h"

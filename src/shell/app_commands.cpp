@@ -3,7 +3,7 @@
 
 #include "equationwindow/closed_equations.h"
 #include "equationwindow/win_sumlet.h"
-#include "framework/show_url.h"
+#include "framework/desktop.h"
 #include "framework/ui/qt_text.h"
 #include "persistence/preferences.h"
 #include "shell/app.h"

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "framework/message.h"
+#include "framework/desktop.h"
 #include "persistence/preferences.h"
 
 namespace sumlet {

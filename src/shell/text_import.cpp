@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "equationwindow/win_sumlet.h"
-#include "framework/message.h"
+#include "framework/desktop.h"
 #include "framework/text/encoding.h"
 #include "framework/ui/file_dialogs.h"
 #include "framework/ui/qt_text.h"

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "framework/message.h"
+#include "framework/desktop.h"
 #include "framework/text/bytes.h"
 #include "framework/text/numbers.h"
 #include "persistence/key_list.h"

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <limits>
 
-#include "framework/message.h"
+#include "framework/desktop.h"
 #include "framework/ui/fitting_font.h"
 #include "framework/ui/plain_style.h"
 #include "framework/ui/qt_text.h"

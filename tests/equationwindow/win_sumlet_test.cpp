@@ -8,7 +8,7 @@
 #include <tuple>
 
 #include "equationwindow/value_text.h"
-#include "framework/clipboard.h"
+#include "framework/desktop.h"
 #include "framework/ui/window_fixture.h"
 #include "persistence/my_window_manager.h"
 #include "persistence/preferences.h"
@@ -269,7 +269,7 @@ TEST_F(WinSumlet, WhatIsTypedIntoTheResultGoesToTheEquation) {
 }
 
 TEST_F(WinSumlet, SavesAsTemplateTheTextOfTheMomentOfSaving) {
-  SetDialogHandler([](const MessageDialog&) {
+  const HookGuard question = ShowDialog.Set([](const MessageDialog&) {
     EXPECT_TRUE(Front<winSave>()) << "asked about a name that is there with the sheet still up";
     return DialogButton::Action;
   });

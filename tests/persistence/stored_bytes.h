@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "framework/message.h"
+#include "framework/desktop.h"
 #include "framework/text/bytes.h"
 #include "framework/text/numbers.h"
 #include "persistence/key_list.h"
@@ -22,9 +22,8 @@ namespace sumlet {
 template <typename Action>
 std::vector<String> AlertsOf(Action action) {
   std::vector<String> texts;
-  MessageHandler before = SetMessageHandler([&texts](std::string_view text) { texts.emplace_back(text); });
+  const HookGuard alerts = MsgBox.Set([&texts](std::string_view text) { texts.emplace_back(text); });
   action();
-  SetMessageHandler(std::move(before));
   return texts;
 }
 

@@ -74,14 +74,13 @@ TEST(Templates, AddingANameThatExists) {
   for (const auto& [name, answer, templates] : rows) {
     TemplatesManager::Key = {"a", "B", "b"};
     TemplatesManager::EquationText = {"1", "2", "3"};
-    const DialogHandler before = SetDialogHandler([answer = answer](const MessageDialog& dialog) {
+    const HookGuard question = ShowDialog.Set([answer = answer](const MessageDialog& dialog) {
       EXPECT_EQ(dialog.Message, "A template with this name already exists. Would you like to replace it?");
       EXPECT_EQ(dialog.ActionButton + "/" + dialog.AlternateActionButton, "Replace/Save as New");
       EXPECT_TRUE(dialog.CancelButton);
       return answer;
     });
     TemplatesManager::Add(name, "9");
-    SetDialogHandler(before);
     EXPECT_EQ(Templates(), templates) << name;
   }
   EXPECT_THROW(TemplatesManager::Remove(4), Fault);

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "framework/message.h"
+#include "framework/desktop.h"
 #include "framework/text/numbers.h"
 #include "plist/plist.h"
 #include "tree_text.h"
@@ -118,7 +118,7 @@ TEST(PropertyListAccess, ArrayElements) {
 
 TEST(PropertyListAccess, Nodes) {
   String shown;
-  const MessageHandler before = SetMessageHandler([&shown](std::string_view text) { shown += text; });
+  const HookGuard alerts = MsgBox.Set([&shown](std::string_view text) { shown += text; });
   plist document(FolderItem("/nowhere/at/all"));
   plistDict& root = document.root();
   plistDict& deep = root.child("a").child("Root").child("b");
@@ -141,7 +141,6 @@ TEST(PropertyListAccess, Nodes) {
   EXPECT_EQ(root.CurrentKey() + Text(root.eof()), "atrue");
   root.MoveLast();
   EXPECT_EQ(root.CurrentKey(), "s");
-  SetMessageHandler(before);
 }
 
 TEST(PropertyListAccess, Dates) {

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <tuple>
 
-#include "framework/clipboard.h"
+#include "framework/desktop.h"
 #include "framework/file/program.h"
 #include "plist/plist.h"
 #include "temporary_folder.h"

@@ -5,8 +5,8 @@
 #include <QTimer>
 
 #include "equationwindow/win_sumlet.h"
+#include "framework/desktop.h"
 #include "framework/fault.h"
-#include "framework/show_url.h"
 #include "framework/ui/application.h"
 #include "framework/ui/desktop.h"
 #include "framework/ui/window_fixture.h"
@@ -72,7 +72,7 @@ TEST_F(ApplicationLife, QuitSavesWhileAllWindowsStand) {
 }
 
 TEST_F(ApplicationLife, QuitAsksNothingAndWaitsForNoAlert) {
-  InstallDialogs();
+  const auto desktop = InstallDesktop();
   DialogButton answer = DialogButton::Action;
   app.Event_Open();
   Run([&] {
@@ -140,7 +140,7 @@ TEST_F(ApplicationLife, GoesOnAfterAFaultAtStart) {
   record.clear();
   WhenLoading = [] { throw Fault("an index out of range"); };
   String told;
-  SetMessageHandler([&](std::string_view text) {
+  const HookGuard alerts = MsgBox.Set([&](std::string_view text) {
     told = text;
     app.Event_Reopen();
     app.Quit();
@@ -152,7 +152,7 @@ TEST_F(ApplicationLife, GoesOnAfterAFaultAtStart) {
 
 TEST_F(ApplicationLife, AsksForAReviewOnceAtTheFifthStart) {
   int asked = 0, shared = 0;
-  SetDialogHandler([&](const MessageDialog&) {
+  const HookGuard question = ShowDialog.Set([&](const MessageDialog&) {
     ++asked;
     Preferences::ShownReviewDialog = false;
     Preferences::Load();
@@ -175,7 +175,7 @@ TEST_F(ApplicationLife, WebAddressesReachTheDesktopEncoded) {
   QTextBrowser desktop;  // takes the addresses in its place
   constexpr const char* schemes[] = {"https", "macappstore", "file"};
   for (const char* scheme : schemes) QDesktopServices::setUrlHandler(scheme, &desktop, "setSource");
-  InstallBrowser();
+  const auto desktopHooks = InstallDesktop();
   const auto opened = [&desktop] { return desktop.source().toEncoded().toStdString(); };
   app.AppendMenuItems();
   app.BindMenuHandlers();
@@ -188,7 +188,6 @@ TEST_F(ApplicationLife, WebAddressesReachTheDesktopEncoded) {
     ShowURL(address);
     EXPECT_EQ(opened(), store) << "and not what is no address";
   }
-  SetURLHandler({});
   for (const char* scheme : schemes) QDesktopServices::unsetUrlHandler(scheme);
 }
 

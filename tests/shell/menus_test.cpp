@@ -5,7 +5,7 @@
 #include <fstream>
 
 #include "equationwindow/win_sumlet.h"
-#include "framework/clipboard.h"
+#include "framework/desktop.h"
 #include "framework/ui/file_dialogs.h"
 #include "framework/ui/incoming_files.h"
 #include "framework/ui/window_fixture.h"
@@ -187,7 +187,7 @@ TEST_F(Menus, FilesComeInAndFailuresAreNamedOnce) {
   files.emplace_back(folder.filePath("gone.txt").toStdString());
   SetFileDialogs({[&files](const OpenDialog&) { return files; }, {}});
   String told, opened;
-  SetDialogHandler([&told](const MessageDialog& dialog) {
+  const HookGuard alert = ShowDialog.Set([&told](const MessageDialog& dialog) {
     told += dialog.Message + "|" + dialog.Explanation;
     return DialogButton::Action;
   });
@@ -236,7 +236,7 @@ TEST_F(Menus, ExportTellsOfAFailure) {
                     return FolderItem(folder.filePath("none").toStdString()).Child(dialog.SuggestedFileName);
                   }});
   String told;
-  SetMessageHandler([&told](std::string_view text) { told = text; });
+  const HookGuard alerts = MsgBox.Set([&told](std::string_view text) { told = text; });
   winSumlet& window = NewEquation("1");
   for (const char* name : {"Untitled Equation", "budget"}) {
     MenuBar1().Choose("FileExport");

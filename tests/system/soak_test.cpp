@@ -9,6 +9,7 @@
 #include <random>
 
 #include "equationwindow/win_sumlet.h"
+#include "framework/desktop.h"
 #include "framework/ui/file_dialogs.h"
 #include "framework/ui/window_fixture.h"
 #include "persistence/preferences.h"
@@ -50,7 +51,6 @@ class Soak : public WindowFixture {
     winSumlet::ScheduleSave = [this] { app_.ScheduleSave(); };
     winTemplates::OpenEquation = App::OpenEquation;
     SetMenuAttacher([](Window& window) { MenuBar1().AttachTo(window); });
-    SetDialogHandler([this](const MessageDialog&) { return static_cast<DialogButton>(Any(3)); });
     const FolderItem file(folder.filePath("exported.txt").toStdString());
     SetFileDialogs({[file](const OpenDialog&) { return std::vector(2, file); },
                     [file](const SaveAsDialog&, Window&) { return file; }});
@@ -144,6 +144,7 @@ class Soak : public WindowFixture {
   }
 
   App app_;
+  HookGuard questions_ = ShowDialog.Set([this](const MessageDialog&) { return static_cast<DialogButton>(Any(3)); });
   Int32 seed_ = qEnvironmentVariable("SUMLET_SOAK_SEED", "1").toInt();
   std::mt19937 random_{static_cast<unsigned>(seed_)};
 };

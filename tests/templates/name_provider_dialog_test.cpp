@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "framework/desktop.h"
 #include "framework/ui/window_fixture.h"
 #include "templates/win_save.h"
 
@@ -17,7 +18,6 @@ struct Owner final : Window {
 class NamePrompt : public WindowFixture {
  protected:
   NamePrompt() {
-    SetMessageHandler([this](std::string_view text) { log += "[" + String(text) + "]"; });
     owner->dialog->Prompt = "What name?";
     owner->dialog->Text = "old";
     owner->dialog->Saved = [this](NameProviderDialog& sender) {
@@ -30,6 +30,7 @@ class NamePrompt : public WindowFixture {
 
   String log;
   QPointer<Owner> owner = new Owner;
+  HookGuard alerts = MsgBox.Set([this](std::string_view text) { log += "[" + String(text) + "]"; });
 };
 
 TEST_F(NamePrompt, Answers) {

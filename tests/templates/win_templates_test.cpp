@@ -1,5 +1,6 @@
 #include "templates/win_templates.h"
 
+#include "framework/desktop.h"
 #include "framework/ui/window_fixture.h"
 #include "persistence/preferences.h"
 #include "templates/templates_manager.h"
@@ -89,7 +90,7 @@ TEST_F(WinTemplates, EditModeEndsWithTheSelectionAndDeletesUntilUndo) {
 TEST_F(WinTemplates, FollowsTheStore) {
   chooser->list().SetListIndex(2);
   chooser->btnEdit().click();
-  SetDialogHandler([](const MessageDialog&) { return DialogButton::Action; });
+  const HookGuard question = ShowDialog.Set([](const MessageDialog&) { return DialogButton::Action; });
   TemplatesManager::Add("two", "22");
   TemplatesManager::Add("four", "4");
   EXPECT_EQ(State(), "one two three four [Done][Rename][Delete]") << "the edit mode goes on";

@@ -12,8 +12,8 @@
 #include <QSessionManager>
 #include <new>
 
+#include "framework/desktop.h"
 #include "framework/fault.h"
-#include "framework/message.h"
 #include "framework/text/text.h"
 #include "framework/ui/window.h"
 

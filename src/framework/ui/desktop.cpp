@@ -9,9 +9,7 @@
 #include <QPushButton>
 #include <QUrl>
 
-#include "framework/clipboard.h"
-#include "framework/message.h"
-#include "framework/show_url.h"
+#include "framework/desktop.h"
 #include "framework/ui/qt_text.h"
 #include "framework/ui/window.h"
 
@@ -125,16 +123,10 @@ QString AlertText(std::string_view text) {
   return WithBreaks(Cut(shown));
 }
 
-void InstallDialogs() {
-  SetMessageHandler(ShowMessage);
-  SetDialogHandler(ShowQuestion);
-}
-
-void InstallBrowser() { SetURLHandler(OpenInBrowser); }
-
-void InstallClipboard() {
-  SetClipboardHandlers({[] { return QGuiApplication::clipboard()->text().toStdString(); },
-                        [](std::string_view text) { QGuiApplication::clipboard()->setText(ToQString(text)); }});
+std::vector<HookGuard> InstallDesktop() {
+  return {MsgBox.Set(ShowMessage), ShowDialog.Set(ShowQuestion), ShowURL.Set(OpenInBrowser),
+          ClipboardText.Set([] { return QGuiApplication::clipboard()->text().toStdString(); }),
+          SetClipboardText.Set([](std::string_view text) { QGuiApplication::clipboard()->setText(ToQString(text)); })};
 }
 
 }  // namespace sumlet

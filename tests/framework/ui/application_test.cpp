@@ -3,6 +3,7 @@
 #include <QPaintEvent>
 #include <QTimer>
 
+#include "framework/desktop.h"
 #include "framework/fault.h"
 #include "framework/ui/desktop.h"
 #include "framework/ui/qt_text.h"
@@ -25,7 +26,7 @@ void ProcessAllEvents() {
 TEST_F(Faults, EndTheirEventAndAreToldOneAtATime) {
   FaultyWidget widget;
   std::vector<String> alerts;
-  SetMessageHandler([&](std::string_view text) {
+  const HookGuard handler = MsgBox.Set([&](std::string_view text) {
     alerts.emplace_back(text);
     // What the alert covers is painted again, and fails again.
     widget.show();

@@ -1,5 +1,5 @@
-// What the tests of windows share: time stands still, the settings have a folder of their own, and in the end nobody
-// answers a dialog any more and all windows are gone.
+// What the tests of windows share: time stands still, the settings have a folder of their own, and in the end all
+// windows are gone.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,7 +9,6 @@
 #include <QTest>
 #include <map>
 
-#include "framework/message.h"
 #include "framework/ui/timer.h"
 #include "framework/ui/window.h"
 
@@ -46,8 +45,6 @@ class WindowFixture : public testing::Test {
     for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"}) qputenv(variable, folder.path().toUtf8());
   }
   void TearDown() override {
-    SetMessageHandler({});
-    SetDialogHandler({});
     while (WindowCount() > 0) WindowAt(0).Close(true);
     DestroyClosed();
     QApplication::setPalette(QPalette());
