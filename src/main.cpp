@@ -117,7 +117,6 @@ int Run(Descriptor requests, const CommandLine& line, const std::vector<String>&
       std::move(requests), [&app] { return !app.Quitting(); },
       [&app](const auto& paths) { app.Event_Reopen(ItemsOf(paths)); });
 
-  (void)WindowCount();  // the list of windows comes into being, so that it outlives what follows
   const LastSave lastSave([&app] { app.SaveBeforeEnd(); });
 
   QMetaObject::invokeMethod(

@@ -18,40 +18,29 @@
 namespace sumlet {
 namespace {
 
-Array<Window*>& OpenWindows() {
-  static Array<Window*> windows;
-  return windows;
-}
-
-std::function<void()>& ListChanged() {
-  static std::function<void()> changed;
-  return changed;
-}
-
-std::function<void(Window&)>& MenuAttacher() {
-  static std::function<void(Window&)> attach;
-  return attach;
-}
+// Outlives whatever main() creates, which may still read it when the process exits.
+Array<Window*> openWindows;
+std::function<void()> listChanged;
+std::function<void(Window&)> attachMenus;
 
 int singleActivations = 0;
 
 void TakeOut(const Window* window) {
-  Array<Window*>& windows = OpenWindows();
-  for (Int32 i = windows.Ubound(); i >= 0; --i)
-    if (windows[i] == window) windows.Remove(i);
+  for (Int32 i = openWindows.Ubound(); i >= 0; --i)
+    if (openWindows[i] == window) openWindows.Remove(i);
 }
 
 void Forget(const Window* window) {
   const Int32 before = WindowCount();
   TakeOut(window);
-  if (WindowCount() != before && ListChanged()) ListChanged()();
+  if (WindowCount() != before && listChanged) listChanged();
 }
 
 void MoveToFront(Window* window) {
   const Int32 before = WindowCount();
   TakeOut(window);
-  OpenWindows().Insert(0, window);
-  if (WindowCount() != before && ListChanged()) ListChanged()();
+  openWindows.Insert(0, window);
+  if (WindowCount() != before && listChanged) listChanged();
 }
 
 // The screen on which the user works. Where there is one only, the desktop need not be asked for the pointer, and a
@@ -67,10 +56,10 @@ bool TellsPlaces() { return !QGuiApplication::platformName().startsWith(QLatin1S
 
 }  // namespace
 
-Int32 WindowCount() { return OpenWindows().Ubound() + 1; }
-Window& WindowAt(Int32 index) { return *OpenWindows()[index]; }
-void SetWindowListChanged(std::function<void()> changed) { ListChanged() = std::move(changed); }
-void SetMenuAttacher(std::function<void(Window& window)> attach) { MenuAttacher() = std::move(attach); }
+Int32 WindowCount() { return openWindows.Ubound() + 1; }
+Window& WindowAt(Int32 index) { return *openWindows[index]; }
+void SetWindowListChanged(std::function<void()> changed) { listChanged = std::move(changed); }
+void SetMenuAttacher(std::function<void(Window& window)> attach) { attachMenus = std::move(attach); }
 
 SingleActivation::SingleActivation() { ++singleActivations; }
 
@@ -92,7 +81,7 @@ Window::~Window() { Forget(this); }
 
 void Window::Create(bool visible) {
   Layout();
-  if (MenuAttacher()) MenuAttacher()(*this);
+  if (attachMenus) attachMenus(*this);
   if (placement_ == Placement::Staggered) Stagger();
   if (placement_ == Placement::Centred) Centre();
   CreateControls();
