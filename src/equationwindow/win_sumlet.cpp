@@ -15,8 +15,7 @@
 namespace sumlet {
 namespace {
 
-// Maximum length of the accessible description, so that a long result does not flood the session bus.
-constexpr Int32 spokenLength = 1000;  // characters
+constexpr Int32 calculationDelay = 250;  // ms from the last change of the text
 
 }  // namespace
 
@@ -49,7 +48,7 @@ void winSumlet::_CreateControls0() {
   AddControl(*textOutput_, {-1, 201, 367, 35}, Lock::Left | Lock::Right | Lock::Bottom);
   for (const TextArea* area : {textInput_, textOutput_}) area->viewport()->installEventFilter(this);
 
-  tmrCalculate_.SetPeriod(250);
+  tmrCalculate_.SetPeriod(calculationDelay);
   tmrCalculate_.Action = [this](Timer& sender) { tmrCalculate_Action(sender); };
   tmrDelayToggleFullscreen_.Action = [this](Timer& sender) { tmrDelayToggleFullscreen_Action(sender); };
 
@@ -64,10 +63,10 @@ void winSumlet::Event_Open() {
 
 void winSumlet::Event_Resized() { ArrangeControls(); }
 
-// Arming the armed timer restarts it: a burst of key strokes gives one calculation, 250 ms after the last of them.
+// Arming the armed timer restarts it: a burst of key strokes gives one calculation, calculationDelay after the last of
+// them.
 void winSumlet::textInput_TextChange(TextArea& /*sender*/) {
   if (Loading) return;
-  tmrCalculate_.SetPeriod(250);
   tmrCalculate_.SetMode(TimerMode::Single);
   if (Preferences::RememberEquations && ScheduleSave) ScheduleSave();
 }
@@ -102,7 +101,7 @@ void winSumlet::ShowResult() {
 // Sets the accessible description of the equation, because the focus stays there and a screen reader would not read the
 // strip. Qt notifies it only if the description changes.
 void winSumlet::Announce(std::string_view text) {
-  textInput().setAccessibleDescription(ToQString(sumlet::Left(text, spokenLength)));
+  textInput().setAccessibleDescription(SpokenText(text));
 }
 
 // A command that follows the last key at once is about the text that the user sees, not about the result of before.

@@ -26,10 +26,10 @@ class BorderedField final : public QLineEdit {
  protected:
   void paintEvent(QPaintEvent* event) override {
     QLineEdit::paintEvent(event);
-    constexpr QColor restingColour(0x8C, 0x8C, 0x8C);
+    constexpr QColor restingColor(0x8C, 0x8C, 0x8C);
     QPainter painter(this);
     const int width = hasFocus() ? border : 1;
-    QPen pen(hasFocus() ? AccentColour(palette()) : restingColour, width);
+    QPen pen(hasFocus() ? AccentColor(palette()) : restingColor, width);
     pen.setJoinStyle(Qt::MiterJoin);
     painter.setPen(pen);
     const qreal middle = width / 2.0;

@@ -22,9 +22,9 @@ constexpr Int32 smallTextSize = 11;  // pixels
 constexpr Int32 rowHeight = 60;      // pixels
 constexpr Int32 nameColumnWidth = 200;
 constexpr Int32 nameMargins = 10;  // horizontal space around a name, in pixels
-constexpr QColor bandColour(0xEF, 0xF4, 0xFA);
-constexpr QColor ruleColour(0xDD, 0xDD, 0xDD);
-constexpr QColor shadeColour(0x00, 0x38, 0xB0);
+constexpr QColor bandColor(0xEF, 0xF4, 0xFA);
+constexpr QColor ruleColor(0xDD, 0xDD, 0xDD);
+constexpr QColor shadeColor(0x00, 0x38, 0xB0);
 constexpr Int32 previewTextSize = 11;   // pixels
 constexpr Int32 previewLeftMargin = 2;  // pixels
 
@@ -38,7 +38,7 @@ QImage FadingShade(Int32 height) {
   for (Int32 y = 0; y < height; ++y) {
     const double t = static_cast<double>(y) / height;
     const int mask = static_cast<int>(maskAtTop * (1 - t) + maskAtBottom * t);
-    shade.setPixelColor(0, y, QColor(shadeColour.red(), shadeColour.green(), shadeColour.blue(), 255 - mask));
+    shade.setPixelColor(0, y, QColor(shadeColor.red(), shadeColor.green(), shadeColor.blue(), 255 - mask));
   }
   return shade;
 }
@@ -216,8 +216,8 @@ void winTemplates::FollowStore() {
 
 bool winTemplates::list_CellBackgroundPaint(CellGraphics& g, Int32 row, Int32 column) {
   const bool selected = row == list_->ListIndex();
-  if (row % 2 == 0 && !selected) g.painter.fillRect(0, 0, g.Width, g.Height, bandColour);
-  if (column > 0) g.painter.fillRect(0, 0, 1, g.Height, ruleColour);
+  if (row % 2 == 0 && !selected) g.painter.fillRect(0, 0, g.Width, g.Height, bandColor);
+  if (column > 0) g.painter.fillRect(0, 0, 1, g.Height, ruleColor);
   if (selected) {
     if (pOverlay.isNull()) pOverlay = FadingShade(g.Height);
     // Fills line by line, because scaling an image is much slower.

@@ -19,12 +19,7 @@
 namespace sumlet {
 namespace {
 
-constexpr QColor borderColour(0xA8, 0xA8, 0xA8);
-constexpr QColor selectionColour(0x2A, 0x6F, 0xC9);
 constexpr int textMargin = 4;  // pixels, left and right of a text
-
-// What is told of a cell to a screen reader and to the search by typing: enough to know it by.
-constexpr Int32 spokenLength = 1000;  // characters
 
 // Line ends, tabs and control characters become blanks; blanks stay as many as they are.
 QString OnOneLine(QString text) {
@@ -48,7 +43,8 @@ class Listbox::Rows final : public QAbstractTableModel {
   [[nodiscard]] int columnCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : columns_; }
 
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-    if (role == Qt::DisplayRole) return ToQString(sumlet::Left(Cell(index.row(), index.column()), spokenLength));
+    // Screen readers and the search by typing read this; the list paints its cells itself.
+    if (role == Qt::DisplayRole) return SpokenText(Cell(index.row(), index.column()));
     if (role == Qt::SizeHintRole && rowHeight >= 0) return QSize(1, rowHeight);
     return {};
   }
@@ -91,7 +87,7 @@ Listbox::Listbox(QWidget* parent, Int32 columnCount)
   setModel(rows_);
   setFrameStyle(QFrame::Box | QFrame::Plain);
   setLineWidth(1);
-  SetColours();
+  setPalette(PaperPalette());
   UseLightScrollBar(*this);
   setRootIsDecorated(false);
   setItemsExpandable(false);
@@ -141,15 +137,6 @@ const String& Listbox::Cell(Int32 row, Int32 column) const { return rows_->Cell(
 
 void Listbox::SetCell(Int32 row, Int32 column, String text) { rows_->SetCell(row, column, std::move(text)); }
 
-// Every colour that the list draws with. What the desktop says about the others, as of the scroll bar, holds.
-void Listbox::SetColours() {
-  QPalette colours;
-  colours.setColor(QPalette::Base, Qt::white);
-  colours.setColor(QPalette::Text, Qt::black);
-  colours.setColor(QPalette::WindowText, borderColour);
-  setPalette(colours);
-}
-
 // Styles may replace the palette and fill the area behind the rows in a colour of their own.
 void Listbox::paintEvent(QPaintEvent* event) {
   QPainter(viewport()).fillRect(event->rect(), Qt::white);
@@ -169,7 +156,7 @@ void Listbox::drawRow(QPainter* painter, const QStyleOptionViewItem& option, con
     CellGraphics g{*painter, cell.width(), cell.height()};
     painter->fillRect(0, 0, g.Width, g.Height, Qt::white);
     const bool backgroundDrawn = CellBackgroundPaint && CellBackgroundPaint(g, row, column);
-    if (!backgroundDrawn && selected) painter->fillRect(0, 0, g.Width, g.Height, selectionColour);
+    if (!backgroundDrawn && selected) painter->fillRect(0, 0, g.Width, g.Height, SelectionColor);
     if (!CellTextPaint || !CellTextPaint(g, row, column)) DrawText(g, row, column);
     painter->restore();
   }

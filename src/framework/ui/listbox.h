@@ -78,7 +78,6 @@ class Listbox : public QTreeView {
   using Row = std::array<String, largestColumnCount>;
   class Rows;
 
-  void SetColours();
   void DrawText(CellGraphics& g, Int32 row, Int32 column) const;
   [[nodiscard]] bool IsCut(const QModelIndex& cell) const;
   void ShowToolTip(const QHelpEvent& event);

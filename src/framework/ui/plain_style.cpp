@@ -1,7 +1,6 @@
 #include "framework/ui/plain_style.h"
 
 #include <QGuiApplication>
-#include <QPalette>
 #include <QScrollBar>
 #include <QStyleFactory>
 #include <cstdlib>
@@ -13,12 +12,20 @@ QStyle& PlainStyle() {
   return *style;
 }
 
-QColor AccentColour(const QPalette& palette) {
+QColor AccentColor(const QPalette& palette) {
   constexpr int smallestContrast = 64;  // of lightnesses from 0 to 255
   const QColor accent = palette.color(QPalette::Highlight);
   const QColor text = palette.color(QPalette::ButtonText);
   if (std::abs(accent.lightness() - palette.color(QPalette::Button).lightness()) >= smallestContrast) return accent;
   return {(accent.red() + text.red()) / 2, (accent.green() + text.green()) / 2, (accent.blue() + text.blue()) / 2};
+}
+
+QPalette PaperPalette() {
+  QPalette palette;
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::Text, Qt::black);
+  palette.setColor(QPalette::WindowText, QColor(0xA8, 0xA8, 0xA8));
+  return palette;
 }
 
 // Styles for dark desktops draw scroll bars in colours of their own and ignore the palette. Others lay the bar over the

@@ -58,7 +58,7 @@ void PushButton::paintEvent(QPaintEvent* /*event*/) {
   painter.drawItemText(rect(), Qt::AlignCenter | Qt::TextSingleLine, option.palette, isEnabled(), text(),
                        QPalette::ButtonText);
   painter.setRenderHint(QPainter::Antialiasing);
-  if (isDefault() && isEnabled()) DrawOutline(painter, rect(), QPen(AccentColour(palette()), 2), 0);
+  if (isDefault() && isEnabled()) DrawOutline(painter, rect(), QPen(AccentColor(palette()), 2), 0);
   if (hasFocus()) DrawOutline(painter, rect(), QPen(palette().buttonText(), 1, Qt::DotLine), 2);
 }
 

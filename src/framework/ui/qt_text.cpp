@@ -13,4 +13,9 @@ QString ToQString(std::string_view utf8) {
 
 String FromQString(const QString& text) { return text.toStdString(); }
 
+QString SpokenText(std::string_view utf8) {
+  constexpr Int32 mostCharacters = 1000;
+  return ToQString(Left(utf8, mostCharacters));
+}
+
 }  // namespace sumlet

@@ -13,4 +13,8 @@ namespace sumlet {
 // Every character comes across; half of a surrogate pair becomes U+FFFD.
 [[nodiscard]] String FromQString(const QString& text);
 
+// Returns the beginning of a text for a screen reader, at most 1000 characters, so that a long text does not flood the
+// session bus.
+[[nodiscard]] QString SpokenText(std::string_view utf8);
+
 }  // namespace sumlet

@@ -20,9 +20,7 @@
 namespace sumlet {
 namespace {
 
-constexpr QColor borderColour(0xA8, 0xA8, 0xA8);
-constexpr QColor selectionColour(0x2A, 0x6F, 0xC9);
-constexpr QColor restingSelectionColour(0xD4, 0xD4, 0xD4);
+constexpr QColor restingSelectionColor(0xD4, 0xD4, 0xD4);
 constexpr int longLine = 4096;  // characters
 constexpr int sideMargin = 4;   // pixels between the text and the area's edges
 constexpr int topMargin = 3;
@@ -71,7 +69,7 @@ QString WithLineFeeds(QString raw) { return raw.replace(QChar::ParagraphSeparato
 TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent), lineFormats_(new LineFormats(document())) {
   setFrameStyle(QFrame::Box | QFrame::Plain);
   setLineWidth(1);
-  SetColours(false);
+  SetColors(false);
   UseLightScrollBar(*this);
   setBackgroundRole(QPalette::Base);        // of the margins; the text's own background is that anyway
   setForegroundRole(QPalette::WindowText);  // of the border
@@ -204,19 +202,15 @@ void TextArea::SetScrollbarVertical(bool shown) {
   setVerticalScrollBarPolicy(shown ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
 }
 
-// Every colour that an area draws with. What the desktop says about the others, as of the scroll bar, holds.
-void TextArea::SetColours(bool selectionOutlivesFocus) {
-  QPalette colours;
-  colours.setColor(QPalette::Base, Qt::white);
-  colours.setColor(QPalette::Text, Qt::black);
-  colours.setColor(QPalette::WindowText, borderColour);
-  colours.setColor(QPalette::PlaceholderText, Qt::gray);
-  colours.setColor(QPalette::Highlight, selectionColour);
-  colours.setColor(QPalette::HighlightedText, Qt::white);
-  colours.setColor(QPalette::Inactive, QPalette::Highlight,
-                   selectionOutlivesFocus ? restingSelectionColour : QColor(Qt::white));
-  colours.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
-  setPalette(colours);
+void TextArea::SetColors(bool selectionOutlivesFocus) {
+  QPalette colors = PaperPalette();
+  colors.setColor(QPalette::PlaceholderText, Qt::gray);
+  colors.setColor(QPalette::Highlight, SelectionColor);
+  colors.setColor(QPalette::HighlightedText, Qt::white);
+  colors.setColor(QPalette::Inactive, QPalette::Highlight,
+                  selectionOutlivesFocus ? restingSelectionColor : QColor(Qt::white));
+  colors.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
+  setPalette(colors);
 }
 
 void TextArea::changeEvent(QEvent* event) {
@@ -228,7 +222,7 @@ void TextArea::changeEvent(QEvent* event) {
 }
 
 void TextArea::focusInEvent(QFocusEvent* event) {
-  SetColours(true);
+  SetColors(true);
   QPlainTextEdit::focusInEvent(event);
 }
 
@@ -236,8 +230,8 @@ void TextArea::focusInEvent(QFocusEvent* event) {
 // is in front: the focus comes back, and a command of the menu is about this selection.
 void TextArea::focusOutEvent(QFocusEvent* event) {
   const Qt::FocusReason reason = event->reason();
-  SetColours(reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
-             reason == Qt::ActiveWindowFocusReason);
+  SetColors(reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+            reason == Qt::ActiveWindowFocusReason);
   QPlainTextEdit::focusOutEvent(event);
 }
 

@@ -65,9 +65,9 @@ class TextArea : public QPlainTextEdit {
   // which an input method composes.
   [[nodiscard]] std::vector<FreeRoom> RoomsBesideLines(int top, int bottom) const;
 
-  // Colours line i in colours[i]; an invalid colour, or none, is black. No change of the text, and what is typed into a
+  // Colours line i in colors[i]; an invalid colour, or none, is black. No change of the text, and what is typed into a
   // coloured line takes its colour.
-  void SetLineColors(const std::vector<QColor>& colours) { lineFormats_->Apply(colours); }
+  void SetLineColors(const std::vector<QColor>& colors) { lineFormats_->Apply(colors); }
 
   // Runs after each change of the text, those by SetText included; not for a change of its looks.
   std::function<void(TextArea& sender)> TextChange;
@@ -100,7 +100,7 @@ class TextArea : public QPlainTextEdit {
   [[nodiscard]] FreeRoom RoomBeside(const QTextBlock& block, qreal top) const;
   [[nodiscard]] bool WrapsAnywhere(QStringView text) const;
   void SetMargins();
-  void SetColours(bool selectionOutlivesFocus);
+  void SetColors(bool selectionOutlivesFocus);
   void ClearSelection();
   void WrapAnywhereIfLong(int position, int added);
   void WrapAtWordsIfShort();
