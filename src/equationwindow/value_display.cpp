@@ -39,15 +39,11 @@ ValueDisplay::ValueDisplay(TextArea& area, const QColor& color)
   area.viewport()->setMouseTracking(true);
   connect(area.document(), &QTextDocument::contentsChange, this, [this](int position, int /*removed*/, int added) {
     values_.Follow(*area_->document(), position, added);
-    flashing_ = -1;
     HideToolTip(*area_->viewport());
-    area_->viewport()->update();
+    StopFlashing();
   });
   tmrFlash_.SetPeriod(flashPeriod);
-  tmrFlash_.Action = [this](Timer&) {
-    flashing_ = -1;
-    area_->viewport()->update();
-  };
+  tmrFlash_.Action = [this](Timer&) { StopFlashing(); };
 }
 
 ValueDisplay::~ValueDisplay() {
@@ -63,9 +59,15 @@ void ValueDisplay::SetValues(LineValues values) {
   area_->viewport()->update();
 }
 
-void ValueDisplay::Flash(Int32 line) {
-  flashing_ = line;
+void ValueDisplay::Flash(Int32 first, Int32 last) {
+  firstFlashing_ = first;
+  lastFlashing_ = last;
   tmrFlash_.SetMode(TimerMode::Single);
+  area_->viewport()->update();
+}
+
+void ValueDisplay::StopFlashing() {
+  lastFlashing_ = firstFlashing_ - 1;
   area_->viewport()->update();
 }
 
@@ -95,7 +97,7 @@ void ValueDisplay::Paint(const QRect& area) {
   QPainter painter(area_->viewport());
   painter.setFont(area_->font());
   for (const Shown& shown : ShownBetween(area.top(), area.bottom())) {
-    const bool isFlashing = shown.line == flashing_;
+    const bool isFlashing = shown.line >= firstFlashing_ && shown.line <= lastFlashing_;
     if (isFlashing) painter.fillRect(shown.place, area_->palette().color(QPalette::Active, QPalette::Highlight));
     painter.setPen(isFlashing ? area_->palette().color(QPalette::Base) : color_);
     painter.drawText(QPointF(shown.place.left(), shown.baseline), shown.text);

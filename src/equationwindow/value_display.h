@@ -32,8 +32,8 @@ class ValueDisplay final : public QObject {
   void SetValues(LineValues values);
   [[nodiscard]] const LineValues& Values() const { return values_; }
 
-  // Shows the value of a line, 0-based, inverted for a moment.
-  void Flash(Int32 line);
+  // Shows the values of the lines from `first` to `last`, 0-based and both included, inverted for a moment.
+  void Flash(Int32 first, Int32 last);
 
   // What is shown beside a line.
   struct Shown {
@@ -52,6 +52,7 @@ class ValueDisplay final : public QObject {
 
  private:
   [[nodiscard]] std::optional<Shown> ShownAt(const QPoint& place) const;
+  void StopFlashing();
   void Paint(const QRect& area);
   [[nodiscard]] bool ShowToolTip(const QHelpEvent& event) const;
   [[nodiscard]] bool Press(const QMouseEvent& event);
@@ -64,7 +65,8 @@ class ValueDisplay final : public QObject {
   LineValues values_;
   std::optional<QPoint> pressed_;  // where the left button went down on a value
   bool isForwarding_ = false;      // of such a press to the area
-  Int32 flashing_ = -1;            // the line
+  Int32 firstFlashing_ = 0;        // line; none flashes while the last is before the first
+  Int32 lastFlashing_ = -1;
   Timer tmrFlash_;
 };
 

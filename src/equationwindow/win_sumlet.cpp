@@ -16,6 +16,7 @@ namespace sumlet {
 namespace {
 
 constexpr Int32 calculationDelay = 250;  // ms from the last change of the text
+constexpr Int32 noticePeriod = 2000;     // ms, long enough for a screen reader to begin to speak
 
 }  // namespace
 
@@ -50,6 +51,8 @@ void winSumlet::_CreateControls0() {
 
   tmrCalculate_.SetPeriod(calculationDelay);
   tmrCalculate_.Action = [this](Timer& sender) { tmrCalculate_Action(sender); };
+  tmrNotice_.SetPeriod(noticePeriod);
+  tmrNotice_.Action = [this](Timer&) { Announce(textOutput().Text()); };
   tmrDelayToggleFullscreen_.Action = [this](Timer& sender) { tmrDelayToggleFullscreen_Action(sender); };
 
   TemplateSaver_.Saved = [this](const NameProviderDialog& sender) { TemplateSaver_Saved(sender); };
@@ -101,7 +104,13 @@ void winSumlet::ShowResult() {
 // Sets the accessible description of the equation, because the focus stays there and a screen reader would not read the
 // strip. Qt notifies it only if the description changes.
 void winSumlet::Announce(std::string_view text) {
+  tmrNotice_.SetMode(TimerMode::Off);
   textInput().setAccessibleDescription(SpokenText(text));
+}
+
+void winSumlet::AnnounceForAMoment(std::string_view notice) {
+  Announce(notice);
+  tmrNotice_.SetMode(TimerMode::Single);
 }
 
 // A command that follows the last key at once is about the text that the user sees, not about the result of before.

@@ -116,6 +116,8 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   void CalculateIfDue();
   void ShowResult();
   void Announce(std::string_view text);
+  // Announces the result again afterwards.
+  void AnnounceForAMoment(std::string_view notice);
   [[nodiscard]] LineValues CurrentValues();
   [[nodiscard]] bool LineMayHaveValue(Int32 line) const;
   void CopyValue(Int32 line, std::string_view value);
@@ -129,6 +131,7 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   TextArea* textOutput_ = nullptr;
   std::unique_ptr<ValueDisplay> valueDisplay_;  // while values are shown
   Timer tmrCalculate_;
+  Timer tmrNotice_;
   NameProviderDialog TemplateSaver_;
   Timer tmrDelayToggleFullscreen_;
   int wheelTurn_ = 0;                    // less than a step, in eighths of a degree

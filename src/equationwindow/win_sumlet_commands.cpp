@@ -10,6 +10,7 @@
 #include "equationwindow/value_text.h"
 #include "equationwindow/win_sumlet.h"
 #include "framework/desktop.h"
+#include "framework/text/numbers.h"
 #include "framework/ui/file_dialogs.h"
 #include "framework/ui/menu_bar.h"
 #include "framework/ui/qt_text.h"
@@ -85,8 +86,8 @@ LineValues winSumlet::CurrentValues() {
 void winSumlet::CopyValue(Int32 line, std::string_view value) {
   if (value.empty()) return;
   SetClipboardText(value);
-  Announce("Copied " + String(value));
-  if (valueDisplay_ != nullptr) valueDisplay_->Flash(line);
+  AnnounceForAMoment("Copied " + String(value));
+  if (valueDisplay_ != nullptr) valueDisplay_->Flash(line, line);
 }
 
 bool winSumlet::_EditCopyLineValue_Action() {
@@ -108,6 +109,9 @@ bool winSumlet::_EditCopyWithValues_Action() {
   }
   const LineValues values = CurrentValues();
   SetClipboardText(TextWithValues(math->equationText, values, first, last));
+  const Int32 count = last - first + 1;
+  AnnounceForAMoment("Copied " + Str(count) + (count == 1 ? " line" : " lines") + " with values");
+  if (valueDisplay_ != nullptr) valueDisplay_->Flash(first, last);
   return true;
 }
 
