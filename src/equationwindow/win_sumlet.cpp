@@ -147,13 +147,21 @@ void winSumlet::ShowLineValues(bool shown) {
   Calculate();
 }
 
+// A window that is built and filled before it first shows would otherwise be arranged after each step, and the width at
+// which its result wraps is not known before it shows.
 void winSumlet::ArrangeControls() {
+  if (!isVisible()) return;
   textOutput_->SetScrollbarVertical(false);  // a bar, while it stands, takes room from the lines that are counted
   const Int32 lines = textOutput_->LineNumAtCharPos(Len(textOutput_->Text()));
   const AreaLayout layout = LayOutAreas(Height(), textInput_->LineHeight(TextSize), lines);
   textOutput_->setGeometry(textOutput_->x(), layout.outputTop, textOutput_->width(), layout.outputHeight);
   textOutput_->SetScrollbarVertical(layout.outputScrolls);
   textInput_->setGeometry(textInput_->x(), layout.inputTop, textInput_->width(), layout.inputHeight);
+}
+
+void winSumlet::showEvent(QShowEvent* event) {
+  BaseWindow::showEvent(event);
+  ArrangeControls();
 }
 
 // The areas have the desktop's font, which may change while the window is open.
@@ -223,7 +231,6 @@ void winSumlet::RestoreFrom(const MyWindowManager::Record& record) {
   if (VariantToBoolean(record.LoadItem("fullscreen", BooleanToVariant(false)))) window->delayToggleFullscreen();
   window->SetEquation(text("name"), DecodeURLComponent(text("equation")));
   window->Show();
-  window->ArrangeControls();  // the result is wrapped only now that its area has its width
 }
 
 String winSumlet::GetFirstLine() const {

@@ -102,6 +102,7 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   void Event_Resized() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   static constexpr Int32 smallestSize = 64;  // of the content, either way, in pixels
