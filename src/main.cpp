@@ -1,5 +1,4 @@
 // The window program: wires the parts together and runs them.
-#include <QScopeGuard>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -13,10 +12,8 @@
 #include "framework/ui/incoming_files.h"
 #include "shell/app.h"
 #include "shell/application_icon.h"
-#include "shell/last_save.h"
 #include "shell/menus.h"
-#include "shell/no_display.h"
-#include "shell/quit_signals.h"
+#include "shell/process_end.h"
 #include "shell/single_instance.h"
 #include "shell/start_message.h"
 #include "shell/start_requests.h"
@@ -62,14 +59,6 @@ void SetUp() {
   App::ConnectSettings();
 }
 
-// Ends the process with `status` in place of destroying the toolkit on Wayland: its plug-in sometimes waits for its own
-// thread for ever. Everything is saved by then.
-auto SkipEndOnWayland(const int& status) {
-  return qScopeGuard([&status] {
-    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) std::_Exit(status);
-  });
-}
-
 // The message goes to the standard error output as well, because there may be no display.
 int EndUnanswered() {
   constexpr char message[] = "Sumlet is already running, but it does not answer.";
@@ -77,7 +66,7 @@ int EndUnanswered() {
   std::fprintf(stderr, "sumlet: %s\n", message);
   const NoDisplayEndsProgram noDisplay;
   const Application application;
-  const auto end = SkipEndOnWayland(status);
+  const QuickEndOnWayland end(status);
   const auto desktop = InstallDesktop();
   MsgBox(message);
   return status;
@@ -87,7 +76,7 @@ int Run(Descriptor requests, const CommandLine& line, const std::vector<String>&
   int status = EXIT_SUCCESS;
   std::optional<NoDisplayEndsProgram> noDisplay(std::in_place);
   Application application(SessionOf(line));
-  const auto end = SkipEndOnWayland(status);
+  const QuickEndOnWayland end(status);
   noDisplay.reset();
   SetUp();
   const auto desktop = InstallDesktop();
