@@ -103,20 +103,24 @@ String MathClass::DoOperation(std::string_view left, std::string_view right, std
     if (leftNumber.empty() || rightNumber.empty()) return Fail(errors::twoArgumentsRequired, op);
     return ValueText(Operate(sign, CDbl(leftNumber), CDbl(rightNumber)));
   }
-  const String answer = DoFunction(leftNumber, rightNumber, op);
-  return Fail(answer != errors::functionUnknown ? errors::oneArgumentFormat : errors::functionUnknown, op);
+  return Fail(FindFunction(op) != nullptr ? errors::oneArgumentFormat : errors::functionUnknown, op);
 }
 
 String MathClass::DoFunction(std::string_view argument1, std::string_view argument2, std::string_view name) {
   const Function* function = FindFunction(name);
-  if (function == nullptr) return Fail(errors::functionUnknown, name);
-  if (function->ofTwo != nullptr) {
+  return function != nullptr ? Apply(*function, name, argument1, argument2) : Fail(errors::functionUnknown, name);
+}
+
+// `name` is the function's name as the text has it.
+String MathClass::Apply(const Function& function, std::string_view name, std::string_view argument1,
+                        std::string_view argument2) {
+  if (function.IsFraction()) return DecimalToFraction(CDbl(argument1));
+  if (function.ofTwo != nullptr) {
     if (argument1.empty() || argument2.empty()) return Fail(errors::twoArgumentFormat, name);
-    return ValueText(Abs(function->ofTwo(CDbl(argument1), CDbl(argument2))));
+    return ValueText(Abs(function.ofTwo(CDbl(argument1), CDbl(argument2))));
   }
-  if (function->ofOne == nullptr) return DecimalToFraction(CDbl(argument1));
   if (argument1.empty()) return Fail(errors::oneArgumentFormat, name);
-  return ValueText(Abs(function->ofOne(CDbl(argument1))));
+  return ValueText(Abs(function.ofOne(CDbl(argument1))));
 }
 
 String MathClass::DecimalToFraction(double value) {

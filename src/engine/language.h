@@ -77,6 +77,7 @@ struct Function {
   // cos(pi) is 1.
   double (*ofOne)(double);
   double (*ofTwo)(double, double);
+  [[nodiscard]] constexpr bool IsFraction() const { return ofOne == nullptr && ofTwo == nullptr; }
 };
 
 // In characters. That many in front of a parenthesis are tried as a name.

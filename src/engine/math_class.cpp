@@ -98,7 +98,7 @@ bool MathClass::EvaluateStraight(std::string_view line, String& value) {
   if (isAssignment) {
     const bool isWord =
         !name.empty() && std::none_of(name.begin(), name.end(), [](char c) { return IsIn(c, delimiter); });
-    if (!isWord || ResultIsError(name) || !NameError(name).empty()) return false;
+    if (!isWord || ResultIsError(name) || FindFunction(name) != nullptr) return false;
   }
   const std::optional<StraightLine::Value> result =
       straightLine_.Evaluate(isAssignment ? line.substr(equalsSign + 1) : line);
@@ -161,21 +161,14 @@ String MathClass::Assign(std::string_view expression, std::size_t equalsSign) {
   const std::string_view rightSide = expression.substr(equalsSign + 1);
   if (rightSide.find('=') != std::string_view::npos) return String(errors::multipleAssignments);
   const std::string_view name = Trimmed(expression.substr(0, equalsSign));
-  const std::string_view nameError = NameError(name);
-  if (nameError == errors::nameContainsSpace) return Fail(nameError, name);
+  if (name.find(' ') != std::string_view::npos) return Fail(errors::nameContainsSpace, name);
 
   String value = Reduce(SubstituteVariables(rightSide));
   if (ResultIsError(value) || name.empty()) return value;
-  if (!nameError.empty()) return Fail(nameError, name);
+  if (FindFunction(name) != nullptr) return Fail(errors::nameIsFunction, name);
   ResultDetails = name;
   AddVariable(name, value);
   return value;
-}
-
-// Why nothing can be assigned to `name`; empty when it can.
-std::string_view MathClass::NameError(std::string_view name) {
-  if (name.find(' ') != std::string_view::npos) return errors::nameContainsSpace;
-  return FindFunction(name) != nullptr ? errors::nameIsFunction : std::string_view();
 }
 
 String MathClass::Rewrite(RewriteBuffer& text) {

@@ -80,8 +80,8 @@ class MathClass {
 
   // A function found in front of a parenthesis.
   struct Call {
-    std::string_view name;  // the last characters of the text in front of the parenthesis
-    String value;
+    std::string_view name;     // the last characters of the text in front of the parenthesis
+    const Function* function;  // nullptr for dec, which takes its argument as text
   };
 
   [[nodiscard]] bool EvaluateStraight(std::string_view line, String& value);
@@ -89,7 +89,6 @@ class MathClass {
   // One text to its value or error.
   [[nodiscard]] String Reduce(std::string_view expression);
   [[nodiscard]] String Assign(std::string_view expression, std::size_t equalsSign);
-  [[nodiscard]] static std::string_view NameError(std::string_view name);
   [[nodiscard]] String Rewrite(RewriteBuffer& text);
   [[nodiscard]] Ending ReduceBars(RewriteBuffer& text);
   [[nodiscard]] String ReduceOperators(RewriteBuffer& text);
@@ -99,9 +98,10 @@ class MathClass {
   [[nodiscard]] Ending ReduceParentheses(RewriteBuffer& text);
   [[nodiscard]] std::size_t UnwrapNumber(RewriteBuffer& text);
   [[nodiscard]] Ending ReduceInnermost(RewriteBuffer& text);
-  [[nodiscard]] String RefuseDisorder(std::string_view front);
-  [[nodiscard]] std::optional<Call> FindCall(std::string_view front, std::string_view argument1,
-                                             std::string_view argument2);
+  [[nodiscard]] Ending ReduceCall(RewriteBuffer& text, const Call& call, std::string_view inner, std::string_view first,
+                                  std::string_view second);
+  [[nodiscard]] String FailUnclosed(std::string_view front);
+  [[nodiscard]] std::optional<Call> FindCall(std::string_view front);
 
   // operators.cpp
   [[nodiscard]] static bool LookupNextOp(RewriteBuffer& text, std::size_t& level);
@@ -111,6 +111,8 @@ class MathClass {
   [[nodiscard]] static String CleanupNumber(std::string_view text);
   [[nodiscard]] String DoOperation(std::string_view left, std::string_view right, std::string_view op);
   [[nodiscard]] String DoFunction(std::string_view argument1, std::string_view argument2, std::string_view name);
+  [[nodiscard]] String Apply(const Function& function, std::string_view name, std::string_view argument1,
+                             std::string_view argument2);
   [[nodiscard]] static String DecimalToFraction(double value);
   [[nodiscard]] static String FractionToDecimal(std::string_view text);
 

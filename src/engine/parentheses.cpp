@@ -69,7 +69,7 @@ MathClass::Ending MathClass::ReduceParentheses(RewriteBuffer& text) {
   }
   if (open == 0) return {};
   const std::string_view whole = text.Whole();
-  return RefuseDisorder(whole.substr(0, whole.find('(')));
+  return FailUnclosed(whole.substr(0, whole.find('(')));
 }
 
 // Takes away plain pairs that hold nothing but the value put in last, all that stand one inside the other, and gives
@@ -94,54 +94,58 @@ MathClass::Ending MathClass::ReduceInnermost(RewriteBuffer& text) {
   const std::string_view inner = before.substr(open + 1);
   const bool hasComma = inner.find(',') != std::string_view::npos;
 
-  String a;
-  String b;
+  String first;
+  String second;
   if (hasComma) {
-    a = Reduce(NthField(inner, ",", 1));
-    b = Reduce(NthField(inner, ",", 2));
+    first = Reduce(NthField(inner, ",", 1));
+    second = Reduce(NthField(inner, ",", 2));
   } else {
-    a = Reduce(inner);
+    first = Reduce(inner);
   }
-  if (ResultIsError(a)) return a;
-  if (ResultIsError(b)) return b;
+  if (ResultIsError(first)) return first;
+  if (ResultIsError(second)) return second;
 
-  std::string_view front = before.substr(0, open);
-  const std::optional<Call> call = FindCall(front, a, b);
-  if (call && SameText(call->name, "dec")) return FractionToDecimal(inner);
-  String value;
-  if (call) {
-    value = call->value;
-    front.remove_suffix(call->name.size());
-  } else if (hasComma) {
-    value = Reduce(inner);
-  } else {
-    value = std::move(a);
+  if (const std::optional<Call> call = FindCall(before.substr(0, open))) {
+    return ReduceCall(text, *call, inner, first, second);
   }
+  const String value = hasComma ? Reduce(inner) : std::move(first);
   if (ResultIsError(value)) return value;
-  if (call && SameText(call->name, "frac")) {
+  text.Replace(before.size() - open, 1, value, SeamTrim::WhiteSpace);
+  return {};
+}
+
+// `inner` is what the parentheses of the call hold, `first` and `second` are its reduced arguments. The cursor stands
+// in front of the ")".
+MathClass::Ending MathClass::ReduceCall(RewriteBuffer& text, const Call& call, std::string_view inner,
+                                        std::string_view first, std::string_view second) {
+  if (call.function == nullptr) return FractionToDecimal(inner);
+  String value = Apply(*call.function, call.name, first, second);
+  if (ResultIsError(value)) return value;
+  const std::string_view before = text.Before();
+  const std::string_view front = before.substr(0, static_cast<std::size_t>(call.name.data() - before.data()));
+  if (call.function->IsFraction()) {
     const bool isAlone = Trimmed(front).empty() && Trimmed(text.After().substr(1)).empty();
     return isAlone ? value : String(errors::fractionNotAlone);
   }
   // Fields behind the second are dropped with whatever stood in them, a bar included.
-  if (call && (CountFields(inner, "|") - 1) % 2 == 1) return String(errors::unmatchedBar);
+  if ((CountFields(inner, "|") - 1) % 2 == 1) return String(errors::unmatchedBar);
   text.Replace(before.size() - front.size(), 1, value, SeamTrim::WhiteSpace);
   return {};
 }
 
 // The first "(" has no ")" behind it. Its empty inside is put back between a front and a rest that then hold too many
 // ")", unless a name in front of it is answered first.
-String MathClass::RefuseDisorder(std::string_view front) {
-  const std::optional<Call> call = FindCall(front, {}, {});
+String MathClass::FailUnclosed(std::string_view front) {
+  const std::optional<Call> call = FindCall(front);
   if (!call) return String(errors::unmatchedParenthesis);
-  if (SameText(call->name, "dec")) return FractionToDecimal({});
-  return SameText(call->name, "frac") ? String(errors::fractionNotAlone) : call->value;
+  if (call->function == nullptr) return FractionToDecimal({});
+  if (call->function->IsFraction()) return String(errors::fractionNotAlone);
+  return Apply(*call->function, call->name, {}, {});
 }
 
 // Tries the last five characters of `front` as a name, then the last four and so on, so that the longest name wins and
-// a name needs nothing in front of it. "dec" is reported without a value. Each name tried in vain stays in
-// ResultDetails until the next.
-std::optional<MathClass::Call> MathClass::FindCall(std::string_view front, std::string_view argument1,
-                                                   std::string_view argument2) {
+// a name needs nothing in front of it. Each name tried in vain stays in ResultDetails until the next.
+std::optional<MathClass::Call> MathClass::FindCall(std::string_view front) {
   if (front.empty() || !CanEndFunctionName(front.back())) {
     ResultDetails = front.substr(front.size() - LastCharacterLength(front));
     return {};
@@ -155,9 +159,9 @@ std::optional<MathClass::Call> MathClass::FindCall(std::string_view front, std::
     name = front.substr(front.size() - bytes);
   }
   for (auto name = names.rbegin(); name != names.rend(); ++name) {
-    if (SameText(*name, "dec")) return Call{*name, {}};
-    String value = DoFunction(argument1, argument2, *name);
-    if (value != errors::functionUnknown) return Call{*name, std::move(value)};
+    const Function* function = FindFunction(*name);
+    if (function != nullptr || SameText(*name, "dec")) return Call{*name, function};
+    ResultDetails = *name;
   }
   return {};
 }

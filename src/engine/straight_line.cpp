@@ -99,7 +99,7 @@ class StraightLine::Walk {
       const std::string_view name(begin, static_cast<std::size_t>(at_ - begin));
       function = FindFunction(name);
       if (function == nullptr || function->name.size() != name.size()) return false;  // a letter outside ASCII
-      if (function->ofOne == nullptr && function->ofTwo == nullptr) return false;
+      if (function->IsFraction()) return false;
     }
     waiting_.push_back(
         {.level = group, .isNegated = isNegated, .isFirst = isFirst, .function = function, .begin = begin});
