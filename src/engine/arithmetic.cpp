@@ -1,6 +1,7 @@
-// The value of one operator, of one function and of one fraction. Operands and values are text.
+// Evaluates single operators, functions and fractions. Operands and values are text.
 //
-// Fractions are read off the digits of a number and not off its value; the results show it, and are wanted so.
+// Fractions are computed from the digits of a number as it is written, not from its value. This gives odd results for
+// some numbers, and users rely on them.
 #include "engine/arithmetic.h"
 
 #include <cstdint>
@@ -23,13 +24,13 @@ bool IsRepeating(std::string_view digits) {
   return digits.size() >= 2 && digits.find_first_not_of(digits.front()) == std::string_view::npos;
 }
 
-// The classic step for a repeating decimal: ten times x less x is a whole number of ninths.
+// For a repeating decimal x, 10x - x is a whole number of ninths.
 Fraction RepeatingFraction(double value) {
   const Int32 ninths = ToInt32(Ceil(value * 10 - value));
   return {ninths / 9, ninths % 9, 9};
 }
 
-// The denominator has as many zeros as the numerator has digits, so zeros right behind the point are lost.
+// The denominator has as many zeros as the numerator has digits, so zeros directly behind the point are lost.
 Fraction TerminatingFraction(Int32 whole, Int32 numerator) {
   String power = "1";
   power.append(Str(numerator).size(), '0');
@@ -73,7 +74,7 @@ String ValueText(double value) {
   return text;
 }
 
-// Blanks go, so that digits they divide become one number, and pairs of minus signs cancel.
+// Removes blanks, so that digits separated by them become one number, and cancels pairs of minus signs.
 String MathClass::CleanupNumber(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
@@ -111,7 +112,7 @@ String MathClass::DoFunction(std::string_view argument1, std::string_view argume
   return function != nullptr ? Apply(*function, name, argument1, argument2) : Fail(errors::functionUnknown, name);
 }
 
-// `name` is the function's name as the text has it.
+// `name` is the function's name as the user wrote it, for ResultDetails.
 String MathClass::Apply(const Function& function, std::string_view name, std::string_view argument1,
                         std::string_view argument2) {
   if (function.IsFraction()) return DecimalToFraction(CDbl(argument1));
@@ -131,7 +132,7 @@ String MathClass::DecimalToFraction(double value) {
   return FractionText(IsRepeating(digits) ? RepeatingFraction(value) : TerminatingFraction(whole, numerator));
 }
 
-// Takes a whole number, a blank and a fraction; a fraction alone is incomplete.
+// Expects a whole number, a blank and a fraction; a fraction alone is incomplete.
 String MathClass::FractionToDecimal(std::string_view text) {
   const String parts = WithSingleBlanks(Trimmed(text));
   if (parts.find('/') == String::npos) return String(errors::notAFraction);

@@ -1,16 +1,16 @@
-// The operators as arithmetic, and the form of every computed value.
+// The arithmetic of the operators, and the text form of computed values.
 #pragma once
 
 #include "framework/text/numbers.h"
 
 namespace sumlet {
 
-// Both cut their operands to Int32, and compute in 64 bits so that no pair of operands traps. A divisor that is then 0
-// gives the quotient 0, and the dividend as the remainder. The remainder has the sign of the dividend.
+// Both truncate their operands to Int32, and compute in 64 bits so that no pair of operands overflows. For a divisor of
+// 0 the quotient is 0 and the remainder is the dividend. The remainder has the sign of the dividend.
 [[nodiscard]] double IntegerQuotient(double dividend, double divisor);
 [[nodiscard]] double IntegerRemainder(double dividend, double divisor);
 
-// The unrounded value of the operator `sign`, one of those that language.h gives a level of precedence.
+// The unrounded value of the operator `sign`, which must be an operatorSign of language.h.
 [[nodiscard]] inline double Operate(char sign, double left, double right) {
   switch (sign) {
     case '+':
@@ -30,7 +30,7 @@ namespace sumlet {
   }
 }
 
-// A computed value as it goes back into a line: rounded to ten places, with its sign.
+// The text of a computed value, rounded to ten decimals.
 [[nodiscard]] String ValueText(double value);
 
 }  // namespace sumlet

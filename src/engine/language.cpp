@@ -1,4 +1,4 @@
-// The functions of the line language: one more is a row of a table.
+// The table of functions. To add a function, add a row.
 #include "engine/language.h"
 
 #include <algorithm>
@@ -18,7 +18,7 @@ constexpr Function functions[] = {
     {"atan2", nullptr, ATan2},
     {"max", nullptr, Max},
     {"min", nullptr, Min},
-    {"mod", nullptr, IntegerRemainder},  // a variable, too, so only an assignment meets this name
+    {"mod", nullptr, IntegerRemainder},  // also a variable; only assignments look for this function
     {"pow", nullptr, Pow},
     {"abs", Abs, nullptr},
     {"acos", ACos, nullptr},
@@ -44,8 +44,7 @@ static_assert(std::all_of(std::begin(functions), std::end(functions), [](const F
          CanEndFunctionName(function.name.back());
 }));
 
-// An open-addressing hash table of the functions, filled by the compiler: packed names, and the rows that they belong
-// to.
+// An open-addressing hash table of packed names and the rows they belong to, filled at compile time.
 struct FunctionIndex {
   static constexpr std::size_t size = 64;
   std::array<std::uint64_t, size> names{};
@@ -61,7 +60,7 @@ struct FunctionIndex {
       rows[slot] = static_cast<std::uint8_t>(row);
     }
   }
-  // The slot of the name, or the empty one where it would be.
+  // The slot of the name, or the empty slot where it would be inserted.
   [[nodiscard]] constexpr std::size_t Find(std::uint64_t packed) const {
     std::size_t slot = FirstSlot(packed);
     while (names[slot] != 0 && names[slot] != packed) slot = (slot + 1) % size;

@@ -1,4 +1,4 @@
-// The vocabulary of the line language: its characters, comments, names, functions and error texts.
+// The vocabulary of the line language: characters, comments, names, functions and error texts.
 #pragma once
 
 #include <array>
@@ -12,20 +12,20 @@ namespace sumlet {
 
 // ---- Characters
 
-// What each byte means to the engine. Every sign of the language is ASCII, so bytes serve as well as characters; all
-// others, bytes of longer characters included, are parts of words.
+// Sets of bytes. Every sign of the language is ASCII; all other bytes, including those of longer characters, are parts
+// of words.
 using CharacterSet = std::uint16_t;
 
-inline constexpr CharacterSet numberCharacter = 1 << 0;  // what an operand may hold: digits, blank, "," and "."
-inline constexpr CharacterSet delimiter = 1 << 1;        // what ends a word: every sign of the language
-inline constexpr CharacterSet plainCharacter = 1 << 2;   // what a finished number may hold: a number character or "-"
-inline constexpr CharacterSet wordCharacter = 1 << 8;    // whatever is neither plain nor a sign of the language
+inline constexpr CharacterSet numberCharacter = 1 << 0;  // of an operand: digits, blank, "," and "."
+inline constexpr CharacterSet delimiter = 1 << 1;        // ends a word: every sign of the language
+inline constexpr CharacterSet plainCharacter = 1 << 2;   // of a finished number: a number character or "-"
 inline constexpr CharacterSet parenthesis = 1 << 3;
 inline constexpr CharacterSet bar = 1 << 4;
 inline constexpr CharacterSet powerSign = 1 << 5;
 inline constexpr CharacterSet productSign = 1 << 6;
 inline constexpr CharacterSet sumSign = 1 << 7;
-inline constexpr CharacterSet operatorSign = powerSign | productSign | sumSign;  // the levels of precedence
+inline constexpr CharacterSet wordCharacter = 1 << 8;                            // every byte that is no delimiter
+inline constexpr CharacterSet operatorSign = powerSign | productSign | sumSign;  // all levels of precedence
 
 namespace detail {
 
@@ -54,15 +54,15 @@ inline constexpr std::array<CharacterSet, 256> characterTable = BuildCharacterTa
 
 // ---- Comments
 
-// Whether the very first characters of `line` are those of a comment; the same signs later are operators or errors.
+// Whether `line` begins with "'", "#" or "//". Later in a line these signs are operators or errors.
 [[nodiscard]] constexpr bool IsComment(std::string_view line) {
   return line.starts_with('\'') || line.starts_with('#') || line.starts_with("//");
 }
 
 // ---- Names and functions
 
-// The bytes of `name` in lower case as one number, different for each name; 0 when it is empty, longer than eight
-// bytes, not ASCII, or begins with NUL.
+// The bytes of `name` in lower case as one number, unique for each name, to compare and hash names quickly. Returns 0
+// when the name is empty, longer than eight bytes, not ASCII, or begins with NUL.
 [[nodiscard]] constexpr std::uint64_t PackedName(std::string_view name) {
   if (name.empty() || name.size() > sizeof(std::uint64_t) || name.front() == '\0') return 0;
   std::uint64_t packed = 0;
@@ -70,25 +70,24 @@ inline constexpr std::array<CharacterSet, 256> characterTable = BuildCharacterTa
   return (packed & 0x8080808080808080) == 0 ? packed : 0;
 }
 
-// A function of the language. dec is none of them, because it takes its argument as text (parentheses.cpp).
+// A function of the language. dec has no Function, because it takes its argument as text (parentheses.cpp).
 struct Function {
   std::string_view name;  // in lower case
-  // One of the two is set, and none for frac, whose value is a text. A line shows the magnitude of a value only:
-  // cos(pi) is 1.
+  // One of the two is set; neither for frac, whose value is a text. Callers drop the sign of the value: cos(pi) is 1.
   double (*ofOne)(double);
   double (*ofTwo)(double, double);
   [[nodiscard]] constexpr bool IsFraction() const { return ofOne == nullptr && ofTwo == nullptr; }
 };
 
-// In characters. That many in front of a parenthesis are tried as a name.
+// In characters. The search for a name in front of a parenthesis starts with this length.
 inline constexpr std::size_t longestFunctionName = 5;
 
-// Whether a function name can end in `c`. It saves trying five names in front of each plain parenthesis.
+// Whether a function name can end in `c`. Saves five look-ups in front of most parentheses.
 [[nodiscard]] constexpr bool CanEndFunctionName(char c) {
   return !IsAscii(c) || (FoldAscii(c) >= 'a' && FoldAscii(c) <= 'z') || c == '2';
 }
 
-// The function of this name in any case; nullptr when there is none.
+// The function of this name, in any case; nullptr if there is none.
 [[nodiscard]] const Function* FindFunction(std::string_view name);
 
 // ---- Error texts, as users see them

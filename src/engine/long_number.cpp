@@ -1,10 +1,10 @@
-// A number can be read in two ways. As a whole, behind whatever digits stand in front of it and with its commas passed
-// over, up to its second point. Or, as an argument, up to its first comma or from there to its second.
+// A number is read in one of two ways: as a whole, which includes digits in front of it, skips its commas and ends at
+// its second point; or as an argument, up to its first comma or from there to its second.
 //
-// Behind the point, the places past the 1075th only decide that a value lies above a tie between two doubles; in front
-// of the point, any digit with more than 309 behind it makes an infinity. So a run of digits keeps a beginning and an
-// end, and one digit in the middle tells whether anything but zeros has been left out. Where digits written in front of
-// the number can end in a point, its first digits may be places behind one.
+// Behind the point, places after the 1075th only decide whether a value is above a tie between two doubles. In front of
+// the point, any digit but 0 with more than 309 digits behind it makes an infinity. So a run of digits keeps its
+// beginning and its end, and one digit replaces the middle: 0 if all its digits are zeros, otherwise 1. If the text in
+// front of the number can contain a point, its first digits can be decimals.
 #include "engine/long_number.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ class Abridgement {
  public:
   explicit Abridgement(bool pointMayPrecede) : front_(pointMayPrecede ? keptInFront : 0) {}
 
-  // The digits and points of a field, up to the second point: whatever way it is read, it ends there.
+  // Appends a field up to its second point, where reading ends.
   void AppendField(std::string_view field) {
     const std::size_t point = std::min(field.find('.'), field.size());
     AppendRun(field.substr(0, point), front_, keptBehind);
@@ -28,10 +28,10 @@ class Abridgement {
     AppendPoint();
     field.remove_prefix(point + 1);
     const std::size_t second = std::min(field.find('.'), field.size());
-    AppendRun(field.substr(0, second), keptInFront, 0);  // read as an argument, it has no digits in front of it
+    AppendRun(field.substr(0, second), keptInFront, 0);  // an argument has no digits in front of it
     if (second < field.size()) AppendPoint();
   }
-  // What stands behind the second comma is only read as a part of the whole.
+  // Appends the text behind the second comma, which is only read as part of the whole.
   void AppendRest(std::string_view field) {
     if (points_ < 2) AppendField(field);
   }
@@ -57,7 +57,7 @@ class Abridgement {
   }
 
   String text_;
-  std::size_t front_;  // how many more of the digits behind the last point of the whole are kept
+  std::size_t front_;  // how many more digits behind the last point to keep
   int points_ = 0;
 };
 

@@ -1,10 +1,10 @@
-// The run over the lines of an equation, and the evaluation of one text: checks, assignment, and the rewriting of
-// parentheses, bars and operators in turn.
+// Evaluates the lines of an equation, and one text: checks it, assigns, and rewrites parentheses, bars and operators in
+// turn.
 //
-// Rewriting always takes the innermost parenthesis that closes first, then the first pair of bars, then the operator
-// that binds tightest and stands leftmost. No step brings back what an earlier kind has removed, so each kind is one
-// walk over a RewriteBuffer from left to right. A text inside a parenthesis or bars is evaluated by Reduce again; it
-// holds no parenthesis, or neither, so that these calls never nest more than three deep.
+// Rewriting replaces the innermost parenthesis that closes first, then the first pair of bars, then the leftmost of the
+// operators that bind tightest. No step brings back what an earlier kind of step has removed, so each kind is one walk
+// over a RewriteBuffer from left to right. Reduce calls itself for the text inside a parenthesis or bars. That text
+// contains no parenthesis, and inside bars no bar either, so these calls never nest more than three deep.
 
 #include "engine/math_class.h"
 
@@ -20,27 +20,27 @@
 namespace sumlet {
 namespace {
 
-struct Census {
+struct SignCounts {
   std::size_t opening = 0;
   std::size_t closing = 0;
   std::size_t bars = 0;
-  bool onlySigns = true;  // no character of a word: the text cannot hold "Error"
+  bool hasWords = false;  // without any the text cannot contain "Error"
 };
 
-Census TakeCensus(std::string_view text) {
-  Census census;
+SignCounts CountSigns(std::string_view text) {
+  SignCounts counts;
   for (const char c : text) {
     const CharacterSet sets = SetsOf(c);
-    if ((sets & delimiter) == 0) census.onlySigns = false;
+    if ((sets & delimiter) == 0) counts.hasWords = true;
     if ((sets & (parenthesis | bar)) == 0) continue;
-    if (c == '(') ++census.opening;
-    if (c == ')') ++census.closing;
-    if (c == '|') ++census.bars;
+    if (c == '(') ++counts.opening;
+    if (c == ')') ++counts.closing;
+    if (c == '|') ++counts.bars;
   }
-  return census;
+  return counts;
 }
 
-// The first run of characters that belong to no number.
+// The first run of characters that cannot be part of a number.
 std::string_view FirstWord(std::string_view text) {
   const auto isPlain = [](char c) { return IsIn(c, plainCharacter); };
   const auto begin = std::find_if_not(text.begin(), text.end(), isPlain);
@@ -48,8 +48,8 @@ std::string_view FirstWord(std::string_view text) {
   return {begin, end};
 }
 
-// The value of a text that is one number without blanks inside, with any signs and blanks around it: pairs of signs
-// cancel. A long number can be inside many parentheses and bars, so each of them gets by with one short pass.
+// The value of a text that is one number without blanks inside, with any minus signs and blanks around it: pairs of
+// signs cancel. A fast path, because a long number can be inside many parentheses and bars.
 std::optional<String> LoneNumber(std::string_view text) {
   bool isNegative = false;
   for (; !text.empty() && (text.front() == '-' || text.front() == ' '); text.remove_prefix(1)) {
@@ -89,8 +89,8 @@ String MathClass::Evaluate() {
   return Result;
 }
 
-// The short cut of straight_line.h, for an expression or an assignment. Gives false and changes nothing when the line
-// has to be rewritten. Only the name to be assigned can hold the word that makes the line an error.
+// Evaluates an expression or assignment by the fast path of straight_line.h. Returns false and changes nothing when the
+// line must be rewritten. Only the name to be assigned can contain the word "Error".
 bool MathClass::EvaluateStraight(std::string_view line, String& value) {
   const std::size_t equalsSign = line.find('=');
   const bool isAssignment = equalsSign != std::string_view::npos;
@@ -121,8 +121,8 @@ bool MathClass::EvaluateStraight(std::string_view line, String& value) {
 
 bool MathClass::ResultIsError() const { return ResultIsError(Result); }
 
-// Asked after every step. Wherever the word stands, it covers one of every five characters, so a text that has none of
-// its letters in these places needs no search.
+// Called after every step, so it is fast for texts without the word: every fifth character would be one of its letters
+// wherever it begins.
 bool MathClass::ResultIsError(std::string_view text) const {
   constexpr std::string_view word = "Error";
   for (std::size_t i = word.size() - 1; i < text.size(); i += word.size()) {
@@ -137,10 +137,10 @@ String MathClass::Reduce(std::string_view expression) {
   if (ReduceLevel > 0) {
     if (std::optional<String> number = LoneNumber(expression)) return *std::move(number);
   }
-  const Census census = TakeCensus(expression);
-  if (!census.onlySigns && ResultIsError(expression)) return String(expression);
-  if (census.opening != census.closing) return String(errors::unmatchedParenthesis);
-  if (census.bars % 2 != 0) return String(errors::unmatchedBar);
+  const SignCounts counts = CountSigns(expression);
+  if (counts.hasWords && ResultIsError(expression)) return String(expression);
+  if (counts.opening != counts.closing) return String(errors::unmatchedParenthesis);
+  if (counts.bars % 2 != 0) return String(errors::unmatchedBar);
   ++ReduceLevel;
   if (ReduceLevel > 1) {
     RewriteBuffer text(expression);
@@ -152,11 +152,11 @@ String MathClass::Reduce(std::string_view expression) {
   String substituted = SubstituteVariables(expression);
   if (ResultIsError(substituted)) return substituted;
   RewriteBuffer text(substituted);
-  substituted = String();  // it can be thousands of times as long as the line
+  substituted = String();  // frees the memory: the text can be thousands of times as long as the line
   return Rewrite(text);
 }
 
-// The name is looked at only after the right side has its value: an error there comes first.
+// Evaluates the right side before checking that the name is no function, because an error there takes precedence.
 String MathClass::Assign(std::string_view expression, std::size_t equalsSign) {
   const std::string_view rightSide = expression.substr(equalsSign + 1);
   if (rightSide.find('=') != std::string_view::npos) return String(errors::multipleAssignments);
@@ -181,7 +181,7 @@ String MathClass::Rewrite(RewriteBuffer& text) {
   return ReduceOperators(text);
 }
 
-// Bars pair off in their order, so a pair never nests in another.
+// Bars pair up in order, so pairs never nest.
 MathClass::Ending MathClass::ReduceBars(RewriteBuffer& text) {
   text.Rewind();
   while (text.MoveTo(bar)) {
@@ -198,8 +198,7 @@ MathClass::Ending MathClass::ReduceBars(RewriteBuffer& text) {
   return {};
 }
 
-// What is left without operators is a number as it stands, a word that means nothing, or numbers side by side, which
-// are multiplied.
+// Without operators the text is a number, or contains an unknown word, or is a row of numbers, which are multiplied.
 String MathClass::ReduceOperators(RewriteBuffer& text) {
   for (;;) {
     text.Rewind();

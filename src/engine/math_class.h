@@ -1,16 +1,16 @@
-// MathClass: the calculation engine. The text of a whole equation goes in, one result text comes out.
+// MathClass: the calculation engine. Evaluates the text of a whole equation to one result text.
 //
-// Everything is text. A line is evaluated by rewriting it: the innermost parenthesis, a pair of absolute bars or one
-// operator at a time gives way to its value, until a number is left. Each value is cut to ten decimals as it goes
-// back, and that is the arithmetic of this language: (1/3)*3 is 0.9999999999. docs/language.md tells it to users,
-// docs/architecture.md tells how the rewriting is kept linear.
+// All values are text. Evaluation rewrites a line: it replaces the innermost parenthesis, a pair of absolute bars or
+// one operator at a time by its value, until a number is left. Each value is rounded to ten decimals when it is put
+// back, so (1/3)*3 is 0.9999999999. docs/language.md describes the language, docs/architecture.md how rewriting stays
+// linear.
 //
-// An error is a result text that holds the word "Error", and nothing else is: ResultIsError is the one test.
+// An error is a result text that contains the word "Error"; ResultIsError is the only test for it.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -34,48 +34,46 @@ class MathClass {
   // The equation: any number of lines, each ended by CR, LF or CR LF.
   String equationText;
 
-  // The variables of the last run, in the order of their first assignment; element i of varValue is the text value of
-  // the name in element i of varKey. Read them between runs only.
+  // The variables of the last run, in the order of their first assignment: element i of varValue is the value of the
+  // name in element i of varKey. Read them between runs only.
   Array<String> varKey;
   Array<String> varValue;
 
-  // The outcome of the last finished run; empty during a run.
+  // The result of the last finished run; empty during a run.
   String Result;
 
  private:
-  Int32 ReduceLevel = 0;  // how many texts of the present line have passed the checks of Reduce
+  Int32 ReduceLevel = 0;  // how many texts of the current line have passed the checks of Reduce
 
  public:
-  // 0-based index of the line that the run looked at last: the failed line, or else the very last one. A run over the
-  // empty text has no line and leaves it as it was.
+  // 0-based index of the last line that the run read: the failed line, or else the last line of the text. A run over
+  // the empty text reads no line and does not change it.
   Int32 LastLineEvaluated = 0;
 
-  // The name or operator that an error speaks of. Emptied at the start of a run and by an error inside absolute bars;
-  // an error that speaks of nothing leaves what an earlier step put there.
+  // The name or operator that caused an error. Cleared at the start of a run and by an error inside absolute bars. An
+  // error without a name or operator leaves what an earlier step has set.
   String ResultDetails;
 
-  // Evaluates the lines of equationText from the first to the last, or to the first that fails. Gives the result of the
-  // last line that is no comment and not blank, or the error; Result holds the same text. Never fails otherwise,
-  // whatever the text.
+  // Evaluates the lines of equationText from the first to the last, or to the first that fails. Returns the result of
+  // the last line that is neither blank nor a comment, or the error, and sets Result to it. Accepts any text.
   virtual String Evaluate();
 
-  // Observer of the runs; empty by default, which costs nothing. Evaluate calls it once for each line that has a value,
-  // in the order of the lines and before it goes on to the next one. These are the expressions and assignments ahead of
-  // the first that fails: comments, blank lines, the failed line and those below it are left out.
+  // Callback for the value of each line; may be empty, which costs nothing. Evaluate calls it once for each expression
+  // or assignment before the first one that fails, in the order of the lines.
   //
-  // `line` is the 0-based index of the line, counted as LastLineEvaluated is. `value` is what Evaluate would return if
-  // the equation ended with that line. It can be empty, as that of "()", is never an error, and is valid during the
-  // call only. The observer must not change this object. What it throws leaves Evaluate, and the next run starts anew.
+  // `line` is the 0-based index of the line. `value` is what Evaluate would return if the equation ended with that
+  // line; it may be empty, as for "()", is never an error, and is valid during the call only. The callback must not
+  // change this object. An exception that it throws leaves Evaluate; the next run starts afresh.
   std::function<void(Int32 line, std::string_view value)> LineObserver;
 
-  // Whether `text` (or Result) is an error: it holds the word "Error", in any case.
+  // Whether `text` (or Result) is an error: whether it contains the word "Error", in any case.
   [[nodiscard]] virtual bool ResultIsError() const;
   [[nodiscard]] virtual bool ResultIsError(std::string_view text) const;
 
  private:
   friend class MathClassPeer;  // lets a test reach an operation that no line of the language reaches
 
-  // What a step gives that ends the evaluation of its text; nothing when the text goes on being rewritten.
+  // The final result of a text when a step ends its evaluation; nothing when rewriting continues.
   using Ending = std::optional<String>;
 
   // A function found in front of a parenthesis.
@@ -86,7 +84,7 @@ class MathClass {
 
   [[nodiscard]] bool EvaluateStraight(std::string_view line, String& value);
 
-  // One text to its value or error.
+  // Evaluates one text to its value or error.
   [[nodiscard]] String Reduce(std::string_view expression);
   [[nodiscard]] String Assign(std::string_view expression, std::size_t equalsSign);
   [[nodiscard]] String Rewrite(RewriteBuffer& text);
@@ -120,7 +118,7 @@ class MathClass {
   struct Substitution;
   struct AbridgedValue {
     String anywhere;
-    String behindOperator;  // where only digits may be written in front of it
+    String behindOperator;  // valid where the text before it ends in an operator and digits only
   };
   [[nodiscard]] static ValueForm FormOf(std::string_view value);
   void DefineBuiltIns();
@@ -134,13 +132,13 @@ class MathClass {
 
   VariableIndex variables_;  // variable i is element i of varKey and varValue
   StraightLine straightLine_{variables_};
-  std::unordered_map<Int32, AbridgedValue> abridgedValues_;  // of long values, made when first wanted
-  std::size_t longValueBytes_ = 0;                           // of the long values put in during the run
+  std::unordered_map<Int32, AbridgedValue> abridgedValues_;  // cache, by variable
+  std::size_t longValueBytes_ = 0;                           // of long values substituted during the run
   Int32 randomIndex_ = -1;                                   // of RND, whose value is never read
 };
 
-// The text that shows `result`, which math.Evaluate() has just given, to people: the result itself or, for an error
-// that speaks of something, the name or operator in double quotation marks, a blank and the error.
+// The text that users see for `result`, which math.Evaluate() has just returned: the result itself or, for an error
+// with ResultDetails, these in double quotation marks, a blank and the error.
 [[nodiscard]] String ShownResult(const MathClass& math, std::string_view result);
 
 }  // namespace sumlet

@@ -1,4 +1,4 @@
-// One operator: its operands, its value.
+// Finds the next operator and its operands, and puts its value in their place.
 
 #include <array>
 
@@ -9,8 +9,8 @@
 namespace sumlet {
 namespace {
 
-// The end of `text` that is the left operand: number characters, and the minus sign in front of them when it is the
-// sign of the number: when nothing stands before it, or something that is no part of a number.
+// The left operand at the end of `text`: number characters, and a minus sign in front of them if it is the sign of the
+// number, because nothing is in front of it or something that is no part of a number.
 std::string_view LeftOperand(std::string_view text) {
   std::size_t begin = text.size();
   bool seen = false;
@@ -25,8 +25,8 @@ std::string_view LeftOperand(std::string_view text) {
   return text.substr(begin);
 }
 
-// The beginning of `text` that is the right operand: minus signs and blanks, then number characters. Nothing when the
-// text ends before a number has begun.
+// The right operand at the beginning of `text`: minus signs and blanks, then number characters. Nothing if the text
+// ends before a number begins.
 std::optional<std::string_view> RightOperand(std::string_view text) {
   bool seen = false;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -41,8 +41,8 @@ std::optional<std::string_view> RightOperand(std::string_view text) {
 
 }  // namespace
 
-// Moves the cursor in front of the next operator and gives true, or gives false when none is left. `level` is the level
-// of precedence reached, 0 for a new text: as no operator brings in one that binds tighter, none is ever lowered.
+// Moves the cursor in front of the next operator. Returns false if none is left. `level` is the current level of
+// precedence, 0 for a new text. It never decreases, because no value contains an operator that binds tighter.
 bool MathClass::LookupNextOp(RewriteBuffer& text, std::size_t& level) {
   constexpr std::array<CharacterSet, 3> signsByLevel{powerSign, productSign, sumSign};
   for (; level < signsByLevel.size(); ++level) {
@@ -53,10 +53,10 @@ bool MathClass::LookupNextOp(RewriteBuffer& text, std::size_t& level) {
   return false;
 }
 
-// The cursor stands in front of the operator.
+// The cursor is in front of the operator.
 //
-// A "-" with nothing but minus signs behind it, as in "3--", would put the whole text back behind each value and go on
-// for ever, always with these signs at the end. It fails like any operator that lacks its right operand.
+// Fails for an operator without a right operand. This includes a "-" followed by minus signs only, as in "3--", which
+// rewriting would repeat for ever.
 MathClass::Ending MathClass::ApplyOperator(RewriteBuffer& text) {
   const std::string_view after = text.After();
   const std::string_view op = after.substr(0, 1);
@@ -66,7 +66,7 @@ MathClass::Ending MathClass::ApplyOperator(RewriteBuffer& text) {
   String value = DoOperation(left, *right, op);
   if (ResultIsError(value)) return value;
   text.Replace(left.size(), 1 + right->size(), value, SeamTrim::Blanks);
-  // A negative value behind other text brings in a minus sign that is the next operator of its level.
+  // Behind other text, the minus sign of a negative value is the next operator of its level.
   text.StepBackOverValue();
   return {};
 }

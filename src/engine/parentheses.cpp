@@ -1,4 +1,4 @@
-// Parentheses and the functions in front of them.
+// Rewrites parentheses and the calls of functions.
 
 #include <algorithm>
 #include <array>
@@ -11,8 +11,8 @@
 namespace sumlet {
 namespace {
 
-// The byte offset of the parenthesis that is open last in `before`. The value put in last holds none, so it is stepped
-// over: the digits of a long number inside many parentheses are not looked at again for each of them.
+// The byte offset of the last "(" in `before`. Skips the value inserted last, which contains none, so that the digits
+// of a long number inside many parentheses are not read again for each of them.
 std::size_t LastOpening(std::string_view before, std::string_view lastValue) {
   const std::size_t valueEnd = static_cast<std::size_t>(lastValue.data() - before.data()) + lastValue.size();
   const std::size_t behind = lastValue.empty() ? 0 : valueEnd;
@@ -21,7 +21,7 @@ std::size_t LastOpening(std::string_view before, std::string_view lastValue) {
   return before.substr(0, behind - lastValue.size()).rfind('(');
 }
 
-// Whether `number` is the value put in last and would only be reduced to itself; "nan" and "inf" would not.
+// Whether `number` is the value inserted last and is already a number; "nan" and "inf" are not.
 bool IsFinished(std::string_view number, std::string_view lastValue) {
   const bool isLastValue = number.data() == lastValue.data() && number.size() == lastValue.size();
   return isLastValue && !number.empty() && IsIn(number.back(), plainCharacter);
@@ -31,13 +31,14 @@ bool IsPlainOpening(std::string_view before, std::size_t open) {
   return open == 0 || !CanEndFunctionName(before[open - 1]);
 }
 
-// How many plain pairs, one inside the other, close in front of `after`, when the innermost one opens at `open` and
-// holds only a number; moves `open` to the outermost one, and gives the bytes of `after` up to its end.
+// Pairs of parentheses without a call, one directly inside the other.
 struct Nest {
   std::size_t pairs = 0;
-  std::size_t bytesAfter = 0;
+  std::size_t bytesAfter = 0;  // from the cursor to the end of the outermost pair
 };
 
+// The nest around a number whose innermost pair opens at `open` and closes in front of `after`. Moves `open` to the
+// outermost pair.
 Nest FindNest(std::string_view before, std::string_view after, std::size_t& open) {
   Nest nest{1, 1};
   for (;;) {
@@ -59,7 +60,7 @@ MathClass::Ending MathClass::ReduceParentheses(RewriteBuffer& text) {
       ++open;
       text.Advance(1);
     } else if (open == 0) {
-      text.Advance(1);  // closes nothing; as the counts agree, some "(" will stay open
+      text.Advance(1);  // an unmatched ")": as the counts agree, a "(" will stay unmatched, too
     } else {
       const std::size_t pairs = UnwrapNumber(text);
       open -= std::max<std::size_t>(pairs, 1);
@@ -72,9 +73,8 @@ MathClass::Ending MathClass::ReduceParentheses(RewriteBuffer& text) {
   return FailUnclosed(whole.substr(0, whole.find('(')));
 }
 
-// Takes away plain pairs that hold nothing but the value put in last, all that stand one inside the other, and gives
-// their number. The cursor stands in front of the ")" of an innermost pair. A long number in many parentheses is so
-// copied once, and not for each of them.
+// Removes all pairs of parentheses directly around the value inserted last, and returns their number. The cursor is in
+// front of the ")" of an innermost pair. So a long number in many parentheses is copied only once.
 std::size_t MathClass::UnwrapNumber(RewriteBuffer& text) {
   const std::string_view before = text.Before();
   const std::string_view lastValue = text.LastValue();
@@ -87,7 +87,7 @@ std::size_t MathClass::UnwrapNumber(RewriteBuffer& text) {
   return nest.pairs;
 }
 
-// The cursor stands in front of the ")" of an innermost pair.
+// The cursor is in front of the ")" of an innermost pair.
 MathClass::Ending MathClass::ReduceInnermost(RewriteBuffer& text) {
   const std::string_view before = text.Before();
   const std::size_t open = LastOpening(before, text.LastValue());
@@ -114,8 +114,8 @@ MathClass::Ending MathClass::ReduceInnermost(RewriteBuffer& text) {
   return {};
 }
 
-// `inner` is what the parentheses of the call hold, `first` and `second` are its reduced arguments. The cursor stands
-// in front of the ")".
+// `inner` is the text between the parentheses of the call, `first` and `second` are its reduced arguments. The cursor
+// is in front of the ")".
 MathClass::Ending MathClass::ReduceCall(RewriteBuffer& text, const Call& call, std::string_view inner,
                                         std::string_view first, std::string_view second) {
   if (call.function == nullptr) return FractionToDecimal(inner);
@@ -127,14 +127,14 @@ MathClass::Ending MathClass::ReduceCall(RewriteBuffer& text, const Call& call, s
     const bool isAlone = Trimmed(front).empty() && Trimmed(text.After().substr(1)).empty();
     return isAlone ? value : String(errors::fractionNotAlone);
   }
-  // Fields behind the second are dropped with whatever stood in them, a bar included.
+  // Arguments after the second are dropped, even if only one bar of a pair is in them.
   if ((CountFields(inner, "|") - 1) % 2 == 1) return String(errors::unmatchedBar);
   text.Replace(before.size() - front.size(), 1, value, SeamTrim::WhiteSpace);
   return {};
 }
 
-// The first "(" has no ")" behind it. Its empty inside is put back between a front and a rest that then hold too many
-// ")", unless a name in front of it is answered first.
+// The error for a text with a "(" that no ")" closes, as for ")(". `front` is the text in front of the first such "(".
+// A function name at its end is evaluated without arguments, and its error takes precedence.
 String MathClass::FailUnclosed(std::string_view front) {
   const std::optional<Call> call = FindCall(front);
   if (!call) return String(errors::unmatchedParenthesis);
@@ -143,14 +143,14 @@ String MathClass::FailUnclosed(std::string_view front) {
   return Apply(*call->function, call->name, {}, {});
 }
 
-// Tries the last five characters of `front` as a name, then the last four and so on, so that the longest name wins and
-// a name needs nothing in front of it. Each name tried in vain stays in ResultDetails until the next.
+// Looks up the last five characters of `front` as a function name, then the last four and so on, so the longest name
+// wins. Each name that is no function goes into ResultDetails.
 std::optional<MathClass::Call> MathClass::FindCall(std::string_view front) {
   if (front.empty() || !CanEndFunctionName(front.back())) {
     ResultDetails = front.substr(front.size() - LastCharacterLength(front));
     return {};
   }
-  std::array<std::string_view, longestFunctionName> names;  // by length in characters, less one; empty where too long
+  std::array<std::string_view, longestFunctionName> names;  // by length in characters minus 1; empty if too long
   std::size_t bytes = 0;
   for (std::string_view& name : names) {
     const std::size_t length = LastCharacterLength(front.substr(0, front.size() - bytes));

@@ -6,7 +6,7 @@
 namespace sumlet {
 namespace {
 
-// Room for a few values before the first of them has to make room by moving the text.
+// Room for a few values before inserting one has to move the text.
 constexpr std::size_t spareGap = 64;
 
 bool IsDropped(char c, SeamTrim trim) { return trim == SeamTrim::Blanks ? c == ' ' : IsWhiteSpace(c); }
@@ -18,12 +18,12 @@ void RewriteBuffer::Assign(std::string_view text) {
   gapEnd_ = end_ = capacity_;
   Reserve(text.size() + spareGap);
   gapEnd_ = end_ - text.size();
-  CharacterSet held = 0;  // in a local, as every char written could otherwise be a part of this object
+  CharacterSet held = 0;  // a local, because a char written through `out` could alias a member
   char* out = data_ + gapEnd_;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char c = text[i];
     if (c == ' ') {
-      while (text[i + 1] == ' ') ++i;  // ends: the last character is no blank
+      while (text[i + 1] == ' ') ++i;  // the last character is no blank
       if (out[-1] == '-' && text[i + 1] == '-') continue;
     }
     held |= SetsOf(c);
@@ -92,7 +92,7 @@ void RewriteBuffer::ReplaceBlanks(char sign) {
   Rewind();
 }
 
-// Makes the gap at least `gap` bytes wide. Doubling keeps the cost of all growth in proportion to the final size.
+// Makes the gap at least `gap` bytes wide. Doubling keeps the total cost of growing linear.
 void RewriteBuffer::Reserve(std::size_t gap) {
   if (gapEnd_ - gapBegin_ >= gap) return;
   const std::size_t behind = end_ - gapEnd_;
@@ -111,13 +111,13 @@ void RewriteBuffer::TrimSeam(SeamTrim trim) {
   while (gapEnd_ < end_ && IsDropped(data_[gapEnd_], trim)) ++gapEnd_;
 }
 
-// Cancelled signs can leave white space at the start. It stays there for one rewrite, as its place counts when names
-// in front of a parenthesis are tried, and goes with the next.
+// Cancelled signs can leave white space at the start. The next rewrite removes it; until then it counts when names in
+// front of a parenthesis are tried.
 void RewriteBuffer::TrimHead() {
   while (head_ < gapBegin_ && IsWhiteSpace(data_[head_])) ++head_;
 }
 
-// An empty value leaves one blank between what stands before and behind it.
+// An empty value leaves one blank between the texts before and behind it.
 void RewriteBuffer::JoinEnds() {
   if (head_ == gapBegin_ || gapEnd_ == end_) {
     TrimSeam(SeamTrim::WhiteSpace);
@@ -132,7 +132,7 @@ void RewriteBuffer::Insert(std::string_view value) {
   Reserve(value.size() + 2);
   if (gapBegin_ > head_ && !(data_[gapBegin_ - 1] == '-' && value.front() == '-')) data_[gapBegin_++] = ' ';
   if (gapEnd_ < end_ && !(value.back() == '-' && data_[gapEnd_] == '-')) data_[--gapEnd_] = ' ';
-  held_ |= SetsOf(value.front()) | SetsOf(value.back());  // a number with its sign, or a word: "inf", "nan"
+  held_ |= SetsOf(value.front()) | SetsOf(value.back());  // enough for a number with its sign, and for "inf" and "nan"
   valueBegin_ = gapBegin_;
   std::memcpy(data_ + gapBegin_, value.data(), value.size());
   gapBegin_ += value.size();
@@ -155,7 +155,7 @@ void RewriteBuffer::DropFront(std::size_t count) {
   gapEnd_ += count - fromBefore;
 }
 
-// Only behind a DropFront, which has made the room on one of the two sides.
+// Call only after DropFront, which makes room on one of the two sides.
 void RewriteBuffer::PushFront(char c) {
   if (head_ > 0) {
     data_[--head_] = c;
@@ -164,7 +164,7 @@ void RewriteBuffer::PushFront(char c) {
   }
 }
 
-// The character at the 0-based `index` of the whole text; NUL behind its end.
+// The character at the 0-based `index` of the whole text; NUL past its end.
 char RewriteBuffer::At(std::size_t index) const {
   const std::string_view before = Before();
   if (index < before.size()) return before[index];

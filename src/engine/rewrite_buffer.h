@@ -1,14 +1,14 @@
-// RewriteBuffer: one text on its way to a number, with a cursor at the place of the next rewrite.
+// RewriteBuffer: a text that evaluation rewrites step by step, with a cursor at the place of the next rewrite.
 //
-// Evaluation puts a value in the place of its operands and starts again on the whole text, which is first brought into
-// normal form:
-//   1. several blanks in a row become one, white space at both ends goes;
-//   2. a blank between two minus signs goes;
-//   3. pairs of minus signs at the start cancel, then a blank behind a minus sign at the start goes.
-// Done to the letter this costs a pass over the text for each operator. But a text in normal form leaves it only where
-// it is touched: around the value put in, and at its start. So the text is kept in a gap buffer, the gap at the cursor,
-// and Replace restores the normal form at these two places. A line of n operators then takes time in proportion to n;
-// that the outcome is the same for every text is tested against an evaluator that does it to the letter.
+// The language is defined so: each step replaces operands by their value and starts again on the whole text, after
+// bringing it into normal form:
+//   1. several blanks in a row become one; white space at both ends is removed;
+//   2. a blank between two minus signs is removed;
+//   3. pairs of minus signs at the start cancel; then a blank behind a minus sign at the start is removed.
+// Implemented literally, this takes a pass over the text for each operator. But a step can break the normal form only
+// around the inserted value and at the start of the text. So this class keeps the text in a gap buffer with the gap at
+// the cursor, and Replace restores the normal form at these two places. A line of n operators then takes O(n) time. The
+// fuzz target `rewriting` compares the results with those of a literal implementation.
 #pragma once
 
 #include <array>
@@ -21,20 +21,20 @@
 
 namespace sumlet {
 
-// What is dropped from the text on both sides of a value before blanks are set there.
+// What Replace removes on both sides of a value before it inserts blanks there.
 enum class SeamTrim { Blanks, WhiteSpace };
 
 class RewriteBuffer {
  public:
-  // Takes over `text` in normal form, with the cursor at the start.
+  // Copies `text` in normal form. The cursor is at the start.
   explicit RewriteBuffer(std::string_view text) { Assign(text); }
   RewriteBuffer(const RewriteBuffer&) = delete;
   RewriteBuffer& operator=(const RewriteBuffer&) = delete;
 
-  // Whether the text or a value put into it had a character of these sets.
+  // Whether the original text or an inserted value contained a character of these sets.
   [[nodiscard]] bool Held(CharacterSet sets) const { return (held_ & sets) != 0; }
 
-  // The text in front of the cursor and behind it. Any other call makes these views invalid.
+  // The text in front of the cursor and behind it. Every non-const call invalidates these views.
   [[nodiscard]] std::string_view Before() const { return {data_ + head_, gapBegin_ - head_}; }
   [[nodiscard]] std::string_view After() const { return {data_ + gapEnd_, end_ - gapEnd_}; }
   // The whole text; moves the cursor to the end.
@@ -42,21 +42,21 @@ class RewriteBuffer {
 
   void Rewind();
   void Advance(std::size_t count);
-  // Moves the cursor in front of the first character behind it that is in `sets`. Gives false, and moves nothing, when
-  // there is none. A minus sign in the first place of the whole text is passed over: it is never an operator.
+  // Moves the cursor in front of the next character in `sets`. Returns false without moving it if there is none. Skips
+  // a minus sign at the start of the whole text, because it is never an operator.
   [[nodiscard]] bool MoveTo(CharacterSet sets);
 
-  // Puts `value`, with a blank on either side, in the place of the last `before` bytes in front of the cursor and the
-  // first `after` bytes behind it, and restores the normal form. The cursor then stands behind the value. `value` must
-  // not be a part of the buffer.
+  // Replaces the last `before` bytes in front of the cursor and the first `after` bytes behind it by `value`, with a
+  // blank on either side, and restores the normal form. Then the cursor is behind the value. `value` must not be a view
+  // of the buffer.
   void Replace(std::size_t before, std::size_t after, std::string_view value, SeamTrim trim);
 
-  // The part of Before() that the last Replace put in, as long as it is still there.
+  // The part of Before() that the last Replace inserted, as long as it is still there.
   [[nodiscard]] std::string_view LastValue() const { return {data_ + valueBegin_, valueEnd_ - valueBegin_}; }
-  // Moves the cursor, right behind a Replace, in front of the value.
+  // Moves the cursor in front of the value. Call only directly after Replace.
   void StepBackOverValue();
 
-  // Puts `sign` in the place of every blank. White space at both ends goes; the cursor then stands at the start.
+  // Replaces every blank by `sign`, after removing white space at both ends. Then the cursor is at the start.
   void ReplaceBlanks(char sign);
 
  private:
@@ -71,7 +71,7 @@ class RewriteBuffer {
   void DropFront(std::size_t count);
   [[nodiscard]] char At(std::size_t index) const;
 
-  // Text of up to this length is rewritten without asking for memory. The gap is a part of it.
+  // Texts up to this length, including the gap, need no heap memory.
   static constexpr std::size_t inlineCapacity = 256;
 
   std::array<char, inlineCapacity> inline_;

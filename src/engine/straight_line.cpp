@@ -9,14 +9,14 @@
 namespace sumlet {
 namespace {
 
-// The level of an opening parenthesis, where the operators of an expression end. Signs that bind tighter have a lower
-// set.
+// The level of an opening parenthesis, lower than those of all operators. The smaller the set's number, the tighter a
+// sign binds.
 constexpr CharacterSet group = sumSign << 1;
 static_assert(powerSign < productSign && productSign < sumSign && sumSign < group);
 
 }  // namespace
 
-// One walk. The stack's first element stands for the whole expression, as if it were in parentheses.
+// One walk. The first element of the stack represents the whole expression, as if it were in parentheses.
 class StraightLine::Walk {
  public:
   Walk(std::string_view expression, const VariableIndex& variables, std::vector<Waiting>& waiting)
@@ -25,7 +25,7 @@ class StraightLine::Walk {
     waiting_.push_back({.level = group});
   }
 
-  // The end of the expression is reached behind a complete operand, all operators applied.
+  // Returns whether the walk reached the end of the expression and applied all operators.
   [[nodiscard]] bool Run() {
     bool isFirst = true;  // the next operand begins its expression
     for (;;) {
@@ -50,7 +50,7 @@ class StraightLine::Walk {
 
   [[nodiscard]] double Number() const { return value_; }
   [[nodiscard]] bool IsComputed() const { return isComputed_; }
-  // The function's name, or nothing, at the last parenthesis that closed and leaves a name in ResultDetails.
+  // The function's name, possibly empty, in front of the last closed parenthesis that leaves a name in ResultDetails.
   [[nodiscard]] std::string_view Tried() const { return tried_; }
 
  private:
@@ -90,7 +90,8 @@ class StraightLine::Walk {
     return true;
   }
 
-  // The cursor stands behind the letters of a word from `begin` on, which is no variable, or else at `begin`.
+  // Opens a parenthesis. The cursor is behind the letters of a word that begins at `begin` and is no variable; the word
+  // may be empty.
   [[nodiscard]] bool Open(const char* begin, bool isNegated, bool isFirst) {
     if (at_ != begin && at_ != end_ && IsDigit(*at_)) ++at_;  // a digit ends a word, but atan2 has one
     if (at_ == end_ || *at_ != '(') return false;
@@ -133,7 +134,7 @@ class StraightLine::Walk {
     return Compute(std::fabs(opened.hasFirstArgument ? function.ofTwo(opened.left, value_) : function.ofOne(value_)));
   }
 
-  // The cursor stands at the comma.
+  // The cursor is at the comma.
   [[nodiscard]] bool TakeFirstArgument() {
     if (!Apply(sumSign)) return false;
     Waiting& opened = waiting_.back();
@@ -143,7 +144,7 @@ class StraightLine::Walk {
     return true;
   }
 
-  // The cursor stands behind an operand.
+  // The cursor is behind an operand.
   [[nodiscard]] bool TakeOperator() {
     const CharacterSet level = SetsOf(*at_) & operatorSign;
     if (level == 0 || !Apply(level)) return false;
@@ -170,7 +171,7 @@ class StraightLine::Walk {
   const char* end_;
   const VariableIndex& variables_;
   std::vector<Waiting>& waiting_;
-  double value_ = 0;  // of the operand read last, with all that was applied to it
+  double value_ = 0;  // of the last operand, after the operators and calls applied to it
   bool isComputed_ = false;
   bool isOpened_ = false;
   std::string_view tried_;
@@ -178,7 +179,7 @@ class StraightLine::Walk {
 
 namespace {
 
-// Without the parentheses and blanks around the one operand of an expression that computes nothing.
+// The single operand of an expression that computes nothing, without the parentheses and blanks around it.
 std::string_view LoneOperand(std::string_view expression) {
   const std::size_t begin = expression.find_first_not_of(" (");
   const std::size_t end = expression.find_last_not_of(" )") + 1;
@@ -209,9 +210,9 @@ std::optional<StraightLine::Value> StraightLine::Evaluate(std::string_view expre
   return value;
 }
 
-// The last name tried in vain has one character more than the function's name. The texts that rewriting tries are in
-// normal form (rewrite_buffer.h): no white space at the beginning, several blanks are one, and there is none behind a
-// "-" at the beginning.
+// The last name that rewriting tries before it finds the function has one character more. It tries texts in normal form
+// (rewrite_buffer.h): no white space at the beginning, no two blanks in a row, and no blank behind a "-" at the
+// beginning.
 std::optional<String> StraightLine::NameTriedLast() const {
   if (tried_.data() == nullptr) return {};
   const std::string_view front = expression_.substr(0, static_cast<std::size_t>(tried_.data() - expression_.data()));

@@ -1,39 +1,40 @@
-// StraightLine: evaluates an expression in one walk from left to right, wherever that gives what rewriting gives.
+// StraightLine: evaluates an expression in one walk from left to right, if rewriting would give the same value.
 //
-// The language is defined by rewriting the text of a line (math_class.cpp). Most lines need none of that. The walk is
-// an ordinary operator-precedence parser: values are doubles, and operators, parentheses and calls whose right side is
-// still to come wait on a stack. It either gives the value or declines and changes nothing; what it declines is
-// rewritten.
+// The language is defined by rewriting the text of a line (math_class.cpp). Most lines do not need that. The walk is an
+// ordinary operator-precedence parser: values are doubles, and operators, parentheses and calls wait on a stack until
+// their right side has been read. It either returns the value or declines and changes nothing; the caller then rewrites
+// the expression.
 //
-// Which expressions it takes
+// Which expressions it accepts
 //
 //   expression = operand { operator operand }     powers first, then * / \ %, then + -; each level from left to right
 //   operand    = [ "-" ] ( number | variable | "(" expression ")" | function "(" expression [ "," expression ] ")" )
 //   number     = digits with at most one "." among or around them
 //
-// A variable holds a number, possibly with a "-" in front. A function has exactly as many arguments as it takes. Blanks
-// may stand around operands and operators; no other white space may. Everything else is declined: operands side by
-// side, bars, frac, dec, RND, signs in a row, commas elsewhere, every error, and the cases named below.
+// The value of a variable must be a number, possibly with a "-" in front. A function must have exactly as many
+// arguments as it takes. Blanks may be around operands and operators, other white space may not. The walk declines
+// everything else: operands side by side, bars, frac, dec, RND, several signs in a row, commas elsewhere, every error,
+// and the cases named below.
 //
 // Why the value is the same
 //
-//   1. A value needs no text on its way. Rewriting writes each computed value with ten decimals and reads it back;
+//   1. Intermediate values need no text. Rewriting writes each computed value with ten decimals and reads it back;
 //      RoundToTenPlaces gives the same double. A value that is not finite would become a word: declined.
-//   2. Each rewriting finds the operands that the grammar gives. Rewriting looks for the ends of an operand among
-//      digits, blanks and signs. Operands here have an operator, a parenthesis or a comma between them, which ends that
-//      search, and each value leaves such a text behind.
-//   3. A "-" in front of an operand is a part of it, for rewriting as for the walk, so it binds before a power. It can
-//      meet the "-" of a negative value. Two signs at the beginning of a text cancel, but elsewhere a power would take
-//      the second one only: "-" in front of a negative value is taken only where the operand begins the expression, a
-//      parenthesis or an argument.
-//   4. A function's value loses its sign, since rewriting writes its magnitude.
+//   2. Rewriting finds the same operands as the grammar. It looks for the ends of an operand among digits, blanks and
+//      signs. In these expressions an operator, a parenthesis or a comma separates operands and so ends that search,
+//      and a text with a value inserted is again such an expression.
+//   3. A "-" in front of an operand is a part of it, in rewriting as in the walk, so it binds tighter than a power. In
+//      front of a negative value there are then two signs. At the beginning of a text they cancel, but elsewhere a
+//      power would use only the second one. So the walk accepts "-" in front of a negative value only where the operand
+//      begins the expression, a parenthesis or an argument.
+//   4. A function's value loses its sign, because rewriting writes its magnitude.
 //
-// Why the rest is the same
+// Why the other results are the same
 //
-//   5. The text of a computed value is ValueText of its double. A value that nothing computed keeps the text that
-//      it has in the line or in its variable. "-0" would be a text of its own: a computed negative zero is declined.
-//   6. Rewriting tries names in front of each parenthesis, from the longest possible length down. The last one tried in
-//      vain stays in ResultDetails: NameTriedLast.
+//   5. The text of a computed value is ValueText of its double. A value that was not computed keeps its text from the
+//      line or from its variable. "-0" would be another text: a computed negative zero is declined.
+//   6. Rewriting tries names in front of each parenthesis, the longest first. The last one that is no function stays in
+//      ResultDetails: see NameTriedLast.
 #pragma once
 
 #include <cstdint>
@@ -49,20 +50,20 @@ struct Function;
 
 class StraightLine {
  public:
-  // `variables` has to outlive the object; their forms are read at each evaluation.
+  // `variables` must outlive the object; each evaluation reads its present content.
   explicit StraightLine(const VariableIndex& variables) : variables_(variables) {}
 
   struct Value {
     double number = 0;
-    // Of a value that nothing computed, one of the two: its text, a part of the expression, or its variable.
+    // For a value that was not computed, one of the two is set: its text, a part of the expression, or its variable.
     std::string_view text;
     Int32 variable = -1;
   };
-  // Nothing when the walk declines the expression.
+  // The value, or nothing if the walk declines the expression.
   [[nodiscard]] std::optional<Value> Evaluate(std::string_view expression);
 
-  // Behind an evaluation that gave a value: what its last parenthesis leaves in ResultDetails. Nothing when
-  // ResultDetails keeps what it held.
+  // After an evaluation that returned a value: what its last parenthesis leaves in ResultDetails. Nothing if
+  // ResultDetails does not change.
   [[nodiscard]] std::optional<String> NameTriedLast() const;
 
  private:
@@ -70,8 +71,8 @@ class StraightLine {
   struct Waiting {
     std::uint16_t level;     // of precedence: a CharacterSet of language.h, lower where it binds tighter
     char sign = '\0';        // of an operator
-    bool isNegated = false;  // the parenthesis has a "-" in front,
-    bool isFirst = false;    // and begins its text
+    bool isNegated = false;  // the parenthesis has a "-" in front
+    bool isFirst = false;    // the parenthesis, or the "-" in front of it, begins its text
     bool hasFirstArgument = false;
     double left = 0;                     // operand of an operator, first argument of a call
     const Function* function = nullptr;  // in front of the parenthesis
@@ -80,9 +81,9 @@ class StraightLine {
   class Walk;
 
   const VariableIndex& variables_;
-  std::vector<Waiting> waiting_;  // kept for its memory
+  std::vector<Waiting> waiting_;  // a member only to reuse its memory
   std::string_view expression_;   // of the last evaluation
-  std::string_view tried_;        // the name in front of the last parenthesis that left one, or else this parenthesis
+  std::string_view tried_;        // the function name, possibly empty, in front of the last parenthesis that left one
 };
 
 }  // namespace sumlet

@@ -40,7 +40,7 @@ void VariableIndex::Add(std::string_view name, const ValueForm& form) {
   slots_[SlotOf(packed)] = {packed, variable};
 }
 
-// The slot of the name, or the empty one where it belongs.
+// The slot of the name, or the empty slot where to insert it.
 std::size_t VariableIndex::SlotOf(std::uint64_t packed) const {
   const std::size_t last = slots_.size() - 1;
   std::size_t slot = packed * 0x9E3779B97F4A7C15 >> (64 - std::countr_zero(slots_.size()));

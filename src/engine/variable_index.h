@@ -1,10 +1,9 @@
-// VariableIndex: which variables there are, by name in any case, and what each value is to an evaluation.
+// VariableIndex: finds variables by name, in any case, and stores what evaluation needs to know about their values.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -13,22 +12,22 @@
 
 namespace sumlet {
 
-// What the text of a value is.
+// The properties of a value's text.
 struct ValueForm {
-  std::optional<double> number = {};  // of digits with at most one "." and at most a "-" in front
-  bool hasWords = false;              // holds characters of names, which are looked up in their turn
-  bool isLong = false;                // a number worth abridging
+  std::optional<double> number = {};  // if it consists of digits with at most one "." and at most a "-" in front
+  bool hasWords = false;              // contains words, which can be names of variables in turn
+  bool isLong = false;                // is a number worth abridging
 };
 
-// Variables are numbered from 0 in the order in which they are added.
+// Numbers the variables from 0 in the order in which they are added.
 class VariableIndex {
  public:
   VariableIndex();
 
   void Clear();
-  // The number of the variable `name`, or -1.
+  // The number of the variable `name`, or -1 if there is none.
   [[nodiscard]] Int32 Find(std::string_view name) const;
-  // Adds a variable that Find does not know.
+  // Adds a variable. Find(name) must be -1.
   void Add(std::string_view name, const ValueForm& form);
 
   [[nodiscard]] const ValueForm& Form(Int32 variable) const { return forms_[static_cast<std::size_t>(variable)]; }
@@ -43,9 +42,9 @@ class VariableIndex {
   void Grow();
 
   std::vector<ValueForm> forms_;
-  std::vector<Slot> slots_;  // open addressing; a power of two, at most half of them taken
+  std::vector<Slot> slots_;  // a hash table with open addressing; its size is a power of two, at least twice used_
   std::size_t used_ = 0;
-  std::unordered_map<std::string, Int32> longNames_;  // the names that cannot be packed, in folded case
+  std::unordered_map<String, Int32> longNames_;  // names that cannot be packed, in folded case
 };
 
 }  // namespace sumlet

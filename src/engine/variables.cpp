@@ -1,9 +1,8 @@
-// Variables: a name in the text gives way to its value between blanks.
+// Replaces the names of variables by their values, each between blanks.
 //
-// The search starts again at the first character after each replacement, so that a value can hold names in its turn.
-// Only a handful of values do (infinities, fractions in quotation marks), and what stands in front of the replacement
-// is known to hold none; so one walk suffices that goes into such a value before it goes on behind it. A name met
-// inside its own value would be replaced for ever: that is an error.
+// A value can contain names in turn, which are replaced, too. Few values do (infinities, fractions in quotation marks),
+// and the text in front of a replaced name contains no names any more. So one walk suffices, which enters such a value
+// before it continues behind it. A name inside its own value is an error, because replacing it would never end.
 
 #include <algorithm>
 #include <utility>
@@ -25,18 +24,17 @@ bool HasWords(std::string_view value) {
   return false;
 }
 
-// Whether a value in this text is computed, or the text ends in an error, whatever the value. A value stands between
-// blanks, and numbers with a blank between them are multiplied; an operator leaves a number. Parentheses, bars, a minus
-// sign and white space can all go without a trace.
-bool HoldsNumberOrOperator(std::string_view text) {
-  const auto tells = [](char c) { return c != ' ' && c != '-' && IsIn(c, delimiter) && !IsIn(c, parenthesis | bar); };
-  return std::any_of(text.begin(), text.end(), tells);
+// Whether a value substituted in this text takes part in a calculation, or the text is an error, whatever the value. A
+// number or an operator ensures this, because numbers side by side are multiplied. Parentheses, bars, minus signs and
+// white space do not.
+bool HasNumberOrOperator(std::string_view text) {
+  const auto isPart = [](char c) { return c != ' ' && c != '-' && IsIn(c, delimiter) && !IsIn(c, parenthesis | bar); };
+  return std::any_of(text.begin(), text.end(), isPart);
 }
 
-// Whether what follows `text` is read behind an operator, or the sign of a number, and digits only. Parentheses and
-// bars go without a trace.
-bool FollowsOperator(std::string_view text) {
-  constexpr std::size_t reach = 64;  // characters; long texts are looked at once for each value
+// Whether `text` ends in an operator or sign, followed by digits and blanks only. False if in doubt.
+bool EndsInOperator(std::string_view text) {
+  constexpr std::size_t reach = 64;  // characters; limits the time for many values in a long text
   for (std::size_t i = 1; i <= std::min(text.size(), reach); ++i) {
     const char c = text[text.size() - i];
     if (IsIn(c, operatorSign)) return true;
@@ -47,13 +45,13 @@ bool FollowsOperator(std::string_view text) {
 
 }  // namespace
 
-// One line on its way through the substitution.
+// The state of the substitution of one line.
 struct MathClass::Substitution {
   String result;
-  bool isComputed = false;  // no value put in will be shown as it stands
-  int longValues = 0;       // put in, and how many of them in whole
-  int wholeLongValues = 0;
-  std::vector<Int32> opened;  // the variables whose values are being read
+  bool isComputed = false;     // no value will be the line's result without a calculation
+  int longValues = 0;          // substituted so far
+  int wholeLongValues = 0;     // of these, not abridged
+  std::vector<Int32> entered;  // the variables whose values are being read, outer to inner
 };
 
 ValueForm MathClass::FormOf(std::string_view value) {
@@ -67,7 +65,7 @@ ValueForm MathClass::FormOf(std::string_view value) {
   return form;
 }
 
-// Empties the table and fills it anew. A run may give any built-in another value except RND.
+// Removes all variables and defines the built-in ones. A run may assign to any of these except RND.
 void MathClass::DefineBuiltIns() {
   varKey.Redim(-1);
   varValue.Redim(-1);
@@ -96,12 +94,13 @@ void MathClass::AddVariable(std::string_view name, std::string_view value, const
   if (index != randomIndex_) variables_.SetForm(index, form);
 }
 
-// What follows a long value can tell that it need not have been put in whole. Once that has cost enough, it is done
-// over with the value abridged, since all the steps that follow read it again.
+// A long value is substituted in whole as long as it may be the line's result. Where the text behind it shows that it
+// is only a part of a calculation, repeats the substitution with the value abridged, which saves time in later steps.
+// Does so only after a run has substituted abridgingThreshold bytes of long values.
 String MathClass::SubstituteVariables(std::string_view text) {
   Substitution line;
   line.result.reserve(text.size() + 64);
-  line.isComputed = HoldsNumberOrOperator(text);
+  line.isComputed = HasNumberOrOperator(text);
   bool succeeds = AppendSubstituted(line, text);
   line.isComputed = line.isComputed || line.longValues > 1;
   if (succeeds && line.isComputed && line.wholeLongValues > 0 && longValueBytes_ > abridgingThreshold) {
@@ -115,7 +114,7 @@ String MathClass::SubstituteVariables(std::string_view text) {
   return std::move(line.result);
 }
 
-// Appends `text` with its names replaced. Gives false when a value holds its own name.
+// Appends `text` with its names replaced. Returns false if a value contains its own name.
 bool MathClass::AppendSubstituted(Substitution& line, std::string_view text) {
   std::size_t at = 0;
   while (at < text.size()) {
@@ -129,7 +128,7 @@ bool MathClass::AppendSubstituted(Substitution& line, std::string_view text) {
     if (word.empty()) continue;
     const Int32 index = variables_.Find(word);
     if (index < 0) {
-      line.result += word;  // a function, or unknown, unless it is white space
+      line.result += word;  // a function, an unknown word, or white space other than blanks
       line.isComputed = line.isComputed || !Trimmed(word).empty();
     } else if (!AppendValue(line, index)) {
       return false;
@@ -144,10 +143,10 @@ bool MathClass::AppendValue(Substitution& line, Int32 index) {
   if (index == randomIndex_) {
     if (!AppendSubstituted(line, Str(Rnd()))) return false;
   } else if (form.hasWords) {
-    if (std::find(line.opened.begin(), line.opened.end(), index) != line.opened.end()) return false;
-    line.opened.push_back(index);
+    if (std::find(line.entered.begin(), line.entered.end(), index) != line.entered.end()) return false;
+    line.entered.push_back(index);
     if (!AppendSubstituted(line, varValue[index])) return false;
-    line.opened.pop_back();
+    line.entered.pop_back();
   } else if (form.isLong) {
     AppendLongValue(line, index);
   } else {
@@ -157,12 +156,12 @@ bool MathClass::AppendValue(Substitution& line, Int32 index) {
   return true;
 }
 
-// A text with two numbers is always computed and never shown as it stands.
+// Two values in a line always take part in a calculation.
 void MathClass::AppendLongValue(Substitution& line, Int32 index) {
   const bool isComputed = line.isComputed || line.longValues > 0;
   ++line.longValues;
   if (isComputed && longValueBytes_ > abridgingThreshold) {
-    const bool pointMayPrecede = !FollowsOperator(line.result);
+    const bool pointMayPrecede = !EndsInOperator(line.result);
     AbridgedValue& value = abridgedValues_[index];
     String& abridged = pointMayPrecede ? value.anywhere : value.behindOperator;
     if (abridged.empty()) abridged = AbridgedNumber(varValue[index], pointMayPrecede);
@@ -174,8 +173,7 @@ void MathClass::AppendLongValue(Substitution& line, Int32 index) {
   }
 }
 
-// Numbers side by side are multiplied by the rewriting itself, once no operator is left among them; nothing is put in
-// for it beforehand.
+// Inserts nothing: rewriting multiplies numbers side by side when no operator is left.
 String MathClass::SubstituteMultiplication(std::string_view) { return {}; }
 
 }  // namespace sumlet
