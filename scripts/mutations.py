@@ -3,11 +3,12 @@
 
     scripts/mutations.py [TEXT...]     only mutations with one of the texts in their folder or their old text
 
-Builds below build/mutations, without the window program, at the lowest priority. A mutation is seen when it does not
-compile, or when a test fails, crashes or takes longer than a minute. Exits with 1 when a mutation that is not marked as
+Builds below build/mutations at the lowest priority. A mutation is seen when it does not compile, or when a test fails,
+crashes or takes longer than a minute. Exits with 1 when a mutation that is not marked as
 unseen passes all tests, or when its old text is not found exactly once.
 """
 
+import os
 import pathlib
 import re
 import shutil
@@ -18,7 +19,8 @@ PROJECT = pathlib.Path(__file__).resolve().parent.parent
 SCRATCH = PROJECT / "build" / "mutations"
 SECONDS_PER_TEST = 60
 
-# The tests that cover a folder, quick ones first: a CMake target and its arguments.
+# The tests that cover a folder, quick ones first: a CMake target and its arguments. Those of the target "sumlet" are a
+# regular expression for ctest.
 CORPUS = SCRATCH / "source" / "fuzz" / "corpus"
 ENGINE = [
     ["engine_tests", "--gtest_filter=Language.*"],
@@ -35,14 +37,23 @@ PERSISTENCE = [
 ]
 PLIST = [["plist_tests"], ["replay_property_list", CORPUS / "property_list", "--damage"]]
 FRAMEWORK = [["framework_tests"], ["replay_text_import", CORPUS / "text_import", "--damage"]]
+WINDOWS = [["ui_tests"], ["equationwindow_tests"], ["template_window_tests"], ["shell_tests"]]
+SYSTEM = [["sumlet", r"^System\.(commands|ends|session|second_start)_test$"]]
 TESTS = {
     "src/engine": ENGINE,
+    "src/equationwindow": WINDOWS + SYSTEM,
+    "src/framework/ui": WINDOWS + SYSTEM + [["soak_tests"]],
+    "src/shell": WINDOWS[::-1] + SYSTEM,
     "src/framework/file": PERSISTENCE + PLIST,
     "src/framework": FRAMEWORK + ENGINE + PERSISTENCE + PLIST,
     "src/persistence": PERSISTENCE,
-    "src/templates": PERSISTENCE,
+    "src/templates/templates_manager": PERSISTENCE,
+    "src/templates": WINDOWS[::-1] + PERSISTENCE,
     "src/plist": PLIST,
 }
+
+# How the test programs, the replays and ctest name what failed.
+FAILURES = [r"^\[  FAILED  \] ([\w.]+)$", r"^Broken: (.*)", r"^\t *\d+ - (\S+) \("]
 
 
 class Mutation:
@@ -81,7 +92,7 @@ def run(command, seconds=None):
     try:
         done = subprocess.run(
             ["nice", "-n", "19", *map(str, command)], cwd=SCRATCH, capture_output=True, text=True, errors="replace",
-            timeout=seconds, check=False)
+            env={**os.environ, "QT_QPA_PLATFORM": "offscreen"}, timeout=seconds, check=False)
     except subprocess.TimeoutExpired:
         return None, ""
     return done.returncode, done.stdout + done.stderr
@@ -91,7 +102,7 @@ def build(target):
     return run(["cmake", "--build", "build", "--target", target])
 
 
-def prepare():
+def prepare(with_windows):
     shutil.rmtree(SCRATCH / "source", ignore_errors=True)
     SCRATCH.mkdir(parents=True, exist_ok=True)
     files = subprocess.run(["git", "ls-files", "-z"], cwd=PROJECT, capture_output=True, text=True, check=True).stdout
@@ -101,9 +112,16 @@ def prepare():
         shutil.copy(PROJECT / name, copy, follow_symlinks=False)  # with a new time, so that all is built
     status, output = run([
         "cmake", "-G", "Ninja", "-S", "source", "-B", "build", "-DCMAKE_BUILD_TYPE=RelWithDebInfo",
-        "-DCMAKE_CXX_FLAGS_RELWITHDEBINFO=-O1", "-DSUMLET_BUILD_GUI=OFF", "-DBUILD_TESTING=ON"])
+        "-DCMAKE_CXX_FLAGS_RELWITHDEBINFO=-O1", f"-DSUMLET_BUILD_GUI={'ON' if with_windows else 'OFF'}",
+        "-DBUILD_TESTING=ON"])
     if status != 0:
         sys.exit(output)
+
+
+def test_command(target, *arguments):
+    if target == "sumlet":
+        return ["ctest", "--test-dir", "build", "--stop-on-failure", "-R", *arguments]
+    return [SCRATCH / "build" / target, *arguments]
 
 
 def first_failure(tests):
@@ -111,11 +129,11 @@ def first_failure(tests):
     for command in tests:
         if build(command[0])[0] != 0:
             return "the compiler"
-        status, output = run([SCRATCH / "build" / command[0], *command[1:]], SECONDS_PER_TEST)
+        status, output = run(test_command(*command), SECONDS_PER_TEST)
         if status is None:
             return f"{command[0]} hangs"
         if status != 0:
-            failed = re.findall(r"^\[  FAILED  \] ([\w.]+)$", output, re.M) + re.findall(r"^Broken: (.*)", output, re.M)
+            failed = [name for line in FAILURES for name in re.findall(line, output, re.M)]
             return ", ".join(sorted(set(failed))) or f"{command[0]} crashes"
     return None
 
@@ -135,7 +153,7 @@ def try_mutation(mutation):
 
 def main():
     chosen = [m for m in read_mutations() if not sys.argv[1:] or any(t in m.folder + m.old for t in sys.argv[1:])]
-    prepare()
+    prepare(any("ui_tests" in command for mutation in chosen for command in mutation.tests()))
     every_test = {tuple(command): command for mutation in chosen for command in mutation.tests()}
     if failure := first_failure(every_test.values()):
         sys.exit(f"fails without any mutation: {failure}")
