@@ -92,8 +92,7 @@ class Window final : public MyWindowManager::StoredWindow {
   Window(const Window&) = default;
   virtual ~Window() = default;
   explicit Window(const MyWindowManager::Record& record)
-      : text_(DecodeURLComponent(VariantToString(record.LoadItem("equation", "")))),
-        left_(VariantToInt32(record.LoadItem("left", Int32ToVariant(20)))) {}
+      : text_(DecodeURLComponent(record.GetString("equation", {}))), left_(record.GetInteger("left", 20)) {}
   void StoreRecord(KeyList& record) const override {
     record.AddItem("size", Int32ToVariant(13));
     record.AddItem("name", "");

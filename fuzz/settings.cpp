@@ -20,7 +20,7 @@ std::vector<FakeWindow> windows;  // back to front
 void ListFields(const MyWindowManager::Record& record) {
   Items fields;
   for (const char* key : {"size", "left", "top", "width", "height", "name", "equation", "fullscreen"})
-    fields.emplace_back(key, VariantToString(record.LoadItem(key, "none")));
+    fields.emplace_back(key, record.GetString(key, "none"));
   windows.emplace_back(std::move(fields));
 }
 

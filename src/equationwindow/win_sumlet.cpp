@@ -215,21 +215,14 @@ void winSumlet::StoreRecord(KeyList& record) const {
 }
 
 void winSumlet::RestoreFrom(const MyWindowManager::Record& record) {
-  const auto number = [&record](std::string_view key, Int32 fallback) {
-    return VariantToInt32(record.LoadItem(key, Int32ToVariant(fallback)));
-  };
-  const auto text = [&record](std::string_view key) {
-    return VariantToString(record.LoadItem(key, StringToVariant({})));
-  };
-
   auto* window = new winSumlet(false);
-  window->TextSize = number("size", window->TextSize);
-  window->SetLeft(number("left", 20));
-  window->SetTop(number("top", 20));
-  window->SetWidth(number("width", smallestSize));
-  window->SetHeight(number("height", smallestSize));
-  if (VariantToBoolean(record.LoadItem("fullscreen", BooleanToVariant(false)))) window->delayToggleFullscreen();
-  window->SetEquation(text("name"), DecodeURLComponent(text("equation")));
+  window->TextSize = record.GetInteger("size", window->TextSize);
+  window->SetLeft(record.GetInteger("left", 20));
+  window->SetTop(record.GetInteger("top", 20));
+  window->SetWidth(record.GetInteger("width", smallestSize));
+  window->SetHeight(record.GetInteger("height", smallestSize));
+  if (record.GetBoolean("fullscreen", false)) window->delayToggleFullscreen();
+  window->SetEquation(record.GetString("name", {}), DecodeURLComponent(record.GetString("equation", {})));
   window->Show();
 }
 

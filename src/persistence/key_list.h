@@ -11,8 +11,11 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
+#include <string_view>
 #include <vector>
 
+#include "framework/desktop.h"
 #include "framework/text/array.h"
 #include "framework/text/text.h"
 #include "framework/text/variant.h"
@@ -92,6 +95,20 @@ class KeyList {
   std::vector<bool> begun_;      // by position in the buffer: whether a parsed record begins there
   std::int64_t bytesTaken_ = 0;  // by those records in total
   std::int64_t itemsTaken_ = 0;
+};
+
+// Suppresses repeated alerts during its lifetime. A damaged list can contain thousands of damaged lists and would show
+// the same alert for each.
+class RepeatedAlerts {
+ public:
+  // Does not show the alerts in `shown`, and adds those that it shows.
+  explicit RepeatedAlerts(std::set<String>& shown)
+      : handler_(MsgBox.Set([show = MsgBox.Current(), &shown](std::string_view text) {
+          if (shown.emplace(text).second && show) show(text);
+        })) {}
+
+ private:
+  HookGuard handler_;
 };
 
 // Returns an empty list with the format of the settings file: binary form, lengths in the fewest bytes.

@@ -6,8 +6,6 @@
 
 #include "framework/text/numbers.h"
 #include "persistence/preferences.h"
-#include "persistence/registry.h"
-#include "persistence/repeated_alerts.h"
 #include "plist/plist_dict.h"
 
 namespace sumlet::MyWindowManager {
@@ -22,30 +20,6 @@ std::vector<Restorer>& Restorers() {
   static std::vector<Restorer> restorers;
   return restorers;
 }
-
-class KeyListRecord final : public Record {
- public:
-  explicit KeyListRecord(KeyList& list) : list_(list) {}
-  [[nodiscard]] bool HasItem(std::string_view key) const override { return list_.HasItem(key); }
-  [[nodiscard]] Variant LoadItem(std::string_view key, const Variant& fallback) const override {
-    return Preferences::LoadItem(list_, key, fallback);
-  }
-
- private:
-  KeyList& list_;
-};
-
-class PropertyListRecord final : public Record {
- public:
-  explicit PropertyListRecord(plistDict& node) : node_(node) {}
-  [[nodiscard]] bool HasItem(std::string_view key) const override { return node_.Exists(key); }
-  [[nodiscard]] Variant LoadItem(std::string_view key, const Variant& fallback) const override {
-    return Preferences::LoadItem(node_, key, fallback);
-  }
-
- private:
-  plistDict& node_;
-};
 
 void RestoreWindow(const Record& record) {
   const auto& restorers = Restorers();

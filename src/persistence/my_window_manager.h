@@ -9,12 +9,8 @@
 #include <vector>
 
 #include "framework/text/text.h"
-#include "framework/text/variant.h"
 #include "persistence/key_list.h"
-
-namespace sumlet {
-class plistDict;
-}  // namespace sumlet
+#include "persistence/record.h"
 
 namespace sumlet::MyWindowManager {
 
@@ -31,14 +27,7 @@ class StoredWindow {
 using WindowList = std::function<std::vector<const StoredWindow*>()>;
 void SetWindowList(WindowList list);
 
-// Read access to the record of one window, in the settings file or the older one.
-class Record {
- public:
-  virtual ~Record() = default;
-  [[nodiscard]] virtual bool HasItem(std::string_view key) const = 0;
-  // The stored value, or `fallback` if it is missing or truncated.
-  [[nodiscard]] virtual Variant LoadItem(std::string_view key, const Variant& fallback) const = 0;
-};
+using sumlet::Record;
 
 // Opens a window from each record that contains `key`. If a record contains several keys, the restorer registered first
 // wins. Registering a key again replaces its restorer.

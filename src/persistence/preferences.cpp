@@ -5,8 +5,10 @@
 #include <vector>
 
 #include "framework/fault.h"
+#include "framework/text/variant.h"
+#include "persistence/key_list.h"
+#include "persistence/record.h"
 #include "persistence/recovery.h"
-#include "persistence/registry.h"
 #include "plist/plist.h"
 
 namespace sumlet::Preferences {
@@ -38,23 +40,25 @@ constexpr std::string_view runCountKey = "RunCount";
 
 // A setting of the file. The initial value of its variable is the default.
 struct Setting {
-  [[nodiscard]] Variant Value() const {
-    const auto* number = std::get_if<Int32*>(&variable);
-    return number != nullptr ? Int32ToVariant(**number) : BooleanToVariant(*std::get<bool*>(variable));
+  using Value = std::variant<Int32, bool>;
+  [[nodiscard]] Value Current() const {
+    return std::visit([](const auto* value) { return Value(*value); }, variable);
   }
-  void Take(const Variant& value) const {
-    if (const auto* number = std::get_if<Int32*>(&variable)) {
-      **number = VariantToInt32(value);
-    } else {
-      *std::get<bool*>(variable) = VariantToBoolean(value);
-    }
+  [[nodiscard]] bool IsDefault() const { return Current() == fallback; }
+  void Load(const Record& record) const {
+    if (auto* const* number = std::get_if<Int32*>(&variable))
+      **number = record.GetInteger(key, std::get<Int32>(fallback));
+    else
+      *std::get<bool*>(variable) = record.GetBoolean(key, std::get<bool>(fallback));
+  }
+  void Store(KeyList& list) const {
+    list.AddItem(key, std::visit([](auto value) { return Variant(Variant::Value(value)); }, Current()));
   }
 
   std::string_view key;
   std::variant<Int32*, bool*> variable;
   bool isOptional = false;  // written only while it differs from its default
-  Variant fallback = Value();
-  [[nodiscard]] bool IsDefault() const { return VariantToString(Value()) == VariantToString(fallback); }
+  Value fallback = Current();
 };
 
 // In the order of the file.
@@ -64,11 +68,9 @@ const Setting settings[] = {
     {"ShowLineValues", &ShowLineValues, true},
 };
 
-// `source` is the list of a settings file or the dictionary of an older one.
-template <typename Source>
-void LoadSettings(Source& source) {
-  RunCount = VariantToInt32(LoadItem(source, runCountKey, Int32ToVariant(0)));
-  for (const Setting& setting : settings) setting.Take(LoadItem(source, setting.key, setting.fallback));
+void LoadSettings(const Record& record) {
+  RunCount = record.GetInteger(runCountKey, 0);
+  for (const Setting& setting : settings) setting.Load(record);
 }
 
 // Encodes the settings file. Does not change RunCount, so that all saves of one run write the same count.
@@ -76,7 +78,7 @@ String Content() {
   KeyList list = NewStoredList();
   list.AddItem(runCountKey, DoubleToVariant(RunCount + 1.0));  // a damaged file may have the largest Int32
   for (const Setting& setting : settings)
-    if (!setting.isOptional || !setting.IsDefault()) list.AddItem(setting.key, setting.Value());
+    if (!setting.isOptional || !setting.IsDefault()) setting.Store(list);
   for (const Section& section : Sections()) list.AddItem(section.key, StringToVariant(section.Store()));
   return list.GetData();
 }
@@ -105,7 +107,7 @@ bool LoadOlderSection(const Section& section, plistDict& dict) {
 void PLIST_Load() {
   const std::optional<FolderItem> folder = SpecialFolder::Preferences();
   pref = std::make_unique<plist>(folder ? folder->Child("com.fernhill.sumlet.plist") : FolderItem({}));
-  LoadSettings(pref->root());
+  LoadSettings(PropertyListRecord(pref->root()));
   bool intact = true;
   for (const Section& section : Sections()) {
     plistDict nothing;
@@ -128,24 +130,6 @@ std::optional<FolderItem> GetPrefFile(bool create) {
   return folder->Child("preferences");
 }
 
-// A truncated value counts as missing, although HasItem finds its key.
-Variant LoadItem(KeyList& list, std::string_view key, const Variant& fallback) {
-  bool found = false;
-  String value = list.GetItem(key, found);
-  return found ? StringToVariant(std::move(value)) : fallback;
-}
-
-Variant LoadItem(plistDict& dict, std::string_view key, const Variant& fallback) {
-  switch (VarType(fallback)) {
-    case VariantType::Integer:
-      return Int32ToVariant(dict.GetInteger(key, VariantToInt32(fallback)));
-    case VariantType::Boolean:
-      return BooleanToVariant(dict.GetBoolean(key, VariantToBoolean(fallback)));
-    default:
-      return StringToVariant(dict.GetString(key, VariantToString(fallback)));
-  }
-}
-
 // The settings come first, because the sections use them.
 void Load() {
   const std::optional<FolderItem> file = GetPrefFile(false);
@@ -158,10 +142,9 @@ void Load() {
   KeyList list;
   list.BinaryFormat = true;
   if (!content->empty()) list.AddData(*content);
-  LoadSettings(list);
-  for (const Section& section : Sections()) {
-    section.Load(VariantToString(LoadItem(list, section.key, StringToVariant({}))));
-  }
+  const KeyListRecord record(list);
+  LoadSettings(record);
+  for (const Section& section : Sections()) section.Load(record.GetString(section.key, {}));
 }
 
 void Save() {

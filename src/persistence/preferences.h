@@ -4,19 +4,34 @@
 // The program reads the file once, at start, and writes all of it on each save. docs/settings-format.md describes it.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "framework/file/folder_item.h"
+#include "framework/text/numbers.h"
 #include "framework/text/text.h"
-#include "framework/text/variant.h"
-#include "persistence/key_list.h"
 
 namespace sumlet {
 class plist;
 class plistDict;
+
+// Adds an entry to a list that has one entry for each key, in the order of registration. `Entry` has a member `key`.
+// Replaces an entry with the same key, compared by bytes, at its position.
+template <typename Entry>
+void RegisterByKey(std::vector<Entry>& entries, Entry entry) {
+  const auto place =
+      std::find_if(entries.begin(), entries.end(), [&](const Entry& other) { return other.key == entry.key; });
+  if (place != entries.end())
+    *place = std::move(entry);
+  else
+    entries.push_back(std::move(entry));
+}
+
 }  // namespace sumlet
 
 namespace sumlet::Preferences {
@@ -62,11 +77,5 @@ void Save();
 
 // Blocks until all saves have reached the disk. Call it before the program ends.
 void FinishSaving();
-
-// The value of `key` as text, or `fallback` if it is missing or truncated.
-[[nodiscard]] Variant LoadItem(KeyList& list, std::string_view key, const Variant& fallback);
-// The same for the dictionary of an older settings file. Reads the value with the type of `fallback`: a text, an Int32
-// or a Boolean. Adds the key if it is missing.
-[[nodiscard]] Variant LoadItem(plistDict& dict, std::string_view key, const Variant& fallback);
 
 }  // namespace sumlet::Preferences

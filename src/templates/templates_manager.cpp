@@ -9,7 +9,6 @@
 #include "framework/text/numbers.h"
 #include "persistence/key_list.h"
 #include "persistence/preferences.h"
-#include "persistence/repeated_alerts.h"
 #include "plist/plist_dict.h"
 
 namespace sumlet::TemplatesManager {

@@ -79,9 +79,9 @@ inline String Templates() {
 inline String opened;
 
 inline void RestoreEquation(const MyWindowManager::Record& record) {
-  opened += "[" + DecodeURLComponent(VariantToString(record.LoadItem("equation", "")));
-  opened += "@" + Str(VariantToInt32(record.LoadItem("left", Int32ToVariant(20))));
-  opened += VariantToBoolean(record.LoadItem("fullscreen", BooleanToVariant(false))) ? " full]" : "]";
+  opened += "[" + DecodeURLComponent(record.GetString("equation", {}));
+  opened += "@" + Str(record.GetInteger("left", 20));
+  opened += record.GetBoolean("fullscreen", false) ? " full]" : "]";
 }
 
 // Shows an alert of its own, which is none about damage.
