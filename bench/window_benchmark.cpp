@@ -211,7 +211,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  sumlet::SetMenuAttacher([](sumlet::Window& window) { sumlet::MenuBar1().AttachTo(window); });
+  const auto menus = sumlet::AttachMenus.Set([](sumlet::Window& window) { sumlet::MenuBar1().AttachTo(window); });
   sumlet::MyWindowManager::SetWindowList(sumlet::StoredWindows);
   sumlet::MyWindowManager::RegisterSection();
   sumlet::MyWindowManager::RegisterRestorer({"equation", sumlet::winSumlet::RestoreFrom});

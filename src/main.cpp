@@ -72,6 +72,22 @@ int EndUnanswered() {
   return status;
 }
 
+// Connects the lower layers with the application while the guards live.
+std::vector<HookGuard> Connect(App& app, StatusTray& tray) {
+  return {AttachMenus.Set([](Window& window) {
+            MenuBar1().AttachTo(window);
+            if (dynamic_cast<winSumlet*>(&window) || dynamic_cast<winTemplates*>(&window)) AcceptFiles(window);
+          }),
+          WindowListChanged.Set([&app, &tray] {
+            tray.Follow();
+            app.WindowListChanged();
+          }),
+          OpenFiles.Set([&app](const auto& dropped) { app.OpenDropped(dropped); }),
+          winSumlet::ScheduleSave.Set([&app] { app.ScheduleSave(); }),
+          winSumlet::StepTextSize.Set(App::StepTextSize),
+          winTemplates::OpenEquation.Set(App::OpenEquation)};
+}
+
 int Run(Descriptor requests, const CommandLine& line, const std::vector<String>& files) {
   int status = EXIT_SUCCESS;
   std::optional<NoDisplayEndsProgram> noDisplay(std::in_place);
@@ -85,20 +101,9 @@ int Run(Descriptor requests, const CommandLine& line, const std::vector<String>&
   App app;
   app.FilesToOpen = ItemsOf(files);
   app.BindMenuHandlers();
-  SetMenuAttacher([](Window& window) {
-    MenuBar1().AttachTo(window);
-    if (dynamic_cast<winSumlet*>(&window) || dynamic_cast<winTemplates*>(&window)) AcceptFiles(window);
-  });
-  SetFileOpener([&app](const auto& dropped) { app.OpenDropped(dropped); });
   StatusTray tray(app);
-  SetWindowListChanged([&app, &tray] {
-    tray.Follow();
-    app.WindowListChanged();
-  });
   const auto templateChanges = TemplatesManager::NotifyOfChanges([&app] { app.ScheduleRecovery(); });
-  winSumlet::ScheduleSave = [&app] { app.ScheduleSave(); };
-  winSumlet::StepTextSize = App::StepTextSize;
-  winTemplates::OpenEquation = App::OpenEquation;
+  const auto hooks = Connect(app, tray);
   application.QuitRequested = [&app] { app.Quit(); };
   application.SessionEnding = [&app] { app.Event_CancelClose(); };
   const QuitSignals quitSignals([&app] { app.Quit(); });

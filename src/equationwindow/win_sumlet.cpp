@@ -20,8 +20,8 @@ constexpr Int32 noticePeriod = 2000;     // ms, long enough for a screen reader 
 
 }  // namespace
 
-std::function<void()> winSumlet::ScheduleSave;
-std::function<void(Int32 steps)> winSumlet::StepTextSize;
+Hook<void()> winSumlet::ScheduleSave;
+Hook<void(Int32 steps)> winSumlet::StepTextSize;
 
 winSumlet::winSumlet(bool visible) { Create(visible); }
 
@@ -71,7 +71,7 @@ void winSumlet::Event_Resized() { ArrangeControls(); }
 void winSumlet::textInput_TextChange(TextArea& /*sender*/) {
   if (Loading) return;
   tmrCalculate_.SetMode(TimerMode::Single);
-  if (Preferences::RememberEquations && ScheduleSave) ScheduleSave();
+  if (Preferences::RememberEquations) ScheduleSave();
 }
 
 void winSumlet::tmrCalculate_Action(Timer& /*sender*/) { Calculate(); }

@@ -4,12 +4,12 @@
 // clears Loading and calls Calculate, so that the text does not count as typed and the result is there at once.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 
 #include "engine/math_class.h"
 #include "equationwindow/value_display.h"
+#include "framework/hook.h"
 #include "framework/ui/base_window.h"
 #include "framework/ui/text_area.h"
 #include "framework/ui/timer.h"
@@ -33,13 +33,13 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   bool Loading = false;
   std::unique_ptr<MathClass> math;
 
-  // Called after each text change that is not Loading while the equations are to be remembered; the application saves
-  // some time later. May be empty.
-  static std::function<void()> ScheduleSave;
+  // Saves the session some time later. Called after each change of the text that the user makes, while equations are to
+  // be remembered.
+  static Hook<void()> ScheduleSave;
 
-  // Called when the user turns the wheel with Ctrl: the text of all equations is to be that many sizes larger. May be
-  // empty.
-  static std::function<void(Int32 steps)> StepTextSize;
+  // Makes the text of all equations larger by `steps` sizes, or smaller if negative. Called when the user turns the
+  // wheel with Ctrl.
+  static Hook<void(Int32 steps)> StepTextSize;
 
   [[nodiscard]] TextArea& textInput() const { return *textInput_; }
   [[nodiscard]] TextArea& textOutput() const { return *textOutput_; }

@@ -157,7 +157,7 @@ bool winSumlet::TurnWheel(const QWheelEvent& event) {
   wheelTurn_ += event.angleDelta().y();
   const int steps = wheelTurn_ / QWheelEvent::DefaultDeltasPerStep;
   wheelTurn_ %= QWheelEvent::DefaultDeltasPerStep;
-  if (steps != 0 && StepTextSize) StepTextSize(steps);
+  if (steps != 0) StepTextSize(steps);
   return true;
 }
 

@@ -83,7 +83,7 @@ void DrawPreview(CellGraphics& g, std::string_view text) {
 
 }  // namespace
 
-std::function<void(const winTemplates::Template* chosen)> winTemplates::OpenEquation;
+Hook<void(const winTemplates::Template* chosen)> winTemplates::OpenEquation;
 
 winTemplates& winTemplates::Instance() {
   winTemplates* open = OpenWindow<winTemplates>();
@@ -243,8 +243,8 @@ void winTemplates::OpenSelection() {
   const Int32 row = list_->ListIndex();
   if (row >= 1) {
     const Template chosen{list_->Cell(row, 0), ReplaceLineEndings(list_->Cell(row, 1), EndOfLine)};
-    if (OpenEquation) OpenEquation(&chosen);
-  } else if (OpenEquation) {
+    OpenEquation(&chosen);
+  } else {
     OpenEquation(nullptr);
   }
   Close();

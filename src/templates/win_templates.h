@@ -7,9 +7,9 @@
 #pragma once
 
 #include <QImage>
-#include <functional>
 #include <vector>
 
+#include "framework/hook.h"
 #include "framework/ui/base_window.h"
 #include "framework/ui/listbox.h"
 #include "framework/ui/push_button.h"
@@ -29,9 +29,8 @@ class winTemplates final : public BaseWindow, public MyWindowManager::StoredWind
     String Name;
     String Text;  // UTF-8, lines ended by EndOfLine
   };
-  // Opens the chosen equation; nullptr for an empty one. Called while the chooser is hidden but not yet closed. May be
-  // empty.
-  static std::function<void(const Template* chosen)> OpenEquation;
+  // Opens the chosen equation; nullptr for an empty one. Called while the chooser is hidden but not yet closed.
+  static Hook<void(const Template* chosen)> OpenEquation;
 
   // Whether the buttons for renaming and deleting are visible.
   bool bEditMode = false;

@@ -20,10 +20,7 @@ namespace {
 
 class WinSumlet : public WindowFixture {
  protected:
-  WinSumlet() {
-    winSumlet::ScheduleSave = [this] { ++saves; };
-    QCoreApplication::processEvents();
-  }
+  WinSumlet() { QCoreApplication::processEvents(); }
   void TypeAt(int position, const char* keys) {
     QTextCursor caret = input.textCursor();
     caret.setPosition(position);
@@ -53,6 +50,7 @@ class WinSumlet : public WindowFixture {
   }
 
   int saves = 0;
+  const HookGuard scheduleSave = winSumlet::ScheduleSave.Set([this] { ++saves; });
   QPointer<winSumlet> window = new winSumlet;
   TextArea& input = window->textInput();
   TextArea& output = window->textOutput();

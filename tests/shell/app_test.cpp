@@ -41,7 +41,7 @@ class ApplicationLife : public WindowFixture {
 };
 
 TEST_F(ApplicationLife, SavesFiveMinutesAfterTheLastKey) {
-  winSumlet::ScheduleSave = [this] { app.ScheduleSave(); };
+  const HookGuard save = winSumlet::ScheduleSave.Set([this] { app.ScheduleSave(); });
   TextArea& input = (new winSumlet)->textInput();
   for (const bool remembered : {false, true, true}) {
     Preferences::RememberEquations = remembered;
@@ -54,7 +54,6 @@ TEST_F(ApplicationLife, SavesFiveMinutesAfterTheLastKey) {
     clock.Advance(milliseconds);
     EXPECT_EQ(record, "save with 1;");
   }
-  winSumlet::ScheduleSave = nullptr;
 }
 
 // The desktop says "quit" by an event of the toolkit; without the program's own way, that would close windows first.

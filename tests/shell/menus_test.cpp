@@ -19,9 +19,10 @@ namespace sumlet {
 namespace {
 
 class Menus : public WindowFixture {
+  const HookGuard menus_ = AttachMenus.Set([](Window& window) { MenuBar1().AttachTo(window); });
+
  protected:
   Menus() {
-    SetMenuAttacher([](Window& window) { MenuBar1().AttachTo(window); });
     static App app;  // the menus are made once for the whole run, and so is what they are bound to
     static const bool bound = (app.BindMenuHandlers(), app.AppendMenuItems(), true);
     EXPECT_TRUE(bound);
@@ -185,7 +186,7 @@ TEST_F(Menus, FilesComeInAndFailuresAreNamedOnce) {
     std::ofstream(files.back().Path(), std::ios::binary) << content;
   }
   files.emplace_back(folder.filePath("gone.txt").toStdString());
-  SetFileDialogs({[&files](const OpenDialog&) { return files; }, {}});
+  const HookGuard chosen = ShowOpenDialog.Set([&files](const OpenDialog&) { return files; });
   String told, opened;
   const HookGuard alert = ShowDialog.Set([&told](const MessageDialog& dialog) {
     told += dialog.Message + "|" + dialog.Explanation;
@@ -206,7 +207,7 @@ TEST_F(Menus, FilesComeInAndFailuresAreNamedOnce) {
 // The opener is told of files only; of a drop the program shows the outcome in the drag's action.
 TEST_F(Menus, FilesAreOpenedWhereOtherThingsAreInserted) {
   String opened;
-  SetFileOpener([&opened](const std::vector<FolderItem>& files) {
+  const HookGuard opener = OpenFiles.Set([&opened](const std::vector<FolderItem>& files) {
     for (const FolderItem& file : files) opened += file.Path().string() + ";";
   });
   TextArea& area = NewEquation("").textInput();
@@ -228,13 +229,12 @@ TEST_F(Menus, FilesAreOpenedWhereOtherThingsAreInserted) {
   receive("text/plain", "2+");
   receive("text/uri-list", "https://sumlet.example/");
   EXPECT_EQ(area.Text(), "2+https://sumlet.example/2+") << "a link is pasted and not dropped";
-  SetFileOpener({});
 }
 
 TEST_F(Menus, ExportTellsOfAFailure) {
-  SetFileDialogs({{}, [this](const SaveAsDialog& dialog, Window&) {
-                    return FolderItem(folder.filePath("none").toStdString()).Child(dialog.SuggestedFileName);
-                  }});
+  const HookGuard dialog = ShowSaveAsDialog.Set([this](const SaveAsDialog& asked, Window&) {
+    return FolderItem(folder.filePath("none").toStdString()).Child(asked.SuggestedFileName);
+  });
   String told;
   const HookGuard alerts = MsgBox.Set([&told](std::string_view text) { told = text; });
   winSumlet& window = NewEquation("1");

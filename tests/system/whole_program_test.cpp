@@ -28,9 +28,9 @@ class WholeProgram : public WindowFixture {
  protected:
   WholeProgram() {
     App::ConnectSettings();
-    winSumlet::ScheduleSave = [this] { app_.ScheduleSave(); };
-    winTemplates::OpenEquation = App::OpenEquation;
-    SetMenuAttacher([](Window& window) { MenuBar1().AttachTo(window); });
+    hooks_ = {winSumlet::ScheduleSave.Set([this] { app_.ScheduleSave(); }),
+              winTemplates::OpenEquation.Set(App::OpenEquation),
+              AttachMenus.Set([](Window& window) { MenuBar1().AttachTo(window); })};
     app_.BindMenuHandlers();
     app_.Event_Open();
   }
@@ -41,14 +41,15 @@ class WholeProgram : public WindowFixture {
   }
 
   App app_;
+  std::vector<HookGuard> hooks_;
 };
 
 class Soak : public WholeProgram {
  protected:
   Soak() {
     const FolderItem file(folder.filePath("exported.txt").toStdString());
-    SetFileDialogs({[file](const OpenDialog&) { return std::vector(2, file); },
-                    [file](const SaveAsDialog&, Window&) { return file; }});
+    hooks_.push_back(ShowOpenDialog.Set([file](const OpenDialog&) { return std::vector(2, file); }));
+    hooks_.push_back(ShowSaveAsDialog.Set([file](const SaveAsDialog&, Window&) { return file; }));
     QPixmapCache::setCacheLimit(0);  // it would fill up slowly
   }
 

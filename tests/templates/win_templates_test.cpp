@@ -15,11 +15,11 @@ class WinTemplates : public WindowFixture {
     TemplatesManager::Key = {"one", "two", "three"};
     TemplatesManager::EquationText = {"1", "2\r\n2", "3"};
     Preferences::TemplatesOpen = false;
-    winTemplates::OpenEquation = [this](const winTemplates::Template* chosen) {
+    openEquation = winTemplates::OpenEquation.Set([this](const winTemplates::Template* chosen) {
       opened = chosen ? chosen->Name + "=" + chosen->Text : "empty";
       EXPECT_FALSE(chooser->isVisible());
       EXPECT_TRUE(Preferences::TemplatesOpen) << "hidden, and not yet closed";
-    };
+    });
     Open();
   }
   void Open() {
@@ -36,6 +36,7 @@ class WinTemplates : public WindowFixture {
     return state;
   }
 
+  HookGuard openEquation;
   std::string opened;
   QPointer<winTemplates> chooser;
 };

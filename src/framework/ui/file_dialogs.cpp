@@ -2,19 +2,14 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QPointer>
-#include <utility>
 
 #include "framework/ui/qt_text.h"
 #include "framework/ui/window.h"
 
 namespace sumlet {
 namespace {
-
-FileDialogHandlers& Handlers() {
-  static FileDialogHandlers handlers;
-  return handlers;
-}
 
 // Both dialogs begin in the folder of the last choice, the user's home at first.
 QString& LastFolder() {
@@ -36,25 +31,21 @@ QString AsFileName(std::string_view name) {
   return fileName;
 }
 
-}  // namespace
-
-std::vector<FolderItem> OpenDialog::ShowModal() const {
-  if (Handlers().open) return Handlers().open(*this);
-  const QString filter = ToQString(Filter) + QStringLiteral(";;All files (*)");
-  const QStringList paths = QFileDialog::getOpenFileNames(nullptr, ToQString(PromptText), LastFolder(), filter, nullptr,
-                                                          QFileDialog::HideNameFilterDetails);
+std::vector<FolderItem> AskForFiles(const OpenDialog& request) {
+  const QString filter = ToQString(request.Filter) + QStringLiteral(";;All files (*)");
+  const QStringList paths = QFileDialog::getOpenFileNames(nullptr, ToQString(request.PromptText), LastFolder(), filter,
+                                                          nullptr, QFileDialog::HideNameFilterDetails);
   std::vector<FolderItem> files;
   for (const QString& path : paths) files.push_back(ItemOf(path));
   return files;
 }
 
-std::optional<FolderItem> SaveAsDialog::ShowModalWithin(Window& parent) const {
-  if (Handlers().saveAs) return Handlers().saveAs(*this, parent);
-  // The parent, and with it the dialog, may go while the dialog stands.
+std::optional<FolderItem> AskForPlace(const SaveAsDialog& request, Window& parent) {
+  // The parent may be destroyed while the dialog is open, and the dialog with it.
   const QPointer<QFileDialog> dialog = new QFileDialog(&parent, QString(), LastFolder());
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setFileMode(QFileDialog::AnyFile);
-  dialog->selectFile(AsFileName(SuggestedFileName));
+  dialog->selectFile(AsFileName(request.SuggestedFileName));
   const bool chosen = dialog->exec() == QDialog::Accepted && dialog;
   const QString path = chosen ? dialog->selectedFiles().value(0) : QString();
   delete dialog;
@@ -62,6 +53,15 @@ std::optional<FolderItem> SaveAsDialog::ShowModalWithin(Window& parent) const {
   return ItemOf(path);
 }
 
-void SetFileDialogs(FileDialogHandlers handlers) { Handlers() = std::move(handlers); }
+}  // namespace
+
+Hook<std::vector<FolderItem>(const OpenDialog& dialog)> ShowOpenDialog(AskForFiles);
+Hook<std::optional<FolderItem>(const SaveAsDialog& dialog, Window& parent)> ShowSaveAsDialog(AskForPlace);
+
+std::vector<FolderItem> OpenDialog::ShowModal() const { return ShowOpenDialog(*this); }
+
+std::optional<FolderItem> SaveAsDialog::ShowModalWithin(Window& parent) const {
+  return ShowSaveAsDialog(*this, parent);
+}
 
 }  // namespace sumlet

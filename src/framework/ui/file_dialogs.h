@@ -1,11 +1,11 @@
-// The desktop's dialogs for choosing files. Who shows them is a hook, so that a test can answer.
+// The desktop's dialogs for choosing files.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <vector>
 
 #include "framework/file/folder_item.h"
+#include "framework/hook.h"
 #include "framework/text/text.h"
 
 namespace sumlet {
@@ -26,11 +26,8 @@ struct SaveAsDialog {
   [[nodiscard]] std::optional<FolderItem> ShowModalWithin(Window& parent) const;
 };
 
-struct FileDialogHandlers {
-  std::function<std::vector<FolderItem>(const OpenDialog& dialog)> open;
-  std::function<std::optional<FolderItem>(const SaveAsDialog& dialog, Window& parent)> saveAs;
-};
-// Takes the place of the desktop's dialogs; empty handlers bring them back.
-void SetFileDialogs(FileDialogHandlers handlers);
+// Handlers replace the desktop's dialogs.
+extern Hook<std::vector<FolderItem>(const OpenDialog& dialog)> ShowOpenDialog;
+extern Hook<std::optional<FolderItem>(const SaveAsDialog& dialog, Window& parent)> ShowSaveAsDialog;
 
 }  // namespace sumlet

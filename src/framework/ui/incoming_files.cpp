@@ -5,15 +5,9 @@
 #include <QMimeData>
 #include <QUrl>
 #include <QWidget>
-#include <utility>
 
 namespace sumlet {
 namespace {
-
-std::function<void(const std::vector<FolderItem>&)>& Opener() {
-  static std::function<void(const std::vector<FolderItem>&)> open;
-  return open;
-}
 
 // A file name may hold any bytes, and the toolkit's own conversion loses those that are no UTF-8.
 FolderItem ItemOf(const QUrl& file) {
@@ -40,6 +34,8 @@ class DropFilter final : public QObject {
 
 }  // namespace
 
+Hook<void(const std::vector<FolderItem>& files)> OpenFiles;
+
 std::vector<FolderItem> FilesIn(const QMimeData& data) {
   std::vector<FolderItem> files;
   for (const QUrl& url : data.urls())
@@ -47,11 +43,9 @@ std::vector<FolderItem> FilesIn(const QMimeData& data) {
   return files;
 }
 
-void SetFileOpener(std::function<void(const std::vector<FolderItem>& files)> open) { Opener() = std::move(open); }
-
 void OpenIncoming(const QMimeData& data) {
   const auto open = [files = FilesIn(data)] {
-    if (!files.empty() && Opener()) Opener()(files);
+    if (!files.empty()) OpenFiles(files);
   };
   QMetaObject::invokeMethod(qApp, open, Qt::QueuedConnection);
 }

@@ -20,8 +20,6 @@ namespace {
 
 // Outlives whatever main() creates, which may still read it when the process exits.
 Array<Window*> openWindows;
-std::function<void()> listChanged;
-std::function<void(Window&)> attachMenus;
 
 int singleActivations = 0;
 
@@ -33,14 +31,14 @@ void TakeOut(const Window* window) {
 void Forget(const Window* window) {
   const Int32 before = WindowCount();
   TakeOut(window);
-  if (WindowCount() != before && listChanged) listChanged();
+  if (WindowCount() != before) WindowListChanged();
 }
 
 void MoveToFront(Window* window) {
   const Int32 before = WindowCount();
   TakeOut(window);
   openWindows.Insert(0, window);
-  if (WindowCount() != before && listChanged) listChanged();
+  if (WindowCount() != before) WindowListChanged();
 }
 
 // The screen on which the user works. Where there is one only, the desktop need not be asked for the pointer, and a
@@ -56,10 +54,11 @@ bool TellsPlaces() { return !QGuiApplication::platformName().startsWith(QLatin1S
 
 }  // namespace
 
+Hook<void(Window& window)> AttachMenus;
+Hook<void()> WindowListChanged;
+
 Int32 WindowCount() { return openWindows.Ubound() + 1; }
 Window& WindowAt(Int32 index) { return *openWindows[index]; }
-void SetWindowListChanged(std::function<void()> changed) { listChanged = std::move(changed); }
-void SetMenuAttacher(std::function<void(Window& window)> attach) { attachMenus = std::move(attach); }
 
 SingleActivation::SingleActivation() { ++singleActivations; }
 
@@ -81,7 +80,7 @@ Window::~Window() { Forget(this); }
 
 void Window::Create(bool visible) {
   Layout();
-  if (attachMenus) attachMenus(*this);
+  AttachMenus(*this);
   if (placement_ == Placement::Staggered) Stagger();
   if (placement_ == Placement::Centred) Centre();
   CreateControls();

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "framework/hook.h"
 #include "framework/text/text.h"
 #include "framework/ui/placement.h"
 
@@ -197,9 +198,9 @@ template <class WindowClass>
   return nullptr;
 }
 
-// `attach` runs for each new window, once its properties are set, and gives it the menus.
-void SetMenuAttacher(std::function<void(Window& window)> attach);
-// `changed` runs when a window has come into the list or gone from it; there it may be half built or half destroyed.
-void SetWindowListChanged(std::function<void()> changed);
+// Gives a new window its menus. Runs when the window has set its properties.
+extern Hook<void(Window& window)> AttachMenus;
+// Runs after a window has been added to the list or removed from it. That window may be half built or half destroyed.
+extern Hook<void()> WindowListChanged;
 
 }  // namespace sumlet
