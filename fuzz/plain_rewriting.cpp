@@ -4,10 +4,23 @@
 #include <vector>
 
 #include "engine/language.h"
-#include "engine/math_class_peer.h"
+#include "engine/math_class.h"
 #include "framework/text/numbers.h"
 
 namespace sumlet {
+
+// The operations of MathClass that the plain evaluator shares. Those that fail leave the details in `math`.
+class MathClassPeer {
+ public:
+  static String DoOperation(MathClass& math, std::string_view left, std::string_view right, std::string_view op) {
+    return math.DoOperation(left, right, op);
+  }
+  static String DoFunction(MathClass& math, std::string_view first, std::string_view second, std::string_view name) {
+    return math.DoFunction(first, second, name);
+  }
+  static String FractionToDecimal(std::string_view text) { return MathClass::FractionToDecimal(text); }
+};
+
 namespace {
 
 const String digitsAndSigns = "0123456789,. -";

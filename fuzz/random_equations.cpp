@@ -79,6 +79,12 @@ void Change(String& text, const Choose& choose) {
 
 }  // namespace
 
+Choose ChooseBy(std::string_view input) {
+  return [input, at = std::size_t{0}](std::size_t limit) mutable {
+    return at < input.size() ? static_cast<unsigned char>(input[at++]) % limit : 0;
+  };
+}
+
 String RandomEquation(const Choose& choose) {
   if (choose(4) > 0) return Expanded(choose, "{text}", 1 + choose(5));
   String text = workedExamples[choose(std::size(workedExamples))].text;

@@ -14,10 +14,7 @@ constexpr char choosesArithmetic = '\x02';
 String EquationOf(std::string_view input) {
   const bool isArithmetic = input.front() == choosesArithmetic;
   if (input.front() != choosesWords && !isArithmetic) return String(input);
-  std::size_t at = 1;
-  const Choose choose = [&](std::size_t limit) {
-    return at < input.size() ? static_cast<unsigned char>(input[at++]) % limit : 0;
-  };
+  const Choose choose = ChooseBy(input.substr(1));
   return isArithmetic ? RandomArithmetic(choose) : RandomEquation(choose);
 }
 

@@ -27,6 +27,7 @@ ENGINE = [
     ["replay_rewriting", CORPUS / "rewriting"],
     ["replay_rewriting", CORPUS / "random_words", "--random", "20000"],
     ["replay_engine", CORPUS / "engine"],
+    ["replay_long_number", CORPUS / "random_long_numbers", "--random", "150"],
     ["engine_tests", "--gtest_filter=Hostile.*"],
 ]
 PERSISTENCE = [

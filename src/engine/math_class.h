@@ -71,7 +71,7 @@ class MathClass {
   [[nodiscard]] virtual bool ResultIsError(std::string_view text) const;
 
  private:
-  friend class MathClassPeer;  // lets a test reach an operation that no line of the language reaches
+  friend class MathClassPeer;  // for the evaluator that tests compare this class with
 
   // The final result of a text when a step ends its evaluation; nothing when rewriting continues.
   using Ending = std::optional<String>;

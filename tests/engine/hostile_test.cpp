@@ -3,13 +3,10 @@
 // could bear.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <random>
+#include <initializer_list>
 
-#include "engine/long_number.h"
 #include "engine/math_class.h"
 #include "engine/worked_examples.h"
-#include "framework/text/numbers.h"
 
 namespace sumlet {
 namespace {
@@ -86,73 +83,6 @@ TEST(Hostile, ValuesThatGrow) {
       {"twice in the value of another name", arguments + Times(3'000, "x+") + "1", "1"},
       {"the same value again", "x=" + Times(15'000, "1,") + "1\n" + Times(8'000, "x=x\n") + "x^0", "1"},
   });
-}
-
-String RandomDigits(std::mt19937& random, std::string_view choices, std::size_t count) {
-  String text;
-  while (count-- > 0) text += choices[random() % choices.size()];
-  return text;
-}
-
-// A long value may be put in shortened, but never so that a digit of any outcome changes: it must read as the same
-// number whatever stands around it.
-TEST(Hostile, ShortenedNumbersReadTheSame) {
-  std::mt19937 random(1);
-  const String around[] = {"", "7", "0", ".", "1.", ",", "0.0", String(320, '0'), "-"};
-  for (int i = 0; i < 150; ++i) {
-    String number = i % 5 == 0 ? "-" : "";
-    for (std::uint32_t runs = 1 + random() % 5; runs > 0; --runs) {
-      number += RandomDigits(random, i % 3 == 0 ? "0123456789" : "0", random() % 3000);
-      number += RandomDigits(random, "0,.5", random() % 3);
-    }
-    // just above 2^-1075, half of the smallest double, which has as many places as any tie
-    if (i == 0) number = "0.0" + Format(5 * 0x1p-1074, "#." + String(1074, '#')).substr(2) + String(3000, '0') + "1";
-    for (const String& front : around) {
-      const bool pointMayPrecede = front.find_first_not_of("0123456789") != String::npos;
-      const String abridged = AbridgedNumber(number, pointMayPrecede);
-      ASSERT_LE(abridged.size(), std::min<std::size_t>(number.size(), 4000));
-      for (const String& behind : around) {
-        const String whole = Join({front, number, behind}, "");
-        const String shortened = Join({front, abridged, behind}, "");
-        ASSERT_EQ(CDbl(shortened), CDbl(whole)) << whole;
-        ASSERT_EQ(Val(shortened), Val(whole)) << whole;
-        ASSERT_EQ(CDbl(NthField(shortened, ",", 2)), CDbl(NthField(whole, ",", 2))) << whole;
-      }
-    }
-  }
-}
-
-// Abridging begins when a run has put in long values for a megabyte. Whatever a line then does with one, nothing may
-// show that it came abridged: it is as without that megabyte.
-TEST(Hostile, ShortenedNumbersShowNowhere) {
-  const String values =
-      "z=-" + String(3000, '7') + ".1\nt=." + String(2000, '0') + "5\nc=" + Times(900, "1,") + "2.5.1\ne=\nm=-\n";
-  // Bars are rewritten, which puts the value in; a sum would only use its number.
-  const String megabyte = "w=" + String(600'000, '0') + "\n|w|\n|w|\n";
-  const std::pair<const char*, const char*> around[] = {
-      {"(", ")"},        {"(", ")"},    {"|", "|"},    {"-", ""},   {"--", ""},   {"\t ", ""}, {"", " \t"},
-      {"()", ""},        {"", "||"},    {"e ", ""},    {"", " m"},  {"1 ", ""},   {"", "+1"},  {"7*", ""},
-      {"", "^0"},        {",", ""},     {"(", ",.1)"}, {"", "."},   {"pi", ""},   {"", " c"},  {"max(", ",t)"},
-      {"dec(", " 1/2)"}, {"sin(", ")"}, {"foo ", ""},  {"7.+", ""}, {"2*1 ", ""}, {"1.-", ""}};
-  std::mt19937 random(1);
-  int shownInWhole = 0;
-  for (int i = 0; i < 250; ++i) {
-    String line(1, "ztc"[random() % 3]);
-    for (std::uint32_t count = random() % 5; count > 0; --count) {
-      const auto& [front, behind] = around[random() % std::size(around)];
-      line = front + line + behind;
-    }
-    if (random() % 3 == 0) line = "y=" + line;
-    if (i == 0) line = "(\t z)";  // white space is no part of a calculation
-    MathClass plain(values + line);
-    MathClass abridging(megabyte + values + line);
-    plain.Evaluate();
-    abridging.Evaluate();
-    ASSERT_TRUE(abridging.Result == plain.Result) << line;
-    ASSERT_TRUE(!plain.ResultIsError() || abridging.ResultDetails == plain.ResultDetails) << line;
-    if (plain.Result.size() > 1000) ++shownInWhole;
-  }
-  EXPECT_GE(shownInWhole, 25) << "the comparison needs values that are shown as they stand";
 }
 
 }  // namespace
