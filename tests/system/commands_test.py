@@ -1,4 +1,4 @@
-"""Works the window program as a user does: drags, pastes, opens menus, exports and imports, enters full screen."""
+"""Works the window program as a user does: drags, pastes, exports and imports, enters full screen."""
 
 import unittest
 
@@ -47,12 +47,6 @@ class Commands(Desktop):
         self.type(f'"{exported}" "{other}"')
         self.press("Return")
         self.expect_text("2+2")
-
-    def test_menus_open_by_mnemonic(self):
-        self.press("alt+f", "Down", "Return")  # the second item
-        self.expect_title("Template Chooser")
-        self.press("ctrl+w")
-        self.expect_title("Sumlet")
 
     def test_full_screen_is_restored(self):
         def is_full_screen():

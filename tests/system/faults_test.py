@@ -62,17 +62,6 @@ class Faults(RunningProgram):
         self.run_through(behind=["sh", "-c", 'exec "$0" <&- >&- 2>&-'])
         self.assertEqual(self.runs(), 1)
 
-    def test_a_folder_takes_the_place_of_the_file(self):
-        self.write_settings()
-
-        def replace():
-            self.settings.unlink()
-            (self.settings / "kept").mkdir(parents=True)
-
-        for strike in (replace, lambda: None):
-            self.run_through(strike)
-        self.assertEqual(list(self.settings.iterdir()), [self.settings / "kept"])
-
     def test_a_home_that_vanishes_is_made_anew(self):
         self.write_settings()
         text = self.settings.read_bytes()[-3000:]
