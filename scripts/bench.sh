@@ -1,21 +1,21 @@
 #!/usr/bin/env bash
-# Measures Sumlet on this machine. docs/performance.md holds what it said when it was last run for it.
+# Measures Sumlet on this machine. docs/performance.md shows the results of one machine.
 #
 #   scripts/bench.sh [SECTION...]     all sections without one
 #
-#   engine         the calculation alone: the cost of a line, an operator, a parenthesis as a text grows
-#   storage        saving and loading what a user has piled up
-#   window         from a key to the painted result; one more window; a session brought back and saved
+#   engine         the calculation alone: the cost of a line, an operator and a parenthesis as a text grows
+#   storage        saving and loading many templates and windows
+#   window         from a key to the painted result; opening a window; restoring and saving a session
 #   start          from the start of the process to the painted window, beside a bare Qt program and other calculators
-#   peers          sumlet-eval beside other calculators of the command line
-#   instructions   what sumlet-eval takes in instructions, and where they go
+#   peers          sumlet-eval beside other command-line calculators
+#   instructions   how many instructions sumlet-eval executes, and in which functions
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
 bench="$projectRoot/bench"
 build="$projectRoot/build/release"
 
-# Where the user may ask for it, nothing else that runs on the machine gets between.
+# Real-time priority, if the user may set it, so that other processes do not interrupt the measurement.
 undisturbed=()
 if chrt -r 1 true 2>/dev/null; then undisturbed=(chrt -r 1); fi
 
@@ -25,7 +25,7 @@ measure_window() { "${undisturbed[@]}" "$build/window_benchmark" 2>/dev/null; }
 measure_peers() { "${undisturbed[@]}" python3 -B "$bench/peers.py" "$build/sumlet-eval"; }
 measure_instructions() { python3 -B "$bench/instructions.py" "$build/sumlet-eval"; }
 
-# A display that has room for a large session, and a session bus, as every desktop has one.
+# A display with room for a large session, and a session bus, which every desktop has.
 measure_start() {
   "${undisturbed[@]}" dbus-run-session -- bash -c '
     source "$0/scripts/virtual_display.sh"

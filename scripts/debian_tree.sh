@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# Runs the two commands of README.md on a bare Debian: scripts/run.sh, whose window is worked on a virtual display, and
-# scripts/test.sh. Has to be started as root, because it makes and mounts a system.
+# Runs the two commands of README.md on a bare Debian: scripts/run.sh, whose window calculates on a virtual display, and
+# scripts/test.sh. Needs root, because it installs and mounts a system.
 #
 #   scripts/debian_tree.sh SUITE FOLDER [COMMAND]
 #
-# SUITE is bookworm (Debian 12) or trixie (Debian 13). FOLDER becomes that system, a few GB large, with nothing but its
-# smallest set of packages, a user who may use sudo, and the last commit of this project in that user's home. A system
-# that an earlier run has left there is used again, with a new copy of the project. COMMAND, a line for the shell,
-# replaces the two commands.
+# SUITE is bookworm (Debian 12) or trixie (Debian 13). The script installs the smallest set of packages in FOLDER, which
+# takes a few GB, adds a user who may use sudo, and copies the last commit of this project to that user's home. It uses
+# the system of an earlier run again, with a new copy of the project. COMMAND, a line for the shell, replaces the two
+# commands.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
@@ -30,7 +30,7 @@ if [[ ! -d $tree/home/newcomer ]]; then
   echo "newcomer ALL=(ALL) NOPASSWD: ALL" >"$tree/etc/sudoers.d/newcomer"
 fi
 project=$tree/home/newcomer/sumlet
-# The builds of an earlier run go too; what they compiled is still in the user's ccache.
+# Also removes the builds of an earlier run. The user's ccache keeps their object files.
 rm -rf "$project"
 mkdir "$project"
 git -C "$projectRoot" archive "$commit" | tar -x -C "$project"
@@ -39,8 +39,8 @@ chroot "$tree" chown -R newcomer: /home/newcomer/sumlet
 source "$projectRoot/scripts/virtual_display.sh"
 mkdir -p /tmp/.X11-unix
 
-# in_tree COMMAND: runs it in the system as its user. Mounts and processes are in namespaces of their own, so they end
-# with it, however it ends.
+# in_tree COMMAND: runs it in the system as its user. Mounts and processes have namespaces of their own, so they end with
+# the command, even if it is killed.
 in_tree() {
   unshare --mount --pid --fork --kill-child bash -euc '
     mount -t proc proc "$0/proc"

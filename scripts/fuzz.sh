@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Feeds the fuzz targets with inputs that grow out of their seeds, and fails when one is answered wrongly, crashes or
-# takes too long.
+# Runs the fuzz targets on inputs that evolve from their seeds. Fails on a wrong answer, a crash, or an input that takes
+# too long.
 #
-#   scripts/fuzz.sh [-seed=N] [SECONDS] [TARGET...]      30 seconds for each of all targets; two run at a time
+#   scripts/fuzz.sh [-seed=N] [SECONDS] [TARGET...]      30 seconds for each target; two run at a time
 #
-# With a seed every run tries the same inputs, as far as they last. What is found, and each run's log, is in
-# build/fuzz/finds; inputs that reach new code are kept in build/fuzz/corpus for the next run. Run a find again with
-# build/fuzz/fuzz_TARGET FILE, and make it a seed in fuzz/corpus/TARGET, which the tests replay.
+# Runs with the same seed try the same inputs in the same order. build/fuzz/finds holds the inputs that fail, and the log
+# of each run; build/fuzz/corpus holds the inputs that reach new code, for the next run. Repeat a failure with
+# build/fuzz/fuzz_TARGET FILE, and add the file to fuzz/corpus/TARGET, which the tests replay.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 cd "$projectRoot"
@@ -36,10 +36,12 @@ for target in "${targets[@]}"; do
   [[ -x $build/fuzz_$target ]] || { echo "fuzz.sh: no target $target; the targets are: ${known[*]}" >&2; exit 2; }
 done
 
-# Lengths in bytes. The plain evaluator is too slow for more; what the others read has no length at which it changes.
+# The greatest length of an input in bytes. The plain evaluator is too slow for more, and the others treat longer inputs
+# in the same way.
 declare -A longest=([engine]=65536 [rewriting]=300 [settings]=2048)
 
-# Recording where each block was allocated takes a fifth of the time. Run a find without this for the whole stack.
+# Do not record where each block was allocated, which takes a fifth of the time. To see the whole stack of a failure, run
+# its input without this option.
 export ASAN_OPTIONS=malloc_context_size=2
 
 # run_target NAME: an input may take ten seconds. A release evaluates any 64 KiB in less than two; the target does it

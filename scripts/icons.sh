@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Renders the application icon, data/icons/sumlet.svg, to the sizes that desktops ask for: data/icons/sumlet-SIZE.png.
-# The same pictures in one file each are the icons of a macOS bundle and of a Windows program.
-# The pictures are kept in the repository, so that a build needs no renderer; start this after a change of the drawing.
+# Renders the application icon, data/icons/sumlet.svg, in the sizes that desktops need: data/icons/sumlet-SIZE.png.
+# Combines the same pictures into the icon files of a macOS bundle and of a Windows program.
+# Run it after a change of the drawing. The repository contains the pictures, so that a build needs no renderer.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 

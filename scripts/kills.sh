@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Kills the window program at random instants while somebody types, and counts what the next start has lost.
+# Kills the window program at random instants while it receives keys, and counts the words that the next start has lost.
 #
 #   scripts/kills.sh [COUNT [PROGRAM]]      1,000 kills of build/release/sumlet
 #
-# What must not be lost: a word that a pause of a second follows, and a word that is older than five seconds. The display
-# and the program get 0.7 s more, because the machine may be busy.
+# The program must keep a word that is followed by a pause of a second, and a word that is older than five seconds. The
+# script allows 0.7 s more for the display and the program, because the machine may be busy.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 source "$root/scripts/virtual_display.sh"
@@ -21,10 +21,10 @@ stored() {
   python3 -B "$root/tests/system/settings_file.py" show "$file"
 }
 
-# round NUMBER: sets lost to the words that are missing though they must not be
+# round NUMBER: appends the words that the program should have kept to `lost`
 round() {
   local words=() times=() word i killed last pause
-  # Anew each time: the fifth start in a row would ask for a review, and that question would take the keys.
+  # Writes new settings each time, because the fifth start asks for a review, and that window would take the keys.
   rm -f "$folder/recovery"
   python3 -B "$root/tests/system/settings_file.py" write "$folder/preferences" '100 80 365 234 1+1'
   start_window "$sumlet"
@@ -47,7 +47,7 @@ round() {
       due=$((due + 1))
       stored | grep -q "${words[i]} \|${words[i]}$" || lost+=("${words[i]} after $((killed - times[i])) ms,")
     fi
-    # The keys of the next word begin before its time.
+    # The recorded time of a word is that of its last key. Its first key came earlier.
     last=$((times[i] - 20 * (${#words[i]} + 1)))
   done
 }

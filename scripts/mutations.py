@@ -43,7 +43,7 @@ SYSTEM = [["sumlet", r"^System\.(commands|ends|session|second_start)_test$"]]
 TESTS = {
     "src/engine": ENGINE,
     "src/equationwindow": WINDOWS + SYSTEM,
-    "src/framework/ui": WINDOWS + SYSTEM + [["soak_tests"]],
+    "src/framework/ui": WINDOWS + SYSTEM + [["whole_program_tests"]],
     "src/shell": WINDOWS[::-1] + SYSTEM,
     "src/framework/file": PERSISTENCE + PLIST,
     "src/framework": FRAMEWORK + ENGINE + PERSISTENCE + PLIST,

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Builds the Debian source package and the Debian packages of it, checks them, and prints where they lie.
+# Builds the Debian source package and the binary packages, checks them, and prints their paths.
 #
-#   scripts/package.sh [FOLDER]     FOLDER is build/package unless it is named
+#   scripts/package.sh [FOLDER]     the default is build/package
 #
-# The same files give the same bytes each time, in whichever folder.
+# Builds are reproducible: the same sources result in the same bytes in any folder.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
@@ -15,15 +15,15 @@ tree=$folder/sumlet-$version
 rm -rf "$tree" "$folder"/sumlet*
 mkdir -p "$tree"
 
-# What the repository tracks, with the changes that are not committed; without a repository, everything but the builds.
+# Packs the tracked files, with uncommitted changes; without a repository, all files except the builds.
 tracked() { git ls-files -z 2>/dev/null || find . -path ./build -prune -o -type f -print0; }
 cd "$projectRoot"
 tracked | tar --create --null --files-from=- | tar --extract --directory "$tree"
-# The source package holds the times and the permissions of its files.
+# The source package contains the times and permissions of its files, so they must not vary.
 find "$tree" -exec touch --no-dereference --date "@$(dpkg-parsechangelog --show-field Timestamp)" {} +
 chmod -R u=rwX,go=rX "$tree"
 
-# debhelper gives the build a home of its own, in which ccache would find nothing.
+# debhelper sets another HOME for the build, in which ccache would find nothing.
 if command -v ccache >/dev/null; then export CCACHE_DIR=${CCACHE_DIR:-$HOME/.cache/ccache}; fi
 cd "$tree"
 dpkg-buildpackage --unsigned-source --unsigned-changes >"$folder/build.log" 2>&1 || { tail -n 40 "$folder/build.log" >&2; exit 1; }
@@ -31,7 +31,7 @@ rm -rf "$tree"
 cd "$folder"
 lintian --allow-root --fail-on error,warning ./*.changes
 
-# A package that is installed into an empty tree works there, and leaves nothing when it is removed.
+# A package has to work when it is installed into an empty tree, and leave nothing behind when it is removed.
 asRoot=()
 if ((EUID != 0)); then asRoot=(fakeroot); fi
 manage_package() {

@@ -1,8 +1,9 @@
-"""Lets the power fail at every instant of some saves: power_failure.py SAVE-LOOP [TRIES]. Status 77 without strace.
+"""Simulates a power failure at every instant of some saves: power_failure.py SAVE-LOOP [TRIES]. Status 77 without strace.
 
-strace records what the program asks of the disk. A power failure leaves any prefix of that. Of what is not flushed by
-then, any page, length or name can be missing: TRIES random choices for each prefix. The next start then has to find the
-save under way or the one before it, whole. Contents are modelled: a page holds the number of the save that wrote it.
+strace records the system calls of the saves. A power failure interrupts them after any prefix. Each page, length or name
+that is not flushed by then can be missing: the test makes TRIES random choices for each prefix. The next start then has
+to find the current save or the previous one, whole. A model of the disk stands for the contents: each page holds the
+number of the save that wrote it.
 """
 
 import copy
@@ -24,7 +25,7 @@ PATTERN = re.compile(r'(\w+)\((?:\d+<(.*?)>|AT_FDCWD<.*?>, "(.*?)"|"(.*?)")(?:, 
 
 
 class Disk:
-    """What is on the disk: files by number, as {page: save}, and their lengths; names of files."""
+    """The content of a disk: the pages of each file as {page: save}, the lengths, and the files' numbers by name."""
 
     def __init__(self):
         self.pages, self.lengths, self.names = {}, {}, {}
@@ -40,7 +41,7 @@ class Disk:
             self.names[key] = value
 
     def save_in(self, name, sizes):
-        """The save that the file holds whole, None when it is torn, -1 when there is no file."""
+        """The save that the file contains as a whole; None if the file is torn, -1 if there is no file."""
         if name not in self.names:
             return -1
         length = self.lengths.get(self.names[name], 0)
@@ -50,7 +51,7 @@ class Disk:
 
 
 def owner(change):
-    """The number of the file whose flushing puts the change on the disk; None for the folder."""
+    """The number of the file whose flush writes the change to the disk; None for the folder."""
     kind, key, _ = change
     return {"page": key[0] if kind == "page" else 0, "length": key, "name": None}[kind]
 

@@ -6,7 +6,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 ensure_packages build gui
 build_preset release
 
-# A display counts when it answers: a DISPLAY left over from another session does not.
+# Checks that the display answers, because DISPLAY may be left over from another session.
 if [[ -n ${DISPLAY:-} ]] && xdpyinfo >/dev/null 2>&1; then
   exec "$projectRoot/build/release/sumlet" "$@"
 fi

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Draws the window, with an equation in it and its result, as a picture. Needs no display.
+# Takes a picture of the window with an equation and its result. Needs no display.
 #
-#   scripts/screenshot.sh OUT.png [FILE]     FILE holds the equation; without one it is a small example
+#   scripts/screenshot.sh OUT.png [FILE]     FILE contains the equation; the default is a small example
 #   scripts/screenshot.sh --values OUT.png [FILE]
 #                                            the same with the value of each line beside it
 #   scripts/screenshot.sh --desktop OUT.png [FILE...]
@@ -37,11 +37,11 @@ if [[ ! -x $program ]]; then build_preset release; fi
 
 source "$projectRoot/scripts/virtual_display.sh"
 
-# An area without text is white, perhaps with a black caret; smoothed letters bring more colours. The places looked at
-# leave out borders and scroll bars.
+# An area without text has at most two colours, white and the black of the caret. Smoothed letters add more. The part to
+# look at contains no borders or scroll bars.
 shows_text() { (($(import -silent -window "$window" -gravity "$1" -crop "$2" -format %k info:) > 2)); }
 
-# The pointer rests in the corner, where no part of a window shows that it is there.
+# Moves the pointer to the corner, where it changes no part of a window.
 hide_pointer() { xdotool mousemove "$1" "$2"; }
 
 draw_window() {

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# The Debian packages of this project, and the steps that the other scripts share.
+# The Debian packages of this project, and functions that the other scripts share.
 #
-#   scripts/setup.sh [GROUP...]     installs what is missing of the groups (without one: what run.sh needs)
+#   scripts/setup.sh [GROUP...]     installs the missing packages of the groups; the default is what run.sh needs
 #   source scripts/setup.sh         defines projectRoot, ensure_packages and build_preset
 #
-# It prints nothing when everything is there.
+# Prints nothing if nothing is missing.
 set -euo pipefail
 
 projectRoot=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -12,7 +12,7 @@ projectRoot=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 # The fonts of scripts/fonts.conf.
 fonts="fonts-dejavu-core fonts-noto-core fonts-liberation fonts-cantarell"
 
-# This is the one list of packages. A group is what one kind of work needs on a bare Debian 12 or 13.
+# The only list of packages. A group contains what one kind of work needs on a bare Debian 12 or 13.
 declare -A packageGroups=(
   [build]="cmake g++ ninja-build ccache pkgconf libutf8proc-dev"
   [gui]="qt6-base-dev libxcb1-dev fonts-dejavu-core x11-utils"
@@ -28,7 +28,7 @@ declare -A packageGroups=(
   [bench-windows]="python3 speedcrunch galculator featherpad mousepad qalculate-gtk gnome-calculator"
 )
 
-# ensure_packages GROUP...: installs the packages of the groups that are missing.
+# ensure_packages GROUP...: installs the missing packages of the groups.
 ensure_packages() {
   local group names wanted=() missing=()
   for group in "$@"; do
@@ -47,7 +47,7 @@ ensure_packages() {
   if ((${#missing[@]} > 0)); then install_packages "${missing[@]}"; fi
 }
 
-# missing_packages NAME...: those of the names that are not installed, one a line, each once.
+# missing_packages NAME...: prints the names that are not installed, one a line, each once.
 missing_packages() {
   local installed
   installed=$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "$@" 2>/dev/null || true)
