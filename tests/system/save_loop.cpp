@@ -1,5 +1,5 @@
-// Saves settings without end, for a test that kills it: each time one section of one letter, of another letter and
-// length than the time before. Ahead of each save it tells its number, from 0 on, in a line.
+// Saves settings until a test kills it. The settings have one section, whose letter and length change with each save.
+// Prints the 0-based number of each save before it begins.
 #include <cstddef>
 #include <iostream>
 

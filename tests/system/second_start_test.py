@@ -18,7 +18,7 @@ class SecondStart(RunningProgram):
         return str(next(path for path in (self.folder / "run").iterdir() if path.is_socket()))
 
     def start_at_once(self, count):
-        """Starts that have come up to the program itself and go on at the same instant."""
+        """Starts processes that wait for each other and then run the program at the same instant."""
         waiting, gate = os.pipe()
         processes = [self.start(behind=["sh", "-c", 'read gate; exec "$0"'], stdin=waiting) for _ in range(count)]
         os.close(waiting)
@@ -30,9 +30,8 @@ class SecondStart(RunningProgram):
             first = self.start_running()
             self.assertEqual(self.start().wait(PATIENCE), 0)
             self.quit(first, quit_signal)
-            self.settings.unlink()  # it has saved
-            # What has quit, or was killed, does not stand in the way.
-            self.start_running().kill()
+            self.settings.unlink()  # the program has saved
+            self.start_running().kill()  # leaves its socket and its lock file to the next start
 
     def test_opens_the_files_of_every_start(self):
         folder = self.folder / "documents"
@@ -41,7 +40,7 @@ class SecondStart(RunningProgram):
         for number, name in enumerate(names):
             (folder / name).write_text(f"{number}+1\n")
         running = self.survivor([self.start("--", f"documents/{names[0]}", cwd=self.folder) for _ in range(2)])
-        missing = [f"{number:0200}" for number in range(2000)]  # more than a socket takes at once
+        missing = [f"{number:0200}" for number in range(2000)]  # more bytes than a socket's buffer holds
         self.assertEqual(self.start(f"../documents/{names[1]}", names[2], *missing, cwd=folder).wait(PATIENCE), 0)
         self.quit(running)
         windows = settings_file.items(dict(settings_file.items(self.settings.read_bytes()))["WindowList"])
@@ -50,7 +49,8 @@ class SecondStart(RunningProgram):
 
     def test_options_need_no_display(self):
         for option, status in [("--version", 0), ("-x", 2)]:
-            run = subprocess.run([PROGRAM, option], env=self.environment(QT_QPA_PLATFORM="none"), capture_output=True, check=False)
+            run = subprocess.run([PROGRAM, option], env=self.environment(QT_QPA_PLATFORM="none"), capture_output=True,
+                                 check=False)
             self.assertEqual((run.returncode, run.stdout.startswith(b"sumlet ")), (status, status == 0))
 
     def test_of_starts_at_the_same_instant_one_lives_on(self):
@@ -65,7 +65,7 @@ class SecondStart(RunningProgram):
         self.assertEqual(refused.returncode, 1)
         self.assertIn("Sumlet is already running, but it does not answer.", refused.stderr)
         waiting = self.start()
-        time.sleep(1)  # it has handed over all but for the answer
+        time.sleep(1)  # so that it has sent its request; correct without
         hanging.kill()
         self.quit(self.survivor([waiting, self.start()]))
 
@@ -74,12 +74,14 @@ class SecondStart(RunningProgram):
             (self.folder / name).mkdir()
         (self.folder / "unsafe").chmod(0o777)
         alone = ["unshare", "--net"] if os.geteuid() == 0 else ["unshare", "--net", "--map-root-user"]
-        folders = [self.folder / "run", None, "/none", "/proc", self.folder / "unsafe", self.folder / ("a-long-name-" * 20)]
+        can_be_alone = subprocess.run([*alone, "true"], stderr=subprocess.DEVNULL, check=False).returncode == 0
+        folders = [self.folder / "run", None, "/none", "/proc", self.folder / "unsafe",
+                   self.folder / ("a-long-name-" * 20)]
         for first, second in [*zip(folders, folders), (folders[0], folders[1]), (folders[5], folders[0])]:
             with self.subTest(first=first, second=second):
                 running = self.start_running(XDG_RUNTIME_DIR=first)
                 self.assertEqual(self.start(XDG_RUNTIME_DIR=second).wait(PATIENCE), 0)
-                if first == second and subprocess.run([*alone, "true"], stderr=subprocess.DEVNULL, check=False).returncode == 0:
+                if first == second and can_be_alone:
                     self.assertEqual(self.start(behind=alone, XDG_RUNTIME_DIR=second).wait(PATIENCE), 0)
                 self.quit(running)
 
@@ -87,12 +89,12 @@ class SecondStart(RunningProgram):
         process = self.start_running()
         with contextlib.ExitStack() as stack:
             peers = [stack.enter_context(socket.socket(socket.AF_UNIX)) for _ in range(48)]
-            for peer, said in itertools.zip_longest(peers, [b"", b"\n", b"started\n", b"start \n", b"start 0 a b\n", bytes(300),
-                                                            b"start 9999999\n", b"x" * 2**20], fillvalue=b"start"):
+            messages = [b"", b"\n", b"started\n", b"start \n", b"start 0 a b\n", bytes(300), b"start 9999999\n", b"x" * 2**20]
+            for peer, said in itertools.zip_longest(peers, messages, fillvalue=b"start"):
                 peer.connect(self.address())
                 peer.send(said, socket.MSG_DONTWAIT)
             self.assertEqual(self.start().wait(PATIENCE), 0)
-            self.assertEqual(peers[0].recv(1), b"", "who says nothing makes room for others")
+            self.assertEqual(peers[0].recv(1), b"", "the program drops the oldest silent connection")
         self.assertEqual(self.start().wait(PATIENCE), 0)
         self.quit(process)
 
@@ -107,7 +109,7 @@ class SecondStart(RunningProgram):
         os.symlink(self.data, self.folder / "link")
         self.data.mkdir(exist_ok=True)
         again = self.start(XDG_DATA_HOME=f"{self.folder}/./link/")
-        self.assertEqual(again.wait(PATIENCE), 0, "another way to the first folder")
+        self.assertEqual(again.wait(PATIENCE), 0, "a link and a dot lead to the first folder, too")
         self.quit(first)
         self.quit(second)
 

@@ -1,8 +1,7 @@
-"""Runs the command-line program as a user would, and on the examples of the documents: sumlet_eval_test.py PROGRAM DATA.
+"""Runs the command-line program, also on the examples of the documents: sumlet_eval_test.py PROGRAM DATA.
 
-DATA is the build folder of data/. A fenced block marked "sumlet" in a document holds examples. What stands in front of a
-"→" is the equation, and behind it on the same line is the result. An equation in examples/ tells its result in a comment,
-"# Result: ...".
+DATA is the build folder of data/. A fenced block marked "sumlet" in a document contains examples: each is an equation, a
+"→", and the result on the same line. An equation in examples/ states its result in a comment, "# Result: ...".
 """
 
 import os
@@ -40,17 +39,17 @@ def on_terminal(*command, keys="", **environment):
 class CommandLine(unittest.TestCase):
     def test_results_and_headings(self):
         for arguments, stdin, status, output in [
-            # One text stands alone, several are headed by their names; one error is enough for status 1.
+            # Several files are headed by their names. One error results in status 1.
             (["value.txt"], b"", 0, b"42\n"),
             (["value.txt", "empty.txt"], b"", 0, b"value.txt: 42\nempty.txt: \n"),
             (["error.txt", "value.txt"], b"", 1, b'error.txt: "foo" Error: Variable Unknown\nvalue.txt: 42\n'),
-            # Standard input, alone and among files. What has been read once is empty the second time.
+            # Standard input, alone and among files. It is empty when it is read again.
             ([], b"(1", 1, b"Error: Unmatched Parenthesis\n"),
             (["value.txt", "-", "-"], b"1+1\n", 0, b"value.txt: 42\n-: 2\n-: \n"),
             (["--", "-dash.txt"], b"", 0, b"7\n"),
-            # Each -e is one line, whatever its text looks like.
+            # Each -e is one line, even if its text looks like an option.
             (["-e", "x=-2", "-ex^2", "-e", "-2+x"], b"9", 0, b"-4\n"),
-            # Older encodings, and UTF-8 beside Windows-1252.
+            # UTF-16, and a mixture of UTF-8 and Windows-1252.
             (["latin.txt", "utf16.txt"], b"", 0, b"latin.txt: 6\nutf16.txt: 6.2831853072\n"),
             (["--lines", "value.txt", "empty.txt"], b"", 0, b"value.txt:\n1  x=2   2\n2  x*21  42\nempty.txt:\n"),
         ]:
@@ -58,7 +57,7 @@ class CommandLine(unittest.TestCase):
                 self.assertEqual(evaluate(*arguments, stdin=stdin), (status, output, ""))
 
     def test_table_of_lines(self):
-        # Columns of the screen: wide letters take two, combining marks none. A long line does not move the others' values.
+        # Wide letters take two columns, combining marks none. A long line does not move the values of the others.
         text = f"# 昼食\n合計 = 1.5\r\n\te\u0301=合計/3 \n\n{'1+' * 30}1\n1,000\r\x7f\n" + "foo\n" * 3
         self.assertEqual(evaluate("--lines", stdin=text.encode())[1].decode().splitlines(), [
             " 1  # 昼食",
@@ -96,7 +95,7 @@ class CommandLine(unittest.TestCase):
     def test_terminal(self):
         shown = on_terminal(PROGRAM, keys="x=2\nx*21\n\x04")
         self.assertRegex(shown, r"(?sm)^Type an equation, then Ctrl\+D on an empty line\.$.*^42\n\Z")
-        # Names and errors cannot send the terminal commands.
+        # Names and errors cannot send commands to the terminal.
         shown = on_terminal(PROGRAM, "\x1b[2J", "\x1b[H")
         self.assertEqual(shown, '\\x1B[2J: "\\x1B[" Error: Variable Unknown\nsumlet-eval: \\x1B[H: No such file or directory\n')
 
