@@ -17,12 +17,12 @@
 virtualFolder=$(mktemp -d)
 virtualProcesses=()
 
-# What the desktop of whoever runs this sets must not reach the programs: they get the fonts of fonts.conf and a home of
-# their own. A variable that a script exports after sourcing this reaches them.
+# Removes the settings of the developer's desktop from the environment, and sets the fonts of fonts.conf and a temporary
+# home. Variables that a script exports after sourcing this file still reach the programs.
 unset "${!DBUS_@}" "${!DESKTOP_@}" "${!FREETYPE_@}" "${!GDK_@}" "${!GTK_@}" "${!KDE_@}" "${!LANG@}" "${!LC_@}" \
   "${!QT_@}" "${!SESSION_@}" "${!XCURSOR_@}" "${!XDG_@}" WAYLAND_DISPLAY XAUTHORITY
 export FONTCONFIG_FILE LC_ALL=C.UTF-8 TZ=UTC HOME=$virtualFolder/home
-# Under the sanitizers: not a leak of the program, but what the desktop's own libraries keep until the end.
+# The sanitizers would report memory that the desktop's libraries keep until the end.
 export LSAN_OPTIONS="suppressions=$virtualFolder/leaks:print_suppressions=0"
 printf 'leak:%s\n' libdbus-1 libfontconfig >"$virtualFolder/leaks"
 FONTCONFIG_FILE=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/fonts.conf
@@ -58,7 +58,7 @@ wait_for() {
   done
 }
 
-# in_background NAME COMMAND...: its output goes to a log that is shown when something fails.
+# in_background NAME COMMAND...: writes the output to a log, which give_up prints.
 in_background() {
   local name=$1
   shift
@@ -75,8 +75,8 @@ give_up() {
 start_display() {
   local number=$virtualFolder/display
   : >"$number"
-  # The server picks a free number itself and tells it once it can be reached. It would begin anew, and turn clients away
-  # meanwhile, each time its last client goes.
+  # The server chooses a free number and prints it once it accepts clients. Without -noreset it would restart, and reject
+  # clients meanwhile, whenever its last client disconnects.
   in_background Xvfb sh -c 'exec Xvfb -displayfd 3 -screen 0 "$1"x24 -nolisten tcp -noreset 3>"$2"' sh "$1" "$number"
   export VIRTUAL_DISPLAY=$! VIRTUAL_WINDOW_MANAGER  # the process IDs
   wait_for 20 test -s "$number" || give_up "the virtual display does not start"

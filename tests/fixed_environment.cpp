@@ -1,5 +1,5 @@
-// Gives each test binary the same environment on every machine, before main and thus before the toolkit reads it: the
-// fonts of scripts/fonts.conf, and no settings of the developer's desktop.
+// Gives each test binary the same environment on every machine: the fonts of scripts/fonts.conf, and no settings of the
+// developer's desktop. Runs before main, because the toolkit reads the environment there.
 #include <unistd.h>
 
 #include <algorithm>

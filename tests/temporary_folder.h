@@ -1,4 +1,4 @@
-// A folder of one test's own, which goes with the test.
+// A temporary folder, which the destructor removes.
 #pragma once
 
 #include <cstdlib>

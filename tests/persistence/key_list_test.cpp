@@ -1,4 +1,4 @@
-// The record format: bytes that are known, every way to cut and to damage them, and the look-ups.
+// KeyList: the bytes that it writes, damaged lists, the detection of the two forms, and look-ups.
 #include "persistence/key_list.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-TEST(KeyList, KnownBytes) {
+TEST(KeyList, WritesTheDocumentedBytes) {
   EXPECT_EQ(Bytes({{"name", "a"}, {"size", "13"}}), PageBytes("The items `name` = `a`"));
   EXPECT_EQ(Bytes({}), PageBytes("A list without items"));
   const std::pair<std::size_t, std::string_view> widths[] = {
@@ -26,14 +26,14 @@ TEST(KeyList, KnownBytes) {
   }
 }
 
-TEST(KeyList, OutputByFlags) {
+TEST(KeyList, FlagsDecideTheOutput) {
   KeyList list;
   list.BinaryFormat = true;
   list.AddItem("k", Int32ToVariant(-5));
   EXPECT_EQ(list.GetData(), "\x04\x01k\0\0\0\x02-5"sv);
-  EXPECT_EQ(list.GetData(), "\x01k\0\0\0\x02-5"sv);  // the format byte is written once ...
+  EXPECT_EQ(list.GetData(), "\x01k\0\0\0\x02-5"sv) << "without the format byte, which is written only once";
   list.OptimizeBinaryLengthData = true;
-  for (int again = 0; again < 2; ++again) EXPECT_EQ(list.GetData(), "\x01\x01k\x02-5"sv);  // ... or each time
+  for (int again = 0; again < 2; ++again) EXPECT_EQ(list.GetData(), "\x01\x01k\x02-5"sv);
   list.BinaryFormat = false;
   list.AddItem("Key", BooleanToVariant(true));
   EXPECT_EQ(list.GetData(), "<k>-5</k><key>True</key>");
@@ -46,13 +46,13 @@ TEST(KeyList, DamagedListsEnd) {
   const std::tuple<std::string_view, Items, std::vector<String>> rows[] = {
       {"", {}, UnknownFormats({"0"})}, {"\x03\x01k\x01v", {}, UnknownFormats({"3"})}, {"\xFF", {}, UnknownFormats({"255"})},
       {"\x01", {}, {}}, {"\x01\xFFk", {}, {}}, {"\x02\x01k\x01v\x01k", {}, {}},
-      {"\x01\x01k\x01v\x05", {}, {}},  // behind an item, one byte alone makes it wait
+      {"\x01\x01k\x01v\x05", {}, {}},  // an item waits while exactly one byte follows it
       {"\x01\x01k\x01v\x01k", {{"k", "v"}}, {}},
       {"\x04\x01k\xFF\xFF\xFF\xFA"sv, {}, {}},                         // back to itself
-      {"\x04\x01k\0\0\0\0\x01l\xFF\xFF\xFF\xF4"sv, {{"k", ""}}, {}},   // back to the one in front
+      {"\x04\x01k\0\0\0\0\x01l\xFF\xFF\xFF\xF4"sv, {{"k", ""}}, {}},   // back to the previous one
       {"\x04\x01k\0\0\0\0\x01l\x80\0\0\0"sv, {{"k", ""}}, {}},         // far in front of the list
-      {"\x04\x01k\0\0\0\0\x01l\xFF\xFF"sv, {{"k", ""}}, {}},           // cut in a length
-      {"\x04\0\0\0\0\0\x01k\xFF\xFF\xFF\xF6"sv, {{"", ""}, {"k", ""}, {"", "k"}}, {}},  // back to a place where none begins
+      {"\x04\x01k\0\0\0\0\x01l\xFF\xFF"sv, {{"k", ""}}, {}},           // truncated in a length
+      {"\x04\0\0\0\0\0\x01k\xFF\xFF\xFF\xF6"sv, {{"", ""}, {"k", ""}, {"", "k"}}, {}},  // back to a position where none begins
   };
   // clang-format on
   for (const auto& [bytes, items, alerts] : rows) {
@@ -60,11 +60,11 @@ TEST(KeyList, DamagedListsEnd) {
     EXPECT_EQ(AlertsOf([&list, &data = bytes] { list = ReadList({data}); }), alerts) << testing::PrintToString(bytes);
     EXPECT_EQ(ItemsOf(list), items) << testing::PrintToString(bytes);
   }
-  // cut in a length that would lead back into the first value
+  // truncated in a length that would lead back into the first value
   EXPECT_EQ(ReadList({Bytes({{"k", String(300, 'v')}}, false) + "\x01l\xFF\xFF\xFF"}).ItemCount(), 1);
 }
 
-// Records that lead to and fro between two halves of the list, each with half the list as its value; items of nothing.
+// Records that lead back and forth between two halves of the list, each with half the list as its value; empty items.
 TEST(KeyList, HostileListsDoNotFillMemory) {
   const Int32 hops = 2000;
   String bytes = "\x04";
@@ -81,7 +81,7 @@ TEST(KeyList, HostileListsDoNotFillMemory) {
   EXPECT_LT(ReadList({"\x01" + String(20 * million, '\0')}).ItemCount(), 3'000'000);
 }
 
-TEST(KeyList, FormIsDetected) {
+TEST(KeyList, DetectsTheForm) {
   const String x(40, 'x');
   // clang-format off
   const std::pair<String, bool> isText[] = {
@@ -89,7 +89,7 @@ TEST(KeyList, FormIsDetected) {
       {"<" + x.substr(9) + "></" + x.substr(10) + ">", true}, {"<" + x.substr(8) + "></x>", false},
       {"<k>" + x + "</" + x.substr(10) + ">", true}, {"<k>" + x + "</" + x.substr(9) + ">", false},
       {"<k></k", false}, {"\x01\x01k\x05<x>ab", true},
-      // an opening tag alone, which ends with byte 32 or 33
+      // only an opening tag, which ends with byte 32 or 33
       {"<" + x.substr(10) + ">", true}, {"<" + x.substr(9) + ">", false},
   };
   // clang-format on
@@ -100,7 +100,7 @@ TEST(KeyList, FormIsDetected) {
   }
 }
 
-TEST(KeyList, TextFormAnswersFromTheBuffer) {
+TEST(KeyList, ReadsTheTextFormFromTheBuffer) {
   KeyList list;
   list.RemoveItemsAsFound = true;
   list.AddData("<name>a<b>c</name><size>1");
@@ -112,8 +112,8 @@ TEST(KeyList, TextFormAnswersFromTheBuffer) {
   EXPECT_FALSE(list.HasItem("size"));
 }
 
-// A list that forgets what it has taken goes on for ever.
-TEST(KeyList, LongStream) {
+// Limits count the bytes in the buffer, so ReduceBuffer has to reset them.
+TEST(KeyList, ReadsALongStreamInPieces) {
   const String record = Bytes({{"k", "value"}}, false).substr(1);
   const String piece = record.substr(3) + record.substr(0, 3);
   KeyList list = ReadList({"\x04" + record.substr(0, 3)});

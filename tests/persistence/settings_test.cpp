@@ -1,5 +1,4 @@
-// The settings file and the older kind, a property list, which is read where there is none; in a folder of the test's
-// own: what is written, and what any content or obstacle leads to.
+// The settings file, the recovery file and the older settings file, a property list, in a temporary folder.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -69,7 +68,7 @@ class Settings : public testing::Test {
   const FolderItem older_{folder_ / "com.fernhill.sumlet.plist"};
 };
 
-// Without a file there are the defaults and the examples, once.
+// Without a file the program has the defaults, and adds the examples only once.
 TEST_F(Settings, FirstRuns) {
   fs::remove_all(folder_);
   EXPECT_TRUE(AlertsOfLoad().empty());
@@ -91,7 +90,7 @@ TEST_F(Settings, ValuesAreReadByKey) {
   const Items items = {{"TextSize", ""}, {"TEMPLATELIST", list},    {"?", "\xFF"},      {"RunCount", "99999999999"},
                        {"RunCount", ""}, {"RememberEquations", ""}, {"WindowList", ""}, {"TemplatesOpen", "TRUE"}};
   EXPECT_TRUE(AlertsOfLoading(Bytes(items)).empty());
-  EXPECT_EQ(Shown() + Templates(), "2147483647 0 open[n=1]");  // an empty value is no missing value
+  EXPECT_EQ(Shown() + Templates(), "2147483647 0 open[n=1]");  // an empty value does not count as missing
   Preferences::Save();
   EXPECT_TRUE(AlertsOfLoad().empty());
   EXPECT_EQ(Preferences::RunCount, 2147483647);
@@ -111,7 +110,7 @@ TEST_F(Settings, ATextFileResultsInTheDefaults) {
   ExpectDefaults();
 }
 
-// Nothing can be read or written: no alert, the defaults, and what stands there stays.
+// If the file cannot be read or written, the program uses the defaults, shows no alert and leaves everything in place.
 TEST_F(Settings, Obstacles) {
   const fs::path support = folder_ / "Application Support";
   const std::pair<const char*, std::function<void()>> rows[] = {
@@ -136,12 +135,12 @@ TEST_F(Settings, Obstacles) {
       EXPECT_TRUE(AlertsOfLoad().empty());
       ExpectDefaults();
       EXPECT_TRUE(AlertsOf([this] { EXPECT_EQ(Saved(), "unreadable"); }).empty());
-      recovery_.Delete();  // keeps what could not be saved
+      recovery_.Delete();  // it contains what could not be saved
     }
   }
 }
 
-// The recovery file counts in place of the settings file, until that is safely written.
+// A start prefers the recovery file until the settings file has been written.
 TEST_F(Settings, ARecoveryFileIsLoadedUntilTheNextSave) {
   const String saved = Saved();
   SetAll(7, {"typed since"});
@@ -152,7 +151,7 @@ TEST_F(Settings, ARecoveryFileIsLoadedUntilTheNextSave) {
   }
   EXPECT_NE(Saved(), saved);
   EXPECT_FALSE(Preferences::HasRecovery());
-  // What cannot be saved stays in the recovery file.
+  // The recovery file stays if the settings file cannot be written.
   fs::remove(file_);
   fs::create_directory(file_);
   EXPECT_EQ(Saved(), "unreadable");
@@ -171,7 +170,7 @@ TEST_F(Settings, ALinkIsFollowed) {
   const String content = Saved();
   const fs::path elsewhere = file_.parent_path() / "elsewhere";
   fs::remove(file_);
-  fs::create_symlink(elsewhere, file_);  // leads nowhere yet
+  fs::create_symlink(elsewhere, file_);  // its target does not exist yet
   EXPECT_EQ(Saved(), content);
   EXPECT_TRUE(fs::is_symlink(file_) && fs::is_regular_file(elsewhere));
 }
@@ -209,7 +208,7 @@ TEST_F(Settings, TheOlderKind) {
       {runs + Dict("TemplateList", Record("1", "a%0Ab", "n") + Record("0", "", "") + Dict("2", "")) + windows,
        "3 13 open remember", "[=][n=a\nb]", "[back@20][1+1@7 full]"},
       {"<key>RememberEquations</key>\n<string>true</string>\n" + windows, "0 13 open", examples, ""},
-      // what is out of place ends it
+      // a value of a wrong type ends the reading
       {runs + "<key>TemplateList</key>\n<string>x</string>\n" + windows, "3 13 open remember", "", ""},
       {runs + Dict("TemplateList", Record("0", "1", "n") + "<key>1</key>\n<string>x</string>\n") + windows,
        "3 13 open remember", "[n=1]", ""},
@@ -226,7 +225,7 @@ TEST_F(Settings, TheOlderKind) {
   Preferences::TextSize = 30;
   Preferences::Save();
   AlertsOfLoad();
-  EXPECT_EQ(Preferences::TextSize, 30) << "once the settings are saved, it is read no more";
+  EXPECT_EQ(Preferences::TextSize, 30) << "the older file is ignored once there is a settings file";
 }
 
 }  // namespace

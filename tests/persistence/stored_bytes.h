@@ -1,5 +1,5 @@
-// What the tests of the stored forms share: alerts that are listed instead of shown, lists in short, and what loading
-// leaves in the two stores.
+// Helpers for tests of stored data: they collect alerts, write lists in short, and print the templates and windows that
+// loading results in.
 #pragma once
 
 #include <initializer_list>
@@ -43,7 +43,7 @@ inline String Bytes(const Items& items, bool optimized = true) {
   return list.GetData();
 }
 
-// The list that `pieces` make, read one after the other as a binary one.
+// Reads the pieces one after the other as a binary list.
 inline KeyList ReadList(std::initializer_list<std::string_view> pieces) {
   KeyList list;
   list.BinaryFormat = true;
@@ -57,7 +57,7 @@ inline Items ItemsOf(const KeyList& list) {
   return items;
 }
 
-// A window whose record is a list of texts.
+// A window that stores these items as its record.
 struct FakeWindow final : MyWindowManager::StoredWindow {
   explicit FakeWindow(Items items) : fields(std::move(items)) {}
   [[nodiscard]] bool operator==(const FakeWindow& other) const { return fields == other.fields; }
@@ -67,7 +67,7 @@ struct FakeWindow final : MyWindowManager::StoredWindow {
   Items fields;
 };
 
-// The templates, "[name=text]" each.
+// All templates, each as "[name=text]".
 inline String Templates() {
   String text;
   for (Int32 i = 0; i <= TemplatesManager::Key.Ubound(); ++i)
@@ -75,7 +75,7 @@ inline String Templates() {
   return text;
 }
 
-// The windows that loading has opened, in their order: "[text@left]" each, or "[chooser]".
+// The windows that loading has opened, in this order, each as "[text@left]" or "[chooser]".
 inline String opened;
 
 inline void RestoreEquation(const MyWindowManager::Record& record) {
@@ -84,13 +84,13 @@ inline void RestoreEquation(const MyWindowManager::Record& record) {
   opened += record.GetBoolean("fullscreen", false) ? " full]" : "]";
 }
 
-// Shows an alert of its own, which is none about damage.
+// Shows an alert that is not about damage.
 inline void RestoreChooser(const MyWindowManager::Record& /*record*/) {
   opened += "[chooser]";
   MsgBox("chooser");
 }
 
-// Registers both sections, and restorers that list the windows.
+// Registers both sections, and restorers that append to `opened`.
 inline void RegisterStores() {
   TemplatesManager::RegisterSection();
   MyWindowManager::RegisterSection();
@@ -99,7 +99,7 @@ inline void RegisterStores() {
   MyWindowManager::RegisterRestorer({"equation", RestoreEquation});
 }
 
-// The bytes of the hexadecimal block of the format's page that stands behind `heading`.
+// The bytes of the first hexadecimal block behind `heading` in docs/settings-format.md.
 String PageBytes(std::string_view heading);
 
 }  // namespace sumlet

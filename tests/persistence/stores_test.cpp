@@ -1,4 +1,4 @@
-// The two stores: templates, and the session through windows that are not on a screen. Also the page of the format.
+// Storing and loading the templates, and the session with windows that are not on a screen.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -50,7 +50,7 @@ TEST(Templates, Loading) {
       {Bytes({{"0", record("", "1")}, {"1", Bytes({{"name", "n"}})}}), "", {}},
       {Bytes({{"0", record("n", "1")}, {"0", record("m", "2")}, {"x", ""}}), "[n=1]", UnknownFormats({"0"})},
       {Bytes({{String(30, 'x'), ""}, {"0", "<equation>1</equation><name>n</name>"}}), "[n=1]", UnknownFormats({"0"})},
-      // taken for the text form: a record alone, none
+      // a record that is taken for the text form is skipped
       {Bytes({{"0", record("<n>", "1")}}), "", {}}, {Bytes({{"0", record("<n>", "1234567890")}}), "", {}},
       {Bytes({{"0", record("<n>", "1234567890ab")}}), "[<n>=1234567890ab]", {}},
   };
@@ -66,7 +66,7 @@ TEST(Templates, Loading) {
 TEST(Templates, AddingANameThatExists) {
   // clang-format off
   const std::tuple<const char*, DialogButton, const char*> rows[] = {
-      {"new", DialogButton::Cancel, "[a=1][B=2][b=3][new=9]"},  // nothing is asked
+      {"new", DialogButton::Cancel, "[a=1][B=2][b=3][new=9]"},  // does not ask
       {"b", DialogButton::Action, "[a=1][B=9][b=3]"}, {"A", DialogButton::Cancel, "[a=1][B=2][b=3]"},
       {"A", DialogButton::Alternate, "[a=1][B=2][b=3][A=9]"},
   };
@@ -93,7 +93,7 @@ std::vector<String> LoadWindows(std::string_view data) {
   return AlertsOf([data] { MyWindowManager::Load(data); });
 }
 
-TEST(Session, WindowsComeBackFrontLast) {
+TEST(Session, RestoresTheFrontWindowLast) {
   RegisterStores();
   Preferences::RememberEquations = true;
   const FakeWindow front(Items{{"equation", "1%0A"}});
@@ -118,7 +118,7 @@ TEST(Session, DamagedRecords) {
   const std::tuple<String, const char*, std::vector<String>> rows[] = {
       {Bytes({{"left", "7"}, {"equation", "1%"}}), "[1%@7]", {}}, {Bytes({{"left", "7"}, {"text", "1"}}), "", {}},
       {Bytes({{"equation", "1"}, {"template", ""}}), "[chooser]", {"chooser"}},
-      {Bytes({{"left", "x"}, {"equation", "12345"}}).substr(0, 20), "[@0]", {}},  // the text is cut off
+      {Bytes({{"left", "x"}, {"equation", "12345"}}).substr(0, 20), "[@0]", {}},  // the text is truncated
       {Bytes({{"equation", "1"}, {"left", "-70000"}}).substr(0, 20), "[1@20]", {}}, {"", "", UnknownFormats({"0"})},
       {"\x05k", "", UnknownFormats({"5"})},
   };
@@ -127,7 +127,7 @@ TEST(Session, DamagedRecords) {
     EXPECT_EQ(LoadWindows(Bytes({{"0", Bytes({{"equation", "2"}})}, {"1", record}})), alerts) << record;
     EXPECT_EQ(opened, String(window) + "[2@20]") << record;
   }
-  // What is wrong with many records is told once, what a window has to tell each time.
+  // An alert about damaged records appears once, an alert of a window each time.
   const String chooser = Bytes({{"template", ""}});
   EXPECT_EQ(LoadWindows(Bytes({{"0", ""}, {"1", chooser}, {"2", ""}, {"3", chooser}})).size(), 3u);
   EXPECT_EQ(LoadWindows(""), UnknownFormats({"0"}));
