@@ -28,7 +28,7 @@ TEST(StaggeredCorner, StaysOnTheScreen) {
   }
   EXPECT_EQ(StaggeredCorner({200, 200}, QRect(100, 50, 400, 300), {}, taken), QPoint(124, 74));
   EXPECT_EQ(StaggeredCorner({200, 200}, QRect(100, 50, 400, 300), {}, {{130, 70}}), QPoint(148, 98))
-      << "a title hidden";
+      << "would hide a title";
 }
 
 struct RecordingWindow final : BaseWindow {
@@ -44,6 +44,27 @@ struct RecordingWindow final : BaseWindow {
   bool refuses = false;
 };
 
+TEST(LockedBounds, FollowTheLockedEdges) {
+  const std::tuple<Locks, QSize, QRect> rows[] = {
+      {Lock::Left | Lock::Top, {200, 150}, {10, 20, 30, 40}},
+      {Lock::Right | Lock::Bottom, {200, 150}, {110, 70, 30, 40}},
+      {Lock::Left | Lock::Top | Lock::Right | Lock::Bottom, {200, 150}, {10, 20, 130, 90}},
+      {Lock::Left | Lock::Top | Lock::Right | Lock::Bottom, {50, 50}, {10, 20, 0, 0}},
+      {{}, {50, 50}, {10, 20, 30, 40}},
+  };
+  for (const auto& [locks, after, bounds] : rows)
+    EXPECT_EQ(LockedBounds({10, 20, 30, 40}, {100, 100}, after, locks), bounds);
+}
+
+TEST(SheetCorner, StaysOnTheScreen) {
+  const std::tuple<QSize, QRect, QPoint> rows[] = {
+      {{100, 50}, {200, 100, 200, 200}, {250, 100}},
+      {{100, 50}, {-90, 280, 200, 200}, {0, 250}},
+      {{900, 50}, {200, 100, 200, 200}, {0, 100}},
+  };
+  for (const auto& [size, parent, corner] : rows) EXPECT_EQ(SheetCorner(size, parent, {0, 0, 400, 300}), corner);
+}
+
 class WindowTest : public WindowFixture {
  protected:
   RecordingWindow* NewWindow() { return new RecordingWindow(record); }
@@ -57,7 +78,7 @@ class WindowTest : public WindowFixture {
 
 TEST_F(WindowTest, RaisesItsEvents) {
   const QPointer<RecordingWindow> window = NewWindow();
-  EXPECT_TRUE(Events().starts_with("Open;")) << "it hears of no size before";
+  EXPECT_TRUE(Events().starts_with("Open;")) << "no Resized before";
   for (int i = 0; i < 2; ++i) window->SetWidth(310);
   EXPECT_EQ(Events(), "Resized;");
   for (const auto state : {Qt::WindowMinimized, Qt::WindowNoState}) {
@@ -69,33 +90,36 @@ TEST_F(WindowTest, RaisesItsEvents) {
     EXPECT_EQ(window->Close(refuses), !refuses);
     EXPECT_EQ(WindowCount(), refuses ? 1 : 0);
   }
-  EXPECT_FALSE(window.isNull()) << "it lives until control is back at the event loop";
+  EXPECT_FALSE(window.isNull()) << "destroyed by the event loop";
   DestroyClosed();
   EXPECT_TRUE(window.isNull());
   EXPECT_EQ(Events(), "CancelClose, quitting;CancelClose;");
 }
 
+TEST_F(WindowTest, SizeIsLimitedSoThatItsPictureFitsIntoMemory) {
+  RecordingWindow& window = *NewWindow();
+  window.hide();
+  window.SetWidth(32000);
+  window.SetHeight(32000);
+  EXPECT_EQ(QSize(window.Width(), window.Height()), QSize(16384, 4096));
+  EXPECT_TRUE(Events().ends_with("Resized;Resized;")) << "while hidden, too";
+}
+
 TEST_F(WindowTest, ListRunsFromFrontToBack) {
   auto *a = NewWindow(), *b = NewWindow(), *c = NewWindow();
-  using Order = std::vector<const Window*>;
-  const auto order = [] {
-    Order windows;
-    for (Int32 i = 0; i < WindowCount(); ++i) windows.push_back(&WindowAt(i));
-    return windows;
-  };
   b->Show();
-  EXPECT_EQ(order(), (Order{b, c, a}));
   QEvent activated(QEvent::WindowActivate);
   QCoreApplication::sendEvent(a, &activated);
-  b->hide();
-  EXPECT_EQ(order(), (Order{a, b, c}));
-  EXPECT_TRUE(b->Close()) << "a hidden window closes like any other";
+  const Window* const order[] = {a, b, c};
+  for (Int32 i = 0; i < 3; ++i) EXPECT_EQ(&WindowAt(i), order[i]) << i;
+  a->hide();
+  EXPECT_TRUE(a->Close());
   record.clear();
-  QCoreApplication::sendEvent(b, &activated);
-  b->Show();
-  b->Close();
-  EXPECT_EQ(order(), (Order{a, c})) << "a closed window does not come back";
-  EXPECT_EQ(record, "") << "nor does it raise events";
+  QCoreApplication::sendEvent(a, &activated);
+  a->Show();
+  a->Close();
+  EXPECT_EQ(record, "") << "a closed window raises no events";
+  EXPECT_EQ(&WindowAt(0), b) << "a closed window leaves the list";
   EXPECT_THROW((void)WindowAt(2), Fault);
 }
 
