@@ -1,5 +1,5 @@
-// The least that a window program can be: one of the toolkit with the kinds of controls that Sumlet's windows have, as
-// many menus and items, and nothing behind them. What Sumlet's start takes is compared with what this one takes.
+// A minimal Qt program with the same kinds of controls, and as many menus and items, as Sumlet, but without functions.
+// start_up.py compares Sumlet's start with its start.
 #include <QApplication>
 #include <QLabel>
 #include <QListWidget>

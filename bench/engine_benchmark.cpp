@@ -1,5 +1,5 @@
-// The cost of an evaluation as a text grows in each of the ways in which it can. "per_step" is the time for one line,
-// operator or parenthesis: it has to stay the same down a column, whatever the length.
+// The time of an evaluation as a text grows in different ways. "per_step" is the time for one line, operator or
+// parenthesis. It must be the same for all lengths.
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
@@ -27,7 +27,7 @@ std::string Repeated(std::string_view head, std::string_view piece, std::int64_t
   return text;
 }
 
-// A name of letters only, since a digit would end it.
+// A name of letters only, because a digit would end it.
 std::string Name(std::int64_t number) {
   std::string name = "v";
   for (int i = 0; i < 4; ++i, number /= 26) name += static_cast<char>('a' + number % 26);
@@ -43,7 +43,7 @@ BENCHMARK(Lines)->Arg(10)->Arg(10'000)->Unit(benchmark::kMicrosecond);
 void Sum(benchmark::State& state) { Evaluate(state, Repeated("1", "+1", state.range(0)), state.range(0)); }
 BENCHMARK(Sum)->RangeMultiplier(10)->Range(100, 100'000)->Unit(benchmark::kMicrosecond);
 
-// All levels of precedence; every pass has to find its next operator past the ones that are not its turn.
+// All levels of precedence, so that the search for the next operator has to skip others.
 void MixedOperators(benchmark::State& state) {
   Evaluate(state, Repeated("1", "+3^2*2-7/4-7.25-7", state.range(0) / 7), state.range(0));
 }
@@ -82,7 +82,7 @@ void Substitution(benchmark::State& state) {
 }
 BENCHMARK(Substitution)->RangeMultiplier(10)->Range(10, 100'000)->Unit(benchmark::kMicrosecond);
 
-// What one result costs by its form: a short one, ten decimals, and the widest number there is.
+// The time for one result, by its form: a short number, ten decimals, and the longest number.
 void Formatting(benchmark::State& state, const char* operation) {
   std::string text;
   for (int i = 0; i < 1000; ++i) text.append(operation).append("\n");

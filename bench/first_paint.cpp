@@ -1,11 +1,11 @@
-// Tells how long a program takes to show its windows: first_paint COUNT COMMAND [ARGUMENT...]
+// Measures how long a program takes to show its windows: first_paint COUNT COMMAND [ARGUMENT...]
 //
-// It watches from outside, as a user does, so every toolkit is timed alike: a window is painted once it stands on the
-// display and what is seen in it is not of one colour any more. Windows that the window manager has nothing to do with,
-// as menus, are passed over, and so are those smaller than any document. Put the windows where none covers another.
+// Watches the display from outside, so all toolkits are measured alike: a window is painted when it is visible and has
+// more than one colour. Ignores windows that the window manager does not manage, such as menus, and windows smaller
+// than any document. The windows must not cover each other.
 //
 // Prints the process and the milliseconds from its start to the first and to the last painted of COUNT windows. Then
-// it waits for the end of its input, ends the program, and ends with status 0.
+// waits for the end of its input, ends the program, and exits with status 0.
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/Xdamage.h>
@@ -37,7 +37,7 @@ struct Watched {
   bool painted = false;
 };
 
-// A window may go while it is asked about.
+// A window may disappear while this program queries it.
 int Ignore(Display* /*display*/, XErrorEvent* /*error*/) { return 0; }
 
 bool HasSeveralColours(const XImage& image) {
@@ -51,7 +51,7 @@ bool HasSeveralColours(const XImage& image) {
   return false;
 }
 
-// Only a program's own main windows carry this mark of the window manager's; the frames around them do not.
+// The window manager sets this property only on a program's main windows, not on the frames around them.
 bool IsManaged(Display* display, Window window) {
   static const Atom wmState = XInternAtom(display, "WM_STATE", False);
   Atom type = None;
@@ -95,7 +95,7 @@ class Watch {
     std::_Exit(1);
   }
 
-  // The number of windows painted so far, once there is news. Negative when the time is over.
+  // Waits for a change and returns the number of windows painted so far. Negative when the time is over.
   int Next(Clock::time_point end) {
     pollfd connection = {ConnectionNumber(display_), POLLIN, 0};
     while (XPending(display_) == 0) {

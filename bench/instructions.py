@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Counts the instructions that sumlet-eval takes, which no other work of the machine changes: instructions.py PROGRAM
+"""Counts the instructions that sumlet-eval executes, which does not depend on the load of the machine: instructions.py PROGRAM
 
 Prints a Markdown table of the documents of peers.py, with the instructions of a line or operator more as the text
 grows, and then where those of the 10,000 lines go. Needs valgrind.
@@ -17,7 +17,7 @@ from peers import assignments, nested_left, nested_right, new_names, one_line, s
 
 
 def rewritten(count):
-    """Lines that hold what the ordinary evaluator declines."""
+    """Lines that the ordinary evaluator declines."""
     chance = random.Random(count)
     forms = ["2({n}+x)", "|x-{n}|", "2x", "1,000+{n}", "{n} y", "|{n}-x|*y", "(x)({n})+2", "--{n}+x", "2sqrt({n})+y"]
     lines = [("x", "3"), ("y", "-1.5")]
@@ -26,7 +26,7 @@ def rewritten(count):
     return lines
 
 
-# title, what it is counted by, the maker of the document, its sizes
+# title, function that makes the document, sizes
 DOCUMENTS = [("lines, few names", assignments, (10, 1_000, 10_000)),
              ("lines, a new name each", new_names, (10, 1_000, 10_000)),
              ("lines that are rewritten", rewritten, (10, 1_000, 10_000)),
@@ -52,7 +52,7 @@ def print_profile(profile, most):
     rows = re.findall(r"^ *([\d,]+) \([ \d.]+%\)  (?:.*?:)?(\S.*?)(?: \[/[^\]]*\])?$", listing, re.M)
     counts = collections.Counter()
     for instructions, function in rows[1:]:
-        # Without arguments, and the calls of a function within itself together with the others.
+        # Removes the arguments, and adds the recursive calls of a function to the others.
         name = re.sub(r"\[abi:\w+\]|\((?!anonymous).*", "", function.removeprefix("sumlet::"))
         counts[name.replace("(anonymous namespace)::", "")] += int(instructions.replace(",", ""))
     total = int(rows[0][0].replace(",", ""))

@@ -16,16 +16,16 @@ import subprocess
 import tempfile
 import time
 
-LIMIT = 20  # seconds for one process; what takes longer is told as "too slow"
+LIMIT = 20  # seconds for one process; a longer run is reported as "too slow"
 AWK_FUNCTIONS = "function max(a,b){return a>b?a:b}\nfunction abs(a){return a<0?-a:a}\n"
 BC_FUNCTIONS = "scale=10\ndefine max(a,b){if(a>b)return(a);return(b)}\ndefine abs(a){if(a<0)return(-a);return(a)}\n"
 
-# A document is a list of assignments, (name, expression), in the signs and functions that all languages share; its
-# result is the value of the last name.
+# A document is a list of assignments, (name, expression), with the operators and functions that all languages share.
+# Its result is the value of the last name.
 
 
 def assignments(count):
-    """Lines with two to three operations. Values stay small and positive, and no error grows from line to line."""
+    """Lines with two or three operations. Values stay small and positive, and rounding errors do not accumulate."""
     chance = random.Random(count)
     names = ["x" + chr(ord("a") + i) for i in range(26)]
     forms = ["({a}+{n})/2", "({a}+{b})/4+{n}", "sqrt({a}*{b}+{n})", "max({a},{b})/2+{n}", "abs({a}-{b})/2+{n}"]
@@ -39,7 +39,7 @@ def assignments(count):
 
 
 def new_names(count):
-    """Such lines with a name of its own each, in letters only, and any of the earlier names in them."""
+    """Such lines, each with a new name of letters only, that use any of the earlier names."""
     chance = random.Random(count)
     names = ["v" + "".join(chr(ord("a") + i // 26**place % 26) for place in range(4)) for i in range(count)]
     forms = ["({a}+{n})/2", "({a}+{b})/4+{n}", "sqrt({a}*{b}+{n})", "max({a},{b})/2+{n}", "abs({a}-{b})/2+{n}"]
@@ -98,7 +98,7 @@ def lua_source(lines):
     return functions + sumlet_source(lines) + f'print(string.format("%.10f", {lines[-1][0]}))\n'
 
 
-# name: the command in front of the document's file, and what writes the document
+# name: the command in front of the document's file, and the function that writes the document
 PEERS = {
     "luajit": (["luajit"], lua_source),
     "mawk": (["mawk", "-f"], awk_source),
@@ -109,7 +109,7 @@ PEERS = {
 
 
 def result_of(command):
-    """The value that a command prints, or a word that says why there is none."""
+    """The value that a command prints, or the reason why there is none."""
     try:
         run = subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=LIMIT,
                              check=False)
@@ -135,13 +135,13 @@ def seconds(command, silence):
 
 
 def measure(commands, runs):
-    """The seconds of each command in each turn."""
+    """The seconds of each command in each round."""
     silence = [(os.POSIX_SPAWN_OPEN, 0, os.devnull, os.O_RDONLY, 0)]
     silence += [(os.POSIX_SPAWN_OPEN, stream, os.devnull, os.O_WRONLY, 0) for stream in (1, 2)]
     times = {name: [] for name in commands}
     chance = random.Random(runs)
     for _ in range(runs):
-        for name in chance.sample(list(commands), len(commands)):  # no program always follows the same one
+        for name in chance.sample(list(commands), len(commands)):  # so that no program always follows the same other one
             times[name].append(seconds(commands[name], silence))
     return times
 

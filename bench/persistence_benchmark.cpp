@@ -1,6 +1,5 @@
-// Storing and loading what a user has piled up: templates, and the windows of a session. "per_item" is the time for one
-// template or window and "bytes_per_item" the most memory that was held for it meanwhile: both have to stay the same
-// down a column, however many there are.
+// Storing and loading templates and the windows of a session. "per_item" is the time for one template or window and
+// "bytes_per_item" the maximum of the memory in use for it. Both must be the same for all numbers of items.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
@@ -85,7 +84,7 @@ void LoadTemplates(benchmark::State& state) {
 }
 BENCHMARK(LoadTemplates)->RangeMultiplier(10)->Range(100, 100'000)->Unit(benchmark::kMillisecond);
 
-// A window without a screen, of 100 lines.
+// A window of 100 lines that is not on a screen.
 class Window final : public MyWindowManager::StoredWindow {
  public:
   Window() = default;
@@ -156,7 +155,7 @@ void LoadOlderTemplates(benchmark::State& state) {
 }
 BENCHMARK(LoadOlderTemplates)->RangeMultiplier(10)->Range(100, 100'000)->Unit(benchmark::kMillisecond);
 
-// One dictionary of this many plain keys.
+// One dictionary with range(0) plain keys.
 void ReadPropertyList(benchmark::State& state) {
   String lines;
   for (std::int64_t i = 0; i < state.range(0); ++i)

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Times the start of window programs, and what they cost while nobody touches them: start_up.py [OPTIONS] FOLDER
+"""Measures the start of window programs, and their cost while idle: start_up.py [OPTIONS] FOLDER
 
 FOLDER is a build folder with sumlet, bare_qt and first_paint. Needs a display with a window manager that is not used
 otherwise; scripts/bench.sh makes one. The programs take turns (A B C A B C ...), so that a busy moment of the machine
@@ -32,12 +32,12 @@ PEERS = ["speedcrunch", "galculator", "featherpad", "kcalc", "mousepad", "qalcul
 EQUATIONS = ["20 40 365 234 # A garden\nlength = 12.5\nwidth = 8\n2*(length+width)", "500 40 365 234 x=2\ny=x+2\ny+2",
              "20 400 365 234 max(sqrt(2), 4/3)"]
 SESSION = [f"{20 + 375 * (i % 20)} {40 + 290 * (i // 20)} 365 234 # number {i}\nx={i}\nx*2+1" for i in range(200)]
-SETTLED = 2  # seconds after which nothing of a start goes on
-ASLEEP = 12  # seconds after which a caret has stopped blinking
+SETTLED = 2  # seconds after which a start is complete
+ASLEEP = 12  # seconds after which a caret stops blinking
 
 
 class Program:
-    """A program that is measured: its command, its own home, and the number of windows that its start opens."""
+    """A program to measure: its command, its own home, and the number of windows that it opens at its start."""
 
     def __init__(self, name, command, folder, windows=1):
         self.name, self.command, self.windows = name, command, windows
@@ -53,7 +53,7 @@ class Program:
                        "QT_QPA_PLATFORM": "xcb", "GDK_BACKEND": "x11"}
 
     def store(self, equations):
-        """Settings as the program itself leaves them; every start finds the same."""
+        """Writes the settings as the program does; every start finds the same."""
         path = self.home / SETTINGS
         if equations:
             settings_file.write(path, *equations)
@@ -85,13 +85,13 @@ class Run:
         self.watch.communicate()
 
     def memory(self):
-        """Resident and proportional, in MiB."""
+        """Resident and proportional memory, in MiB."""
         rollup = pathlib.Path(f"/proc/{self.process}/smaps_rollup").read_text("ascii")
         kilobytes = {line.split(":")[0]: int(line.split()[1]) for line in rollup.splitlines()[1:]}
         return kilobytes["Rss"] / 1024, kilobytes["Pss"] / 1024
 
     def activity(self):
-        """Of all threads so far: seconds on the processor, and waits that have ended."""
+        """Of all threads so far: seconds of processor time, and number of wake-ups."""
         seconds, waits = 0, 0
         for thread in pathlib.Path(f"/proc/{self.process}/task").iterdir():
             seconds += int((thread / "schedstat").read_text("ascii").split()[0]) / 1e9
@@ -142,7 +142,7 @@ def row(program, bare, idle):
 
 
 def further(few, many, count):
-    """What each further window takes, from the sessions of a few and of many windows."""
+    """The cost of each further window, from sessions with few and with many windows."""
     made, painted, memory = ((many[key] - few[key]) / count for key in ("first", "last", "resident"))
     return (f"Each of {count} further windows: {made:.1f} ms until made, {painted:.1f} ms until painted, "
             f"{memory * 1024:.0f} KiB resident.")

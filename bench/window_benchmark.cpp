@@ -1,6 +1,6 @@
-// The road of a key stroke through a window, by the lines of its text: from the key to the painted character, and from
-// the timer's end to the painted result. Then windows by their number: making one more, bringing back a session, and
-// saving it, with 100 lines in each. Painted means drawn by the toolkit; the desktop's part is not in it.
+// The time of a key stroke in a window, by the number of its lines: from the key to the painted character, and from the
+// timer's end to the painted result. Then the time by the number of windows of 100 lines: creating one more, restoring
+// a session, and saving it. Painted means drawn by the toolkit; the desktop's time is not included.
 #include <benchmark/benchmark.h>
 
 #include <unistd.h>
@@ -21,8 +21,8 @@
 namespace sumlet {
 namespace {
 
-// Every fifth line is a comment. The caret stands at the end of one in the middle, so that what is typed there leaves
-// all lines to be evaluated.
+// Every fifth line is a comment. The caret is at the end of a comment in the middle, so that typing there causes no
+// error and all lines are evaluated.
 winSumlet& OpenWindow(std::int64_t lines) {
   std::string text;
   for (std::int64_t i = 0; i < lines; ++i) {
@@ -93,7 +93,7 @@ void ScrollByLine(benchmark::State& state, bool showsValues) {
 BENCHMARK_CAPTURE(ScrollByLine, , false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(ScrollByLine, with line values, true)->Unit(benchmark::kMillisecond);
 
-// The part of it that calculates, with nothing else done.
+// The calculation alone.
 void Engine(benchmark::State& state) {
   winSumlet& window = OpenWindow(state.range(0));
   MathClass math(window.textInput().Text());
@@ -102,7 +102,7 @@ void Engine(benchmark::State& state) {
 }
 BENCHMARK(Engine)->Arg(10)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 
-// The part of it that colours, after an edit that changes the colour of one line.
+// The colouring alone, after an edit that changes the colour of one line.
 void Coloring(benchmark::State& state) {
   winSumlet& window = OpenWindow(state.range(0));
   std::vector<QColor> colors(static_cast<std::size_t>(state.range(0)));
@@ -115,7 +115,7 @@ void Coloring(benchmark::State& state) {
 }
 BENCHMARK(Coloring)->Arg(10)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 
-// Kilobytes that the process has in memory.
+// The resident memory of the process, in kilobytes.
 double ResidentMemory() {
   long pages = 0;
   std::FILE* file = std::fopen("/proc/self/statm", "r");
@@ -164,7 +164,7 @@ void RestoreSession(benchmark::State& state) {
 }
 BENCHMARK(RestoreSession)->Arg(3)->Arg(200)->Unit(benchmark::kMillisecond)->Iterations(3);
 
-// What is written, without the writing of the file; and all of it.
+// Composing the records of all windows, without writing a file.
 void StoreSession(benchmark::State& state) {
   StoredSession(state.range(0));
   for (auto _ : state) benchmark::DoNotOptimize(MyWindowManager::Store());
@@ -172,7 +172,7 @@ void StoreSession(benchmark::State& state) {
 }
 BENCHMARK(StoreSession)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
 
-// How long the event thread is held up when typing pauses. The disk works in the background.
+// How long a pause in typing blocks the event thread. A background thread flushes the file.
 void SaveRecovery(benchmark::State& state) {
   StoredSession(state.range(0));
   for (auto _ : state) {
@@ -186,7 +186,7 @@ void SaveRecovery(benchmark::State& state) {
 }
 BENCHMARK(SaveRecovery)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond)->Iterations(20)->UseRealTime();
 
-// The same for a save, five minutes after the recovery file has been written.
+// How long a save blocks it while a recovery file exists.
 void SaveSession(benchmark::State& state) {
   StoredSession(state.range(0));
   for (auto _ : state) {

@@ -1,4 +1,4 @@
-// What the fuzz targets share.
+// The functions that every fuzz target uses.
 #pragma once
 
 #include <cstdio>
@@ -7,10 +7,10 @@
 
 namespace sumlet {
 
-// What a target does with an input.
+// Each target defines this function: it checks one input.
 void CheckInput(std::string_view input);
 
-// What a target says must hold. The fuzzer, where nothing catches the exception, keeps the input; the replay goes on.
+// Throws std::logic_error if `holds` is false. The fuzzer then stops and keeps the input; the replay continues.
 inline void Check(bool holds, const char* expectation) {
   if (holds) return;
   std::fprintf(stderr, "Broken: %s\n", expectation);

@@ -1,4 +1,4 @@
-// The line language: any text is evaluated, and all that a run leaves is as the header of MathClass says.
+// Evaluates any text, and checks what the header of MathClass promises about the results.
 #include "check.h"
 #include "engine/math_class.h"
 #include "plain_rewriting.h"
@@ -8,11 +8,11 @@ namespace {
 
 void CheckOutcome(const MathClass& math, const String& result) {
   Check(result == math.Result, "Evaluate gives Result");
-  Check(math.ResultIsError() == (InStr(math.Result, "error") > 0), "an error is a result that holds the word");
-  Check(ShownResult(math, result).size() >= result.size(), "the shown result holds the result");
+  Check(math.ResultIsError() == (InStr(math.Result, "error") > 0), "an error is a result that contains the word");
+  Check(ShownResult(math, result).size() >= result.size(), "the shown result contains the result");
 }
 
-// Each run starts afresh, so the same text leaves the same, on an object that has been used and on a new one.
+// Each run starts afresh, so a used object and a new one give the same results for the same text.
 void CheckRepetition(MathClass& math) {
   if (InStr(math.equationText, "rnd") > 0) return;
   MathClass fresh(math.equationText);
@@ -20,7 +20,7 @@ void CheckRepetition(MathClass& math) {
   Check(OutcomeOf(math) == OutcomeOf(fresh), "two runs over one text agree");
   if (math.equationText.size() > 4096) return;
   math.Evaluate();
-  Check(OutcomeOf(math) == OutcomeOf(fresh), "nothing of an earlier run shows");
+  Check(OutcomeOf(math) == OutcomeOf(fresh), "an earlier run has no effect");
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
-// KeyList: any bytes, arriving in any pieces, make a list that can be asked, written and read back.
+// KeyList: reads any bytes, in any pieces, and then looks up items, writes the list and reads it back.
 //
-// The last bytes of the input say how the list is read and cut; what stands in front of them is the list.
+// The last bytes of the input choose how to read and divide the list. The bytes in front of them are the list.
 #include <algorithm>
 
 #include "check.h"
@@ -9,7 +9,7 @@
 namespace sumlet {
 namespace {
 
-// Takes choices off the end of the input and bytes off its front.
+// Takes choices from the end of the input and bytes from its start.
 class Input {
  public:
   explicit Input(std::string_view bytes) : bytes_(bytes) {}
@@ -42,8 +42,8 @@ void Read(KeyList& list, Input& input) {
   list.AddData(input.Rest());
 }
 
-// The bytes of `list`, read in two pieces. A damaged list that leaves one byte over drops an item that it would have
-// taken before that byte arrived.
+// Reads the bytes of `list` in two pieces. The results can differ for a damaged list that ends in a single extra byte:
+// before that byte arrives, the list accepts an item that it drops afterwards.
 void CheckPieces(std::string_view list, std::size_t cut) {
   if (list.empty()) return;
   cut = cut % list.size() + 1;
@@ -53,8 +53,8 @@ void CheckPieces(std::string_view list, std::size_t cut) {
   Check(pieces == whole, "a list in pieces has the items of the whole");
 }
 
-// How many items are whole in the first `length` bytes of a list with lengths of `width` bytes. One byte alone behind
-// an item makes it wait.
+// The number of complete items in the first `length` bytes of a list whose lengths have `width` bytes. An item followed
+// by a single byte is not complete.
 std::size_t WholeItems(const Items& items, std::size_t width, std::size_t length) {
   std::size_t end = 1;
   std::size_t count = 0;
@@ -65,7 +65,7 @@ std::size_t WholeItems(const Items& items, std::size_t width, std::size_t length
   return count;
 }
 
-// `cut` is a place in the written bytes at which they are divided.
+// `cut` is the offset at which the written bytes are divided.
 void CheckRoundTrip(const Items& items, bool optimized, std::size_t cut) {
   const String bytes = Bytes(items, optimized);
   cut = cut % bytes.size() + 1;
@@ -76,7 +76,7 @@ void CheckRoundTrip(const Items& items, bool optimized, std::size_t cut) {
   Check(std::equal(left.begin(), left.end(), items.begin()), "items that are kept are unchanged");
 }
 
-// Long lists keep an index of their keys; they answer like a plain search from front to back.
+// Long lists have an index of their keys. Look-ups must give the same results as a linear search.
 void CheckLookUps(KeyList& list, Input& choices) {
   Items plain = ItemsOf(list);
   for (int step = choices.Choice(); step > 0; --step) {

@@ -1,4 +1,4 @@
-// The entry of every fuzz target.
+// The entry point that libFuzzer calls.
 #include "check.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {

@@ -39,7 +39,7 @@ String ReplaceWhileThere(String text, const String& old, const String& replaceme
 bool IsError(const String& text) { return Has(text, "Error"); }
 bool IsNumberCharacter(const String& c) { return Has(numberCharacters, c); }
 
-// The place of the first operator of those that bind tightest, or 0. A "-" in front is a sign.
+// The 1-based position of the first of the operators that bind tightest, or 0. A "-" at the start is a sign.
 Int32 NextOperator(const String& text) {
   for (const char* level : {"^", "*/\\%", "+-"}) {
     for (Int32 i = 1; i <= Len(text); ++i) {
@@ -75,7 +75,7 @@ class PlainRewriting {
 
  private:
   struct Step {
-    bool isEnd;  // else the text is to be reduced next
+    bool isEnd;  // otherwise `text` is reduced next
     String text;
   };
   static Step End(std::string_view text) { return {true, String(text)}; }
@@ -194,7 +194,7 @@ class PlainRewriting {
     const String left = Mid(text, start, pos - start);
     Int32 behind = pos + 1;
     while (behind <= n && (isSpace(behind) || Mid(text, behind, 1) == "-")) ++behind;
-    // A "-" with only signs behind it would bring the whole text back behind the value, for ever.
+    // A "-" followed by signs only would be rewritten for ever.
     if (pos == 1 || behind > n) return Fail(errors::twoArgumentsRequired, op);
     while (behind <= n && isNumber(behind)) ++behind;
     const String right = Mid(text, pos + 1, behind - pos - 1);
@@ -212,7 +212,7 @@ class PlainRewriting {
   }
 
   String SubstituteVariables(String text) {
-    // The variables whose value the walk stands in, each with the number of characters behind that value.
+    // The variables whose values are being read, each with the number of characters behind its value.
     std::vector<std::pair<Int32, Int32>> inside;
     for (;;) {
       Spend(text);

@@ -1,9 +1,8 @@
-// The calculation done to the letter: every step copies the whole text and starts again on it.
+// A literal implementation of the language: every step copies the whole text and starts again on it.
 //
-// The engine keeps its text normalised only around the place of each rewrite, so that long lines stay cheap. Whether
-// anyone could tell is what this plain evaluator is for: it is short enough to be checked by reading, as slow as it
-// looks, and the engine has to agree with it on every text. It shares with the engine the text functions and the
-// leaves: the value of one operator, of one function and of one fraction, which the worked examples test.
+// The engine must give the same results for every text, although it processes only the part of a text that changes.
+// This evaluator is slow, but short enough to be checked by reading. It shares with the engine the text functions and
+// the values of single operators, functions and fractions, which the worked examples test.
 #pragma once
 
 #include <cstddef>
@@ -14,7 +13,7 @@
 
 namespace sumlet {
 
-// What a run leaves; every field means what the property of MathClass means.
+// The results of a run. Each field has the meaning of the property of MathClass.
 struct Outcome {
   String result;
   String details;
@@ -28,8 +27,8 @@ inline Outcome OutcomeOf(const MathClass& math) {
   return {math.Result, math.ResultDetails, math.LastLineEvaluated, math.varKey, math.varValue};
 }
 
-// Evaluates `text` as MathClass::Evaluate does. Gives nothing when the rewritten texts together exceed `budget` bytes:
-// this evaluator is no judge of texts that long.
+// Evaluates `text` as MathClass::Evaluate does. Returns nothing if the rewritten texts together exceed `budget` bytes,
+// because that would take too long.
 [[nodiscard]] std::optional<Outcome> EvaluatePlainly(std::string_view text, std::size_t budget);
 
 }  // namespace sumlet

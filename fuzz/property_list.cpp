@@ -1,7 +1,7 @@
-// Property lists: whatever the lines, reading them ends with a tree that holds together and that every operation can
-// work on; what is written of it is read back the same, as far as its texts bear that.
+// Property lists: reads any lines into a consistent tree, restructures the tree, and writes it. Reading the written
+// lines gives the same tree, unless its texts prevent that.
 //
-// The first byte says how the tree is restructured; the rest are the lines.
+// The first byte of the input chooses how to restructure the tree; the rest are the lines.
 #include <algorithm>
 
 #include "check.h"
@@ -15,13 +15,14 @@ namespace {
 
 constexpr const char* leafTypes[] = {"string", "integer", "real", "double", "date", "boolean"};
 
-// A text of one line without a character that the lines give a meaning to.
+// Whether `text` is one line without characters that have a meaning in the file format.
 bool IsPlain(std::string_view text) {
   const auto isPlain = [](char c) { return static_cast<unsigned char>(c) >= ' ' && c != '<' && c != '>' && c != '&'; };
   return std::all_of(text.begin(), text.end(), isPlain);
 }
 
-// Whether each key has one value of a type that is read as it is written, and each array counts up from 0.
+// Whether reading back the written tree gives the same tree: each key has one value of a known type, and the keys of
+// each array count up from 0.
 bool BearsReadingBack(const plistDict& node) {
   Int32 containers = 0;
   for (Int32 i = 0; i < node.count(); ++i) {
@@ -60,7 +61,7 @@ void SearchAndRemove(plist& document) {
   while (document.FindNext("e") && ++rounds < 50) Check(document.foundDict != nullptr, "what is found is somewhere");
 }
 
-// Any of these may meet a tree that is not made for it, which is a Fault.
+// Each operation may throw a Fault if the tree does not fit.
 void Restructure(plist& document, unsigned how) {
   plistDict& root = document.root();
   const String first = root.count() > 0 ? VariantToString(root.types().Key(0)) : String();

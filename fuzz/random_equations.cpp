@@ -9,7 +9,7 @@
 namespace sumlet {
 namespace {
 
-// "{rule}" stands for one of the choices of that rule. In an expression that is nested too deep it is a number.
+// "{rule}" is replaced by one of the choices of that rule, or by a number where expressions are nested too deep.
 const std::map<String, std::vector<const char*>, std::less<>> grammar = {
     {"text", {"{values}{line}", "{values}{line}{end}{line}", "{values}{line}{end}{rare line}"}},
     {"values", {"x=2\ny=-3\nab={number}\n", "x=4\ny=.5\nab=-1.5\n", "ab=pi\ny={number}\nx={expression}\n"}},

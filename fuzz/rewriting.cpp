@@ -1,5 +1,5 @@
-// The engine against the plain evaluator of its tests: they agree on every short text. Long ones, for which the plain
-// one is too slow, are checked by engine.cpp.
+// Compares the engine with the plain evaluator on short texts. The plain evaluator is too slow for long texts, which
+// engine.cpp checks.
 #include "check.h"
 #include "plain_rewriting.h"
 #include "random_equations.h"
@@ -33,7 +33,7 @@ void CheckInput(std::string_view input) {
   const std::optional<Outcome> plain = EvaluatePlainly(equation, 20'000);
   if (!plain) return;
   MathClass math("used=1\nx=2\nunknown");
-  math.Evaluate();  // leaves variables and the details of an error, none of which may show afterwards
+  math.Evaluate();  // leaves variables and the details of an error, which must not affect the next run
   math.equationText = equation;
   math.Evaluate();
   const Outcome outcome = OutcomeOf(math);

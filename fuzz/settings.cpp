@@ -1,8 +1,7 @@
-// The settings and the recovery file: whatever their content, loading ends with settings, templates and windows, and
-// storing and loading these again changes nothing. A whole recovery file replaces the settings file, a damaged one does
-// not.
+// The settings and the recovery file: loads any content as settings, templates and windows. Storing and loading these
+// again changes nothing. A complete recovery file replaces the settings file, a damaged one does not.
 //
-// The windows are the fields of an equation window's record. The file is a real one, since that is the only way in.
+// The windows are the fields of an equation window's record. Uses real files, because the program reads nothing else.
 #include <cstdlib>
 #include <fstream>
 #include <utility>
@@ -32,8 +31,8 @@ std::vector<const MyWindowManager::StoredWindow*> StoredWindows() {
   return stored;
 }
 
-// The settings file in a folder of this process, in memory where the system has such folders: rename on a disk waits
-// for it.
+// The settings file in a folder of this process. The folder is in memory if the system has such folders, because
+// renaming a file on a disk is slow.
 std::filesystem::path PreparedFile() {
   if (std::filesystem::is_directory("/dev/shm")) setenv("TMPDIR", "/dev/shm", 0);
   static const TemporaryFolder folder;
@@ -50,7 +49,7 @@ void Write(const std::filesystem::path& path, std::string_view content) {
   std::ofstream(path, std::ios::binary) << content;
 }
 
-// What a start with the present files loads.
+// The state that a start with the present files loads.
 struct Loaded {
   [[nodiscard]] bool operator==(const Loaded&) const = default;
   std::vector<String> settings;
@@ -69,7 +68,7 @@ Loaded LoadFiles() {
   return {std::move(settings), Templates(), windows};
 }
 
-// Says whether the reader may take `list` for the text form. Such a list is not read back, which is a known limit.
+// Whether the reader may mistake `list` for the text form. Such a list is not read back, which is a known limit.
 bool MayLookLikeText(std::string_view list) {
   return list.find('<') != std::string_view::npos && list.find('>') != std::string_view::npos;
 }
@@ -94,8 +93,8 @@ void CheckWindowsComeBack() {
   Check(windows == before, "the windows come back");
 }
 
-// Loads `input` as the recovery file beside the present settings file, and deletes it. `without` is what a start
-// without a recovery file loads, `replaced` what one with `input` as the settings file does.
+// Loads `input` as the recovery file beside the present settings file, and deletes it. `without` is the state that a
+// start without a recovery file loads, `replaced` the state with `input` as the settings file.
 void CheckRecovery(const FolderItem& settings, std::string_view input, const Loaded& without, const Loaded& replaced) {
   const FolderItem recovery(settings.Path().parent_path() / "recovery");
   const FolderItem damaged(settings.Path().parent_path() / "recovery.damaged");
@@ -112,7 +111,7 @@ void CheckRecovery(const FolderItem& settings, std::string_view input, const Loa
   }
 }
 
-// `whole` is the content of a recovery file; one byte more or less damages it.
+// `whole` is the content of a recovery file. Adding or removing one byte damages it.
 void CheckDamageIsSeen(const FolderItem& settings, const String& whole) {
   const std::filesystem::path recovery = settings.Path().parent_path() / "recovery";
   for (const String& content : {whole.substr(0, whole.size() - 1), whole + '\0'}) {

@@ -1,5 +1,5 @@
-// The hand-over message: whatever a peer sends, in whatever pieces, is the message that a start writes or is refused,
-// and the token and the files arrive as they were sent.
+// The hand-over message: accepts only messages that a start writes, whatever bytes a peer sends, in any pieces. The
+// token and the files arrive unchanged.
 #include <algorithm>
 
 #include "check.h"
@@ -21,7 +21,7 @@ void CheckReceived(std::string_view received) {
     Check(request == untouched, "what is no request leaves the request alone");
   }
 
-  // One byte after the other, as a slow peer sends them: a decision does not change.
+  // A slow peer sends byte by byte: once made, a decision does not change.
   for (std::size_t length = 0; length < received.size(); ++length) {
     StartRequest early = untouched;
     const RequestState then = ReadRequest(received.substr(0, length), early);

@@ -1,4 +1,4 @@
-// What an imported file goes through: any bytes become UTF-8 text, which is trimmed and cut into lines.
+// The steps of an import: decodes any bytes as UTF-8 text, trims it and splits it into lines.
 #include "check.h"
 #include "framework/text/encoding.h"
 #include "framework/text/utf8.h"
@@ -25,7 +25,7 @@ void CheckDecoding(std::string_view bytes, const String& text) {
   if (!hasMark && IsUtf8(bytes)) Check(text == bytes, "text that is UTF-8 stays");
 }
 
-// As it is shown after the import: without white space at its ends, and line by line.
+// The text as a window shows it: trimmed, and line by line.
 void CheckLines(const String& text) {
   const String trimmed = Trim(text);
   Check(trimmed.empty() || (!IsWhiteSpace(trimmed.front()) && !IsWhiteSpace(trimmed.back())), "the ends are trimmed");

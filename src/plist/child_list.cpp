@@ -51,11 +51,11 @@ std::vector<Int32> ChildList::IndexesOf(std::string_view name) const {
 }
 
 plistDict& ChildList::Append(SharedText name) {
-  constexpr std::size_t few = 8;
+  constexpr std::size_t largestUnindexed = 8;
   children_.push_back({nextNumber_++, std::move(name), std::make_unique<plistDict>()});
   if (index_) {
     AddToIndex(children_.back());
-  } else if (children_.size() > few) {
+  } else if (children_.size() > largestUnindexed) {
     index_ = std::make_unique<Index>();
     for (const Child& child : children_) AddToIndex(child);
   }

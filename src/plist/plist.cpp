@@ -226,18 +226,18 @@ bool plist::ReadStructure(plistDict& node, std::string_view text, SearchMode mod
 
 // Visits a container at its position among the plain keys; one without keys has nothing to visit.
 bool plist::Walk(plistDict& top, const std::function<bool(plistDict& holder, const String& key)>& visit) {
-  std::vector<plistDict*> way;
-  const auto enter = [&way](plistDict& node) {
+  std::vector<plistDict*> levels;
+  const auto enter = [&levels](plistDict& node) {
     node.MoveFirst();
-    if (node.count() > 0) way.push_back(&node);
+    if (node.count() > 0) levels.push_back(&node);
     return node.count() > 0;
   };
   enter(top);
-  while (!way.empty()) {
-    plistDict& node = *way.back();
+  while (!levels.empty()) {
+    plistDict& node = *levels.back();
     if (node.eof()) {
-      way.pop_back();
-      if (!way.empty()) way.back()->MoveNext();
+      levels.pop_back();
+      if (!levels.empty()) levels.back()->MoveNext();
       continue;
     }
     const String key = node.CurrentKey();

@@ -205,9 +205,9 @@ class plistDict {
   void Store(std::string_view key, std::string_view word, std::string_view text);
   void StoreChecked(std::string_view key, std::string_view checkedWord, std::string_view text, std::string_view word);
   void ReportMismatch(std::string_view key) const;
-  // Sets `text` to the text of a number. Returns false, reports an error and sets `instead` to the getter's result when
-  // the key holds none.
-  bool NumberText(std::string_view key, String& text, double& instead);
+  // Sets `text` to the text of a number. Returns false, reports an error and sets `otherwise` to the getter's result
+  // when the key holds none.
+  bool NumberText(std::string_view key, String& text, double& otherwise);
   void AppendValue(std::string_view word, std::string_view text);
   bool AppendKey(std::string_view word, String& key);
   void AppendTexts(const Array<String>& list, Int32 first, Int32 last);

@@ -46,13 +46,13 @@ String plistDict::GetString(std::string_view key, std::string_view fallback) { r
 
 String plistDict::GetData(std::string_view key, std::string_view fallback) { return GetValue(key, fallback); }
 
-bool plistDict::NumberText(std::string_view key, String& text, double& instead) {
+bool plistDict::NumberText(std::string_view key, String& text, double& otherwise) {
   SetError(false, {});
-  instead = 0;
+  otherwise = 0;
   if (!TypeOK(key)) return false;
   if (SameText(GetType(key), "date")) {
     ReportMismatch(key);
-    instead = -1;
+    otherwise = -1;
     return false;
   }
   text = GetValue(key);
@@ -67,8 +67,8 @@ Int32 plistDict::GetInteger(std::string_view key, Int32 fallback) {
 double plistDict::GetDouble(std::string_view key, double fallback) {
   if (!Exists(key)) SetDouble(key, fallback);
   String text;
-  double instead = 0;
-  return NumberText(key, text, instead) ? CDbl(text) : instead;
+  double otherwise = 0;
+  return NumberText(key, text, otherwise) ? CDbl(text) : otherwise;
 }
 
 double plistDict::GetReal(std::string_view key, double fallback) {

@@ -1,6 +1,5 @@
-// Texts that are meant to exhaust the stack, the memory or the patience. Each must end, and where reasoning tells the
-// outcome, with that outcome. The sizes are far above what a step that copies the whole line, or a call for each level,
-// could bear.
+// Texts that try to exhaust the stack, the memory or the time. The sizes are too large for an engine that copies the
+// whole line in each step or calls itself for each level.
 #include <gtest/gtest.h>
 
 #include <initializer_list>
@@ -37,7 +36,7 @@ void Check(std::initializer_list<Hostile> rows) {
 TEST(Hostile, DeepNesting) {
   const std::size_t n = 100'000;
   Check({
-      {"opening right for ever", Times(n, "(1+"), parenthesis},
+      {"unclosed sums", Times(n, "(1+"), parenthesis},
       {"wrong order behind a value", "(1)" + Times(n, ")1") + Times(n, "2("), parenthesis, "2"},
       {"factors", Times(n, "1(") + "1" + Times(n, ")"), "1"},
       {"signs", Times(n, "-(") + "1" + Times(n, ")"), "1"},
@@ -52,7 +51,7 @@ TEST(Hostile, LongLines) {
       {"differences", "1" + Times(n, "-1"), "-99999"},
       {"products and sums", Times(n, "1*1+") + "1", "100001"},
       {"operators behind a number", "5" + Times(n, "*"), twoOperands, "*"},
-      {"signs for ever", "3" + Times(n, "-"), twoOperands, "-"},
+      {"signs behind a number", "3" + Times(n, "-"), twoOperands, "-"},
       {"bars around numbers", Times(n, "|1|"), "1"},
       {"variables", "x=1\n0" + Times(n, "+x"), "100000"},
       {"a fraction of many words", "dec(0 " + Times(n, "0 ") + "/2)", "Error: Incomplete Fraction"},
@@ -69,7 +68,7 @@ TEST(Hostile, AMegabyteOfOneCharacter) {
   });
 }
 
-// The substituted texts would hold gigabytes if anyone wrote them out.
+// The substituted texts would need gigabytes if all values were substituted in whole.
 TEST(Hostile, ValuesThatGrow) {
   const String zeros(500'000, '0');
   const String tiny = "x=." + zeros.substr(0, 30'000) + "1\n";
@@ -79,7 +78,7 @@ TEST(Hostile, ValuesThatGrow) {
       {"a long value in many sums", "x=" + zeros + "\n" + Times(20'000, "x+") + "1", "1"},
       {"a long value on many lines", "x=" + zeros + "\n" + Times(200, "y=x\n") + "y", zeros},
       {"computed on many lines", tiny + Times(2'000, "(x)(x)(x)(x)\n") + "2", "2"},
-      {"as it stands", tiny + Times(8'000, "(x)\n") + "x", tiny.substr(2, tiny.size() - 3)},
+      {"not computed", tiny + Times(8'000, "(x)\n") + "x", tiny.substr(2, tiny.size() - 3)},
       {"twice in the value of another name", arguments + Times(3'000, "x+") + "1", "1"},
       {"the same value again", "x=" + Times(15'000, "1,") + "1\n" + Times(8'000, "x=x\n") + "x^0", "1"},
   });

@@ -1,4 +1,4 @@
-// The line language by its worked examples, and MathClass as a whole.
+// The line language by its worked examples, and the interface of MathClass.
 #include <gtest/gtest.h>
 
 #include "engine/math_class.h"
@@ -22,7 +22,7 @@ TEST(Language, WorkedExamples) {
   }
 }
 
-// One line with a value of each kind, by the walk and by rewriting, and each kind that has none.
+// One line of each kind that has a value, evaluated by the walk and by rewriting, and of each kind that has none.
 TEST(Language, ObserverReceivesTheValueOfEachLine) {
   MathClass math("x = 2\n# 1\r\n x*21\r\n\nfrac(2.5)\r2x\n()\ny = -x\n y\n2+*3\n7");
   String values;
@@ -35,8 +35,7 @@ TEST(Language, ObserverReceivesTheValueOfEachLine) {
   EXPECT_EQ(values, "0: 2; 2: 42; 4: \"2 1/2\"; 5: 4; 6: ; 7: -2; 8: -2; ");
 }
 
-// A random number below 0.0001 is written with an exponent, and its line then fails for the letter in it; so a few
-// tries.
+// Tries a few times, because a random number below 0.0001 has an exponent, whose letter is an unknown variable.
 String EvaluateRandom(const char* text) {
   MathClass math(text);
   for (int i = 0; i < 5 && (i == 0 || math.ResultIsError()); ++i) math.Evaluate();
@@ -49,7 +48,7 @@ TEST(Language, RandomNumbers) {
     EXPECT_TRUE(!result.empty() && InStr(result, "Error") == 0 && Val(result) < 1) << text << " gave " << result;
   }
   EXPECT_NE(EvaluateRandom("RND-RND"), "0") << "each occurrence is a new number";
-  EXPECT_EQ(EvaluateRandom("x=RND\nx-x"), "0") << "a stored one stays";
+  EXPECT_EQ(EvaluateRandom("x=RND\nx-x"), "0") << "a stored number does not change";
 }
 
 TEST(Language, ErrorsContainTheWord) {
@@ -57,7 +56,8 @@ TEST(Language, ErrorsContainTheWord) {
   EXPECT_TRUE(!math.ResultIsError() && math.ResultIsError("an eRRoR inside") && !math.ResultIsError("err or"));
 }
 
-// The fuzz target `rewriting` checks that the walk gives the same as rewriting. Here: that it is taken at all.
+// The fuzz target `rewriting` checks that the walk and rewriting give the same values; this test, that ordinary lines
+// take the walk.
 TEST(Language, OrdinaryExpressionsAreNotRewritten) {
   VariableIndex variables;
   variables.Add("x", {.number = -2.5});

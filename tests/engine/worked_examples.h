@@ -1,4 +1,4 @@
-// Worked examples of the line language: what a user types, and what comes out.
+// Worked examples of the line language: the text that a user types, and its result.
 #pragma once
 
 namespace sumlet {
@@ -7,7 +7,7 @@ struct Example {
   const char* text;
   const char* result;
   const char* details = nullptr;  // ResultDetails; for an error always given
-  int lastLine = -1;              // LastLineEvaluated, where the example is about it
+  int lastLine = -1;              // LastLineEvaluated; -1 if the example is not about it
 };
 
 constexpr auto parenthesis = "Error: Unmatched Parenthesis";
@@ -24,30 +24,30 @@ constexpr auto longPi = "3.14159265358979323846264338327950";
 
 // clang-format off
 inline constexpr Example workedExamples[] = {
-    // lines: the last one that says anything counts, and the first that fails ends the run
+    // lines: the result is that of the last expression; the first error ends the run
     {"", "", ""}, {" \n' note\n\n  # x\n// y", "", "", 4}, {"1\n2\n3", "3", "", 2}, {"1\r\n2\r3", "3", "", 2},
     {"5\n\n' note", "5", "", 2}, {"1\nfoo\n3", unknown, "foo", 1}, {"x=1\nx=x+1\nx", "2"}, {"  # x\n7", "7"},
     {"5 // c", twoOperands, "/", 0}, {"/ /5", twoOperands, "/"},
-    // a line that holds the word is an error by itself
+    // a line that contains the word "error" is an error
     {"error", "error", ""}, {"1+error", "1+error", ""}, {"x=Terrors\n1", "x=Terrors", "", 0},
     // operators
     {"2+3*4", "14"}, {"8/2*3", "12"}, {"2^3^2", "64"}, {"2^-1", "0.5"}, {"-2^2", "4"}, {"2*-3^2", "18"},
     {"1/3", "0.3333333333"}, {"(1/3)*3", "0.9999999999"}, {"sqrt(2)^2", "2.0000000001"}, {"0.00000000001+0", "0"},
     {"2.5.1+1", "3.5"}, {"1 2 3*2", "246"},
-    // whole-number operators cut their operands, and dividing by nothing is no error
+    // integer operators truncate their operands; division by zero is no error
     {"4\\3", "1"}, {"7.9\\2", "3"}, {"7\\0.5", "0"}, {"-2147483648\\-1", "2147483648"},
     {"99999999999\\1", "2147483647"}, {"-7%3", "-1"}, {"4%0", "4"}, {"2mod3", "2"},
     // clusters of minus signs
     {"5--3", "8"}, {"---5", "-5"}, {"2^--3", "8"}, {"-", "-"}, {"--", ""}, {"--\t2*-3", "-6"},
-    // an operand that is not there
+    // missing operands
     {"5-", twoOperands, "-"}, {"3+x", twoOperands, "+"}, {"3-x", unknown, "x"}, {"5-\t3", unknown, "\t"},
-    // no number as a value
+    // values that are no numbers
     {"1/0", unknown, "inf"}, {"0/0", unknown, "nan"}, {"1/0-1", twoOperands, "-"},
-    // what would be rewritten for ever
+    // endless rewriting
     {"3--", twoOperands, "-"}, {"|3--|", twoOperands, ""},
     // values side by side
     {"2(3)", "6"}, {"1+2(3)", "24"}, {"2 3+1", "24"}, {"1 000", "0"},
-    // no operation, no new form
+    // without an operation a number keeps its form
     {"1.50", "1.50"}, {"1,000", "1,000"}, {"pi", longPi}, {"Π", longPi},
     // parentheses
     {"()", ""}, {"(-)-5", "5"}, {"-()-(1)", "1"}, {"(1,2)", "1,2"}, {"(1,2)(3)", "36"}, {"(1+2", parenthesis, ""},
@@ -61,11 +61,11 @@ inline constexpr Example workedExamples[] = {
     {"=5", "5", ""}, {"x=", "", "x"}, {"x=\nx", ""}, {"a b=3", "Error: Variable Name Contains Space", "a b"},
     {"sin=3", nameIsFunction, "sin"}, {"mod=3", nameIsFunction, "mod"}, {"frac=3", nameIsFunction, "frac"},
     {"2=3", "3", "2"}, {"x=(1,5)\nx+1", "16"}, {"x=-\n3x", twoOperands, "-"},
-    // variables are words, put in as text
+    // variables are words, replaced by the text of their values
     {"x", unknown, "x"}, {"1e3", unknown, "e"}, {"x=3\n2x", "6"}, {"a=1\nb=2\na+b", "3"}, {"ab=3\nAB", "3"},
     {"_é=4\n_É+1", "5"}, {"a\tb=3\na\tb", "3"}, {"pi=3\npi", "3"}, {"x=-2\n3-x", "5"}, {"x1=3\nx1", unknown, "x"},
     {"x1=3\nx=2\nx1", "2"},
-    {"\"=3\nx=frac(0.5)\nx", "1.347826087"},  // a value is read for names too: "1/2" becomes 3 1/2 3
+    {"\"=3\nx=frac(0.5)\nx", "1.347826087"},  // values can contain names: "1/2" becomes 3 1/2 3
     // a variable inside its own value
     {"inf=dec(1 1/. 5)", "inf", "inf"}, {"inf=dec(1 1/. 5)\ninf", twoOperands, "inf", 1},
     {"nan=dec(1 0/. 5)\n1+nan", twoOperands, "nan", 1}, {"\"=frac(0.5)\n\"", twoOperands, "\"", 1},
@@ -78,7 +78,7 @@ inline constexpr Example workedExamples[] = {
     {"atan2(1,2)", "0.463647609"}, {"deg(pi)", "180"}, {"rad(180)", "3.1415926536"},
     {"exp(1)", "2.7182818285"}, {"log(2)", "0.6931471806"}, {"min(3,2)", "2"},
     {"floor(2.5)", "2"}, {"ceil(2.5)", "3"}, {"round(2.4)", "2"}, {"round(2.5)", "3"}, {"sign(7)", "1"}, {"sign(0)", "0"},
-    // a function writes no sign
+    // values of functions have no sign
     {"cos(pi)", "1"}, {"sin(-1)-1", "-0.1585290152"}, {"min(-3,2)", "3"},
     // calls that fail
     {"sqrt (4)", unknown, "sqrt"}, {"sqrt()", oneArgument, "sqrt"}, {"pow(2)", twoArguments, "pow"}, {"atan2(1,)", twoArguments, "atan2"},
@@ -92,7 +92,7 @@ inline constexpr Example workedExamples[] = {
     {"frac(1234567891)", "\"1234567891 1/1\""},  // seven digits and an exponent: 1.234568e+9
     {"frac(0.00001234)", "\"1/5\""},  // 1.234000e-5
     {"1+frac(0.5)", notAlone, "+frac"}, {"frac(2.5)+1", notAlone, ""}, {"-- frac(0.5)", "\"1/2\"", " frac"},
-    // fractions to decimals; what else stands on the line is dropped
+    // fractions to decimals; the rest of the line is ignored
     {"dec(1 1/2)", "1.5"}, {"Dec( 2  3/4 )", "2.75"}, {"dec(1 1/2 3)", "1.5"}, {"2+dec(1 1/2)", "1.5"},
     {"x=3\ndec(x 1/2)", "3.5"}, {"dec=3\ndec(1 1/2)", "16.5"}, {"dec(1/2)", incomplete, ""},
     {"dec(3)", notAFraction, ""}, {"dec(1,2)", notAFraction, ""}, {"dec( 1 1/)", twoOperands, "/"},

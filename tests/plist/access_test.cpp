@@ -1,4 +1,4 @@
-// Typed values: what each call gives, the error it leaves, and the tree behind it.
+// Typed values: the result of each call, its error, and the tree after it.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -28,7 +28,7 @@ struct Row {
   const char* tree = nullptr;
 };
 
-// The error has been set by another call before, which shows whether it is cleared.
+// Sets another error before each call, to see whether the call clears it.
 void Check(std::string_view lines, const std::vector<Row>& rows) {
   for (const Row& row : rows) {
     plist document(FolderItem("/nowhere/at/all"));

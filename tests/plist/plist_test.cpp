@@ -1,4 +1,4 @@
-// Whole files: what is read from them, what is written back, and what any content on disk leads to.
+// Reads, writes and converts whole files.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -21,7 +21,7 @@ const String newHeaders =
     "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
     "<plist version=\"1.0\">\n<dict>\n";
 
-// A folder of the test's own, below which temporary files go too.
+// A folder for the test, which also contains its temporary files.
 class PropertyListFile : public testing::Test {
  protected:
   PropertyListFile() {
@@ -39,7 +39,7 @@ class PropertyListFile : public testing::Test {
   }
   [[nodiscard]] static String Content(const FolderItem& file) { return file.ReadBinaryFile().value_or("nothing"); }
 
-  // Puts a tool in front of all others; `script` runs with the tool's arguments.
+  // Installs a tool in front of all others in PATH; `script` gets the tool's arguments.
   void Install(const char* tool, const char* script) const {
     fs::create_directory(folder_ / "bin");
     const FolderItem file = File(String("bin/") + tool, String("#!/bin/sh\n") + script + "\n");
@@ -91,7 +91,7 @@ TEST_F(PropertyListFile, Places) {
   none.Save(true);
   EXPECT_EQ(none.errorMessage, "Could not open file for saving");
 
-  // what was not read is not written over
+  // does not overwrite a file that it could not read
   const FolderItem large = File("large", newHeaders + String(9000000, 'x'));
   plist unread(large);
   unread.Save();
@@ -143,7 +143,7 @@ TEST_F(PropertyListFile, BinaryByTheRealTool) {
   document.Load(file, {});
   EXPECT_TRUE(fs::is_empty(temporary_)) << "the copy of the first reading";
 
-  // the copy's place, known since it was read, taken by another
+  // another user has taken the path of the temporary copy
   plist again(file);
   const fs::path stolen = again.savePath.Path().parent_path();
   fs::create_directory(folder_ / "victim");
@@ -155,7 +155,7 @@ TEST_F(PropertyListFile, BinaryByTheRealTool) {
   fs::remove(stolen);
 }
 
-// Whatever becomes of the tool, the file stays as it was and nothing is left behind.
+// If a tool fails in any way, the file does not change and no temporary file remains.
 TEST_F(PropertyListFile, BinaryByOtherTools) {
   const char* no = "Not a plist file";
   const String convert =
@@ -174,7 +174,7 @@ TEST_F(PropertyListFile, BinaryByOtherTools) {
     EXPECT_TRUE(fs::is_empty(temporary_)) << script;
   }
 
-  // a copy that is lost; no place for a copy; then no tool, where the document is written as text
+  // a tool that deletes the copy; no folder for a copy; no tool, so that the document is saved as text
   Install("plutil", "rm \"$3\"");
   const FolderItem file = File("list", "BPLIST");
   plist(file).Save(true);
@@ -192,7 +192,7 @@ TEST_F(PropertyListFile, BinaryByOtherTools) {
   EXPECT_TRUE(fs::is_empty(temporary_));
 }
 
-TEST_F(PropertyListFile, AProgramThatHangsIsGivenUp) {
+TEST_F(PropertyListFile, HangingProgramsAreGivenUp) {
   Install("slow", "sleep 60 & sleep 60");
   EXPECT_EQ(RunProgram({"slow"}, std::chrono::milliseconds(50)), ProgramEnd::GivenUp);
   EXPECT_EQ(RunProgram({}, std::chrono::seconds(10)), ProgramEnd::NotFound);

@@ -1,4 +1,4 @@
-// The line-wise reader: the lines behind the opening <dict>, and the tree they give.
+// The line-wise reader: the lines after the opening <dict>, and the resulting tree.
 #include <gtest/gtest.h>
 
 #include "plist/plist_dict.h"
@@ -15,7 +15,7 @@ TEST(PropertyListReader, Layouts) {
       {"<key>a&lt;</key>\n<false/>\n<key>b</key><date>2026</date><key>c</key>\n<x y=\"1\">2</x>\n</dict>",
        "a&lt;:boolean=false, b:date=2026, c:x y=\"1\""},
       {"<key>a</key>\n<string>1</string> 2\n<key>b</key> \n<true/>", "a:string=1, b</key> :boolean=true"},
-      // several lines: joined by CR, with one behind the last, but for data
+      // several lines: each followed by CR, except in data
       {"<key>a</key>\n\t<string>1\n\t\t  2\n\n3</string>\n</dict>", "a:string=1\r  2\r3\r"},
       {"<key>a</key>\n<string>1>2\n3</string>\n</dict>", "a:string=3\r"},
       {"<key>a</key>\n<data>\n\tAAEC\n\tAwQ=\n\t</data>\n</dict>", "a:data=AAECAwQ="},
@@ -63,7 +63,7 @@ TEST(PropertyListReader, TheNodeItself) {
   EXPECT_THROW(node.Load(nullptr, "root", false, nullptr, nullptr, true), Fault);
 }
 
-// Each has to end, in a time that grows with its length alone.
+// The reading time must be proportional to the length.
 TEST(PropertyListReader, HostileTexts) {
   const auto repeat = [](const String& text, int count) {
     String all;

@@ -82,7 +82,7 @@ TEST_F(PropertyListTree, MovingTakesAway) {
   root.Rename("u", "D");
   EXPECT_EQ(document.errorMessage, "Key D already exists.");
 
-  // into itself: it would have no end
+  // into itself, which would never end
   const String before = TreeText(root);
   EXPECT_THROW(root.Copy("d", &root.child("d").child("e")), Fault);
   EXPECT_THROW(root.child("d").Move("e", &root, true, "D"), Fault);
@@ -108,7 +108,7 @@ TEST_F(PropertyListTree, Searching) {
   EXPECT_TRUE(!document.Find("?") && document.foundKey.empty());
 }
 
-// Many children have an index of their names; several can stand under one name, and keep their order.
+// Many children have an index of their names. Several can have the same name, and keep their order.
 TEST(PropertyListChildren, ManyAndSeveralOfOneName) {
   String lines;
   for (Int32 i = 0; i < 12; ++i)
@@ -123,7 +123,7 @@ TEST(PropertyListChildren, ManyAndSeveralOfOneName) {
   EXPECT_THROW((void)node.children().At(0), Fault);
 }
 
-// Deeper than the stack, for every operation that goes down or up a tree.
+// Too deep for recursion, for every operation that walks down or up a tree.
 TEST(PropertyListDepth, ADeepTree) {
   constexpr int depth = 100000;
   plist document(FolderItem("/nowhere/at/all"));

@@ -1,11 +1,11 @@
-// What the tests of property lists share: lines that become a tree, and a tree as text, to compare with.
+// Reads lines into a tree, and shows a tree as text, for tests of property lists.
 #pragma once
 
 #include "plist/plist_dict.h"
 
 namespace sumlet {
 
-// Reads the lines behind the opening <dict> into `node`, the root of `document` or of none.
+// Reads the lines after the opening <dict> into `node`, the root of `document` if there is one.
 inline void ReadLines(plistDict& node, std::string_view lines, plist* document = nullptr) {
   TextInputStream stream{String(lines)};
   node.Load(&stream, "root", false, nullptr, document, true);
@@ -18,8 +18,7 @@ inline String Written(const plistDict& node) {
 }
 
 // "a:string=x, b:dict{c:integer=1}, d:array[0:data=AA==]" in the order of the keys. A key without a value has no "=",
-// one without a type nothing between ":" and "="; a container of a key that several children stand under shows them
-// all.
+// a key without a type nothing between ":" and "=". Several children of one key are all shown.
 inline String TreeText(const plistDict& node) {
   String text;
   const auto begin = [&text](const Variant& key) { text += (text.empty() ? "" : ", ") + VariantToString(key) + ":"; };

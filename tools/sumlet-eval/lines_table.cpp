@@ -9,7 +9,7 @@ namespace sumlet {
 namespace {
 
 // Leaves room for the number and for ten decimals on a terminal of 80 columns.
-constexpr std::size_t widestText = 60;
+constexpr std::size_t widestText = 60;  // columns
 
 struct ShownLine {
   String text;
@@ -23,7 +23,7 @@ ShownLine Shown(std::string_view line) {
   return {std::move(text), columns};
 }
 
-// Without the empty line behind a closing line ending.
+// Omits the empty line behind a line ending at the end of the text.
 std::vector<ShownLine> ShownLines(std::string_view equation) {
   std::vector<ShownLine> lines;
   LineReader reader(equation);

@@ -16,10 +16,10 @@ class LinesTable {
   // Sets the error of the line that failed, after the values.
   void AddError(Int32 line, std::string_view error);
 
-  // A row for each line of `equation`: its number from 1 on, the text, and its value if it has one. "!" marks the
-  // number of the line that failed. Values begin in the same column. One beside a text of more than 60 columns has a
-  // row of its own below. Tabs become four blanks, other control characters escape sequences. Each row ends with a line
-  // feed.
+  // Returns a row for each line of `equation`: its 1-based number, the text, and its value if it has one. "!" marks the
+  // number of the line that failed. All values begin in the same column. The value of a text wider than 60 columns is
+  // in a row of its own below it. Tabs become four blanks, other control characters escape sequences. Each row ends
+  // with a line feed.
   [[nodiscard]] String Rows(std::string_view equation) const;
 
  private:

@@ -1,7 +1,7 @@
 // sumlet-eval: evaluates equations on the command line and prints what the window's result area would show.
 //
-// Most texts are small, so most of the running time is the start of the process: this file keeps to the C library's
-// streams, which cost nothing before they are used, and reads each text in as few calls as it can.
+// Most texts are small, so most of the running time is the start of the process. This file uses the C library's
+// streams, which cost nothing until they are used, and reads each text in few calls.
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -22,7 +22,7 @@
 namespace sumlet {
 namespace {
 
-// Ordered by weight: the heaviest outcome of all texts is the exit status.
+// In the order of severity. The exit status is the most severe outcome of all texts.
 enum class Outcome { value = 0, error = 1, failure = 2 };
 
 constexpr char help[] =
@@ -43,8 +43,8 @@ constexpr char help[] =
     "\n"
     "Example: sumlet-eval -e x=2 -e 'x*21'\n";
 
-// Far more than anyone types, and small enough that an endless file such as /dev/zero ends in a message.
-constexpr std::size_t largestText = std::size_t{256} << 20;
+// More than anyone types, but small enough to refuse an endless file such as /dev/zero.
+constexpr std::size_t largestText = std::size_t{256} << 20;  // bytes
 
 #ifdef _WIN32
 constexpr char endOfInput[] = "Ctrl+Z and Return";
@@ -55,17 +55,17 @@ constexpr char endOfInput[] = "Ctrl+D on an empty line";
 constexpr Option options[] = {{"-e", true}, {"--lines"}};
 constexpr Program program{"sumlet-eval", SUMLET_VERSION, help, options};
 
-// Where a text comes from.
+// The source of a text.
 struct Source {
   const char* name;               // of a file; "-" is standard input
   const String* typed = nullptr;  // the text itself, if it comes from the command line
 };
 
-// The whole content of `file` in `text`, or the reason why it cannot be had.
+// Appends the content of `file` to `text`. Returns nullptr, or the reason why reading failed.
 [[nodiscard]] const char* ReadAll(std::FILE* file, String& text) {
-  std::array<char, 64 * 1024> buffer;  // not cleared: only what is read into is touched
+  std::array<char, 64 * 1024> buffer;  // not initialised, which would touch more memory than most texts need
   std::size_t length = buffer.size();
-  while (length == buffer.size()) {  // fewer bytes are the last ones; a terminal would ask for more after its end
+  while (length == buffer.size()) {  // fewer bytes are the last ones; reading on would make a terminal ask for more
     length = std::fread(buffer.data(), 1, buffer.size(), file);
     if (text.size() + length > largestText) return "The text is longer than 256 MiB";
     text.append(buffer.data(), length);
@@ -73,7 +73,7 @@ struct Source {
   return std::ferror(file) != 0 ? std::strerror(errno) : nullptr;
 }
 
-// Gives nothing when the text cannot be read, and writes the reason to the standard error.
+// Returns nothing if the text cannot be read, after writing the reason to the standard error.
 [[nodiscard]] std::optional<String> ReadText(const Source& source) {
   if (source.typed != nullptr) return DecodeText(*source.typed);
   const bool isStandardInput = std::string_view(source.name) == "-";
@@ -84,7 +84,7 @@ struct Source {
     problem = std::strerror(errno);
   } else {
     if (isStandardInput && IsTerminal(stdin)) std::fprintf(stderr, "Type an equation, then %s.\n", endOfInput);
-    std::setvbuf(file, nullptr, _IONBF, 0);  // the bytes go straight into the text
+    std::setvbuf(file, nullptr, _IONBF, 0);  // ReadAll has its own buffer
     problem = ReadAll(file, text);
     if (!isStandardInput) std::fclose(file);
   }
@@ -94,11 +94,11 @@ struct Source {
 }
 
 struct Layout {
-  bool isHeaded = false;  // by the name of the source
-  bool hasLines = false;  // a table of all lines in place of the result
+  bool isHeaded = false;  // print the name of the source in front
+  bool hasLines = false;  // print a table of all lines instead of the result
 };
 
-// Evaluates the equation of `math`. Gives what is printed for it, and whether that is an error in `isError`.
+// Evaluates the equation of `math`. Returns the text to print, and sets `isError`.
 [[nodiscard]] String Evaluate(MathClass& math, const char* name, const Layout& layout, bool& isError) {
   LinesTable table;
   if (layout.hasLines)
