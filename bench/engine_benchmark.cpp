@@ -2,8 +2,10 @@
 // parenthesis. It must be the same for all lengths.
 #include <benchmark/benchmark.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "engine/math_class.h"
 

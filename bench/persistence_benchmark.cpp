@@ -4,13 +4,16 @@
 #include <malloc.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <new>
+#include <string>
 #include <vector>
 
 #include "framework/text/bytes.h"
 #include "framework/text/numbers.h"
+#include "framework/text/text.h"
 #include "persistence/key_list.h"
 #include "persistence/my_window_manager.h"
 #include "persistence/preferences.h"

@@ -10,11 +10,14 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <string>
 #include <vector>
 
 #include "equationwindow/win_sumlet.h"
+#include "framework/text/text.h"
 #include "persistence/preferences.h"
 #include "shell/menus.h"
 

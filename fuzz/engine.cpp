@@ -1,6 +1,9 @@
 // Evaluates any text, and checks what the header of MathClass promises about the results.
+#include <string_view>
+
 #include "check.h"
 #include "engine/math_class.h"
+#include "framework/text/text.h"
 #include "plain_rewriting.h"
 
 namespace sumlet {

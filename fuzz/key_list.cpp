@@ -2,8 +2,13 @@
 //
 // The last bytes of the input choose how to read and divide the list. The bytes in front of them are the list.
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
 
 #include "check.h"
+#include "framework/text/numbers.h"
+#include "framework/text/text.h"
 #include "persistence/stored_bytes.h"
 
 namespace sumlet {

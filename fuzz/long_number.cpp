@@ -3,12 +3,16 @@
 // The bytes of the input choose the number and the text around it.
 #include "engine/long_number.h"
 
+#include <cstddef>
+#include <cstdio>
 #include <iterator>
+#include <string_view>
 #include <utility>
 
 #include "check.h"
 #include "engine/math_class.h"
 #include "framework/text/numbers.h"
+#include "framework/text/text.h"
 #include "random_equations.h"
 
 namespace sumlet {

@@ -1,4 +1,6 @@
 // The entry point that libFuzzer calls.
+#include <cstddef>
+
 #include "check.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {

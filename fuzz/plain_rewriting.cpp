@@ -5,7 +5,9 @@
 
 #include "engine/language.h"
 #include "engine/math_class.h"
+#include "framework/text/array.h"
 #include "framework/text/numbers.h"
+#include "framework/text/text.h"
 
 namespace sumlet {
 

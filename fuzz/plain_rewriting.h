@@ -10,6 +10,8 @@
 #include <string_view>
 
 #include "engine/math_class.h"
+#include "framework/text/array.h"
+#include "framework/text/text.h"
 
 namespace sumlet {
 

@@ -3,10 +3,15 @@
 //
 // The first byte of the input chooses how to restructure the tree; the rest are the lines.
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <string_view>
+#include <vector>
 
 #include "check.h"
 #include "framework/fault.h"
 #include "framework/text/numbers.h"
+#include "framework/text/text.h"
 #include "plist/plist.h"
 #include "plist/tree_text.h"
 

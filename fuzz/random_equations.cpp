@@ -1,5 +1,6 @@
 #include "random_equations.h"
 
+#include <algorithm>
 #include <iterator>
 #include <map>
 #include <vector>

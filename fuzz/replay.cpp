@@ -4,6 +4,7 @@
 //
 // With --damage also on each file cut at every length and with each byte changed, with --random on each file followed
 // by random bytes. Ends after ten failures.
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>

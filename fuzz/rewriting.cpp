@@ -1,6 +1,12 @@
 // Compares the engine with the plain evaluator on short texts. The plain evaluator is too slow for long texts, which
 // engine.cpp checks.
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <string_view>
+
 #include "check.h"
+#include "framework/text/text.h"
 #include "plain_rewriting.h"
 #include "random_equations.h"
 

@@ -3,10 +3,16 @@
 //
 // The windows are the fields of an equation window's record. Uses real files, because the program reads nothing else.
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
+#include <optional>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "check.h"
+#include "framework/text/numbers.h"
+#include "framework/text/text.h"
 #include "persistence/recovery.h"
 #include "persistence/stored_bytes.h"
 #include "temporary_folder.h"

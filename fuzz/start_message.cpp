@@ -1,8 +1,12 @@
 // The hand-over message: accepts only messages that a start writes, whatever bytes a peer sends, in any pieces. The
 // token and the files arrive unchanged.
 #include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <string_view>
 
 #include "check.h"
+#include "framework/text/text.h"
 #include "shell/start_message.h"
 
 namespace sumlet {

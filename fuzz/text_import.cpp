@@ -1,6 +1,11 @@
 // The steps of an import: decodes any bytes as UTF-8 text, trims it and splits it into lines.
+#include <cstddef>
+#include <string_view>
+
 #include "check.h"
+#include "framework/text/array.h"
 #include "framework/text/encoding.h"
+#include "framework/text/text.h"
 #include "framework/text/utf8.h"
 
 namespace sumlet {

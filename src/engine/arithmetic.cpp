@@ -4,8 +4,10 @@
 // some numbers, and users rely on them.
 #include "engine/arithmetic.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <numeric>
+#include <string_view>
 
 #include "engine/language.h"
 #include "engine/math_class.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/text/numbers.h"
+#include "framework/text/text.h"
 
 namespace sumlet {
 

@@ -1,10 +1,14 @@
 // Finds the next operator and its operands, and puts its value in their place.
 
 #include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
 
 #include "engine/language.h"
 #include "engine/math_class.h"
 #include "engine/rewrite_buffer.h"
+#include "framework/text/text.h"
 
 namespace sumlet {
 namespace {

@@ -2,10 +2,15 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <utility>
 
 #include "engine/language.h"
 #include "engine/math_class.h"
 #include "engine/rewrite_buffer.h"
+#include "framework/text/text.h"
 #include "framework/text/utf8.h"
 
 namespace sumlet {

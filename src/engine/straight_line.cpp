@@ -1,10 +1,12 @@
 #include "engine/straight_line.h"
 
 #include <cmath>
+#include <cstddef>
 
 #include "engine/arithmetic.h"
 #include "engine/language.h"
 #include "framework/text/numbers.h"
+#include "framework/text/utf8.h"
 
 namespace sumlet {
 namespace {

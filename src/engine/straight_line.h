@@ -43,6 +43,7 @@
 #include <vector>
 
 #include "engine/variable_index.h"
+#include "framework/text/text.h"
 
 namespace sumlet {
 

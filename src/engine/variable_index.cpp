@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "engine/language.h"
+#include "framework/text/utf8.h"
 
 namespace sumlet {
 namespace {

@@ -5,6 +5,9 @@
 // before it continues behind it. A name inside its own value is an error, because replacing it would never end.
 
 #include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -12,6 +15,7 @@
 #include "engine/long_number.h"
 #include "engine/math_class.h"
 #include "framework/text/numbers.h"
+#include "framework/text/text.h"
 #include "framework/text/utf8.h"
 
 namespace sumlet {

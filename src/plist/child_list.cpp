@@ -3,7 +3,10 @@
 #include "plist/child_list.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
+#include <string_view>
+#include <utility>
 
 #include "framework/fault.h"
 #include "framework/text/utf8.h"

@@ -1,8 +1,10 @@
 // ChildList: the child nodes of a plistDict, each with its key.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 

@@ -2,6 +2,7 @@
 #include "plist/plist.h"
 
 #include <chrono>
+#include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>

@@ -7,9 +7,11 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 #include "framework/file/folder_item.h"
 #include "framework/text/array.h"
+#include "framework/text/text.h"
 #include "plist/plist_dict.h"
 
 namespace sumlet {

@@ -1,6 +1,8 @@
 // The node tree: children, keys, the cursor, paths, and error reporting.
 #include "plist/plist_dict.h"
 
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "framework/desktop.h"

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "framework/file/text_streams.h"
+#include "framework/text/array.h"
 #include "framework/text/date.h"
 #include "framework/text/text.h"
 #include "framework/text/variant.h"

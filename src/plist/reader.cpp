@@ -7,11 +7,17 @@
 //
 // Containers nest as deep as the file does. The reader keeps the levels on a stack of its own, because files of a few
 // megabytes would exhaust the call stack.
+#include <cstddef>
 #include <deque>
+#include <memory>
+#include <string_view>
+#include <utility>
 
 #include "framework/fault.h"
+#include "framework/text/array.h"
 #include "framework/text/numbers.h"
 #include "framework/text/search.h"
+#include "framework/text/text.h"
 #include "plist/plist_dict.h"
 
 namespace sumlet {

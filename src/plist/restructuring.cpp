@@ -1,8 +1,10 @@
 // Removes, moves, copies and renames keys.
+#include <string_view>
 #include <vector>
 
 #include "framework/fault.h"
 #include "framework/text/numbers.h"
+#include "framework/text/text.h"
 #include "plist/plist.h"
 
 namespace sumlet {

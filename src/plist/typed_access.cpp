@@ -3,8 +3,11 @@
 // value of any plain type.
 #include <algorithm>
 #include <memory>
+#include <string_view>
 
+#include "framework/text/array.h"
 #include "framework/text/numbers.h"
+#include "framework/text/text.h"
 #include "plist/plist_dict.h"
 
 namespace sumlet {

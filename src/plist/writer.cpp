@@ -4,10 +4,14 @@
 // text of a node when the node is finished, after that of its children. The walk keeps its levels on a stack of its
 // own, because a deep tree would exhaust the call stack.
 #include <algorithm>
+#include <cstddef>
 #include <deque>
+#include <string_view>
+#include <vector>
 
 #include "framework/desktop.h"
 #include "framework/file/text_streams.h"
+#include "framework/text/text.h"
 #include "plist/plist_dict.h"
 
 namespace sumlet {

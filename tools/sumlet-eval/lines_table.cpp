@@ -1,7 +1,9 @@
 #include "lines_table.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
+#include <utility>
 
 #include "framework/terminal.h"
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstddef>
 #include <cstdio>
 #include <cstring>
 #include <new>
@@ -17,6 +18,7 @@
 #include "framework/command_line.h"
 #include "framework/terminal.h"
 #include "framework/text/encoding.h"
+#include "framework/text/text.h"
 #include "lines_table.h"
 
 namespace sumlet {

@@ -7,8 +7,10 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QVariant>
+#include <string_view>
 
 #include "framework/text/numbers.h"
+#include "framework/text/text.h"
 #include "framework/ui/listbox.h"
 #include "framework/ui/qt_text.h"
 #include "framework/ui/text_area.h"
