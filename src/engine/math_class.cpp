@@ -1,10 +1,10 @@
-// Evaluates the lines of an equation, and one text: checks it, assigns, and rewrites parentheses, bars and operators in
-// turn.
+// The evaluation of an equation: splits it into lines, and checks, assigns or rewrites each of them.
 //
 // Rewriting replaces the innermost parenthesis that closes first, then the first pair of bars, then the leftmost of the
 // operators that bind tightest. No step brings back what an earlier kind of step has removed, so each kind is one walk
-// over a RewriteBuffer from left to right. Reduce calls itself for the text inside a parenthesis or bars. That text
-// contains no parenthesis, and inside bars no bar either, so these calls never nest more than three deep.
+// over a RewriteBuffer from left to right. Reduce calls itself for the right side of an assignment, for the
+// text inside a parenthesis, which contains no parenthesis, and for the text inside bars, which contains no bar either.
+// So these calls nest at most four deep.
 
 #include "engine/math_class.h"
 
@@ -24,7 +24,7 @@ struct SignCounts {
   std::size_t opening = 0;
   std::size_t closing = 0;
   std::size_t bars = 0;
-  bool hasWords = false;  // without any the text cannot contain "Error"
+  bool hasWords = false;  // false: no letters, so no "Error"
 };
 
 SignCounts CountSigns(std::string_view text) {
@@ -48,8 +48,8 @@ std::string_view FirstWord(std::string_view text) {
   return {begin, end};
 }
 
-// The value of a text that is one number without blanks inside, with any minus signs and blanks around it: pairs of
-// signs cancel. A fast path, because a long number can be inside many parentheses and bars.
+// The value of a text that is one number, with minus signs and blanks in front, and blanks behind. Pairs of signs
+// cancel. A fast path, because a long number can be inside many parentheses and bars.
 std::optional<String> LoneNumber(std::string_view text) {
   bool isNegative = false;
   for (; !text.empty() && (text.front() == '-' || text.front() == ' '); text.remove_prefix(1)) {
@@ -71,26 +71,26 @@ String MathClass::Evaluate() {
   ResultDetails.clear();
   DefineBuiltIns();
 
-  String running;
+  String lastValue;
   Int32 index = 0;
   LineReader lines(equationText);
   for (std::string_view line; lines.Next(line); ++index) {
     LastLineEvaluated = index;
     line = Trimmed(line);
     if (line.empty() || IsComment(line)) continue;
-    if (!EvaluateStraight(line, running)) {
+    if (!EvaluateStraight(line, lastValue)) {
       ReduceLevel = 0;
-      running = Reduce(line);
-      if (ResultIsError(running)) break;
+      lastValue = Reduce(line);
+      if (ResultIsError(lastValue)) break;
     }
-    if (LineObserver) LineObserver(index, running);
+    if (LineObserver) LineObserver(index, lastValue);
   }
-  Result = running;
+  Result = lastValue;
   return Result;
 }
 
 // Evaluates an expression or assignment by the fast path of straight_line.h. Returns false and changes nothing when the
-// line must be rewritten. Only the name to be assigned can contain the word "Error".
+// line must be rewritten. Looks for "Error" in the assigned name only: the fast path accepts no expression with it.
 bool MathClass::EvaluateStraight(std::string_view line, String& value) {
   const std::size_t equalsSign = line.find('=');
   const bool isAssignment = equalsSign != std::string_view::npos;
@@ -121,8 +121,8 @@ bool MathClass::EvaluateStraight(std::string_view line, String& value) {
 
 bool MathClass::ResultIsError() const { return ResultIsError(Result); }
 
-// Called after every step, so it is fast for texts without the word: every fifth character would be one of its letters
-// wherever it begins.
+// Called after every step, so it is fast for texts without the word. The word has five letters, so a text that contains
+// it has one of them at index 4, 9, 14 or so on. Only then the slow search runs.
 bool MathClass::ResultIsError(std::string_view text) const {
   constexpr std::string_view word = "Error";
   for (std::size_t i = word.size() - 1; i < text.size(); i += word.size()) {

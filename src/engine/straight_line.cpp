@@ -11,8 +11,7 @@
 namespace sumlet {
 namespace {
 
-// The level of an opening parenthesis, lower than those of all operators. The smaller the set's number, the tighter a
-// sign binds.
+// The level of an opening parenthesis, which binds looser than every operator, so its number is larger.
 constexpr CharacterSet group = sumSign << 1;
 static_assert(powerSign < productSign && productSign < sumSign && sumSign < group);
 

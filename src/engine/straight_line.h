@@ -24,17 +24,17 @@
 //      signs. In these expressions an operator, a parenthesis or a comma separates operands and so ends that search,
 //      and a text with a value inserted is again such an expression.
 //   3. A "-" in front of an operand is a part of it, in rewriting as in the walk, so it binds tighter than a power. In
-//      front of a negative value there are then two signs. At the beginning of a text they cancel, but elsewhere a
-//      power would use only the second one. So the walk accepts "-" in front of a negative value only where the operand
-//      begins the expression, a parenthesis or an argument.
+//      front of a negative value there are then two signs. At the beginning of a text they cancel. Elsewhere a power
+//      uses only the second one: for x = -3, `2*-x^2` becomes `2*--3^2` and then `2*-9`. So the walk accepts "-" in
+//      front of a negative value only where the operand begins the expression, a parenthesis or an argument.
 //   4. A function's value loses its sign, because rewriting writes its magnitude.
 //
-// Why the other results are the same
+// Why the result text and ResultDetails are the same
 //
 //   5. The text of a computed value is ValueText of its double. A value that was not computed keeps its text from the
 //      line or from its variable. "-0" would be another text: a computed negative zero is declined.
-//   6. Rewriting tries names in front of each parenthesis, the longest first. The last one that is no function stays in
-//      ResultDetails: see NameTriedLast.
+//   6. Rewriting tries names in front of each parenthesis, the longest first. It stores the last one
+//      that is no function in ResultDetails: see NameTriedLast.
 #pragma once
 
 #include <cstdint>
@@ -63,20 +63,20 @@ class StraightLine {
   // The value, or nothing if the walk declines the expression.
   [[nodiscard]] std::optional<Value> Evaluate(std::string_view expression);
 
-  // After an evaluation that returned a value: what its last parenthesis leaves in ResultDetails. Nothing if
-  // ResultDetails does not change.
+  // Returns what rewriting would store in ResultDetails for the last parenthesis, or nothing if it stores nothing. Call
+  // it only after Evaluate has returned a value, while the text given to Evaluate still exists.
   [[nodiscard]] std::optional<String> NameTriedLast() const;
 
  private:
   // An operator with its left operand, or an opening parenthesis.
   struct Waiting {
-    std::uint16_t level;     // of precedence: a CharacterSet of language.h, lower where it binds tighter
-    char sign = '\0';        // of an operator
+    std::uint16_t level;     // precedence, as a CharacterSet of language.h: a smaller number binds tighter
+    char sign = '\0';        // the operator
     bool isNegated = false;  // the parenthesis has a "-" in front
     bool isFirst = false;    // the parenthesis, or the "-" in front of it, begins its text
     bool hasFirstArgument = false;
     double left = 0;                     // operand of an operator, first argument of a call
-    const Function* function = nullptr;  // in front of the parenthesis
+    const Function* function = nullptr;  // the called function; null for a plain parenthesis
     const char* begin = nullptr;         // of the function's name, or of the parenthesis
   };
   class Walk;
@@ -84,7 +84,7 @@ class StraightLine {
   const VariableIndex& variables_;
   std::vector<Waiting> waiting_;  // a member only to reuse its memory
   std::string_view expression_;   // of the last evaluation
-  std::string_view tried_;        // the function name, possibly empty, in front of the last parenthesis that left one
+  std::string_view tried_;        // the name, possibly empty, that NameTriedLast is about
 };
 
 }  // namespace sumlet

@@ -1,7 +1,7 @@
 // plist: a property list, read from a file into a tree of plistDict nodes, and written back.
 //
-// Reads the layout that the macOS tools write: one pair of tags a line, indented with tabs. A tool of the system
-// converts binary files. Operations report failures in `error` and `errorMessage`.
+// Reads the layout that the macOS tools write: one pair of tags a line, indented with tabs. `plutil` or
+// `plistutil` converts binary files. Operations report failures in `error` and `errorMessage`.
 #pragma once
 
 #include <functional>
@@ -53,18 +53,18 @@ class plist {
 
   // Writes the document to savePath. Converts a binary document back, where a tool for it exists, and copies it over
   // the file that it was read from. If savePath cannot be written, it stays unchanged and the error is "Could not open
-  // file for saving"; the original of a binary document is deleted nevertheless. The same error, without touching any
-  // file, for a document whose file could not be read at all.
+  // file for saving"; the original of a binary document is then replaced by the unchanged copy. If Load could not read
+  // the file, Save touches no file and reports the same error.
   void Save(bool cleanup = false);
-  // The same, and hides the file. Ignores `file`.
+  // The same, and hides the file. Ignores `file`, which is in the interface of documents only.
   void SaveAsInvisible(const FolderItem& file, bool cleanup = false);
 
   // Puts the text of the document on the clipboard, for debugging.
   void Dump() const;
 
   // Searches the values of all plain keys, ignoring case, and sets the found fields to the first key whose value
-  // contains `text`. FindNext continues after it; with another text than Find's, each call starts at the top. Both
-  // throw a Fault, as ClearSearch does, in a tree where an array of containers has lost an element, because its
+  // contains `text`. FindNext continues after it; with another text than Find's, it returns the first match each time.
+  // Find, FindNext and ClearSearch throw a Fault after an element of an array of containers was removed, because its
   // children no longer match their keys.
   bool Find(std::string_view text);
   bool FindNext(std::string_view text);
