@@ -112,7 +112,7 @@ std::vector<Window> openWindows;
 
 String ManyWindows(std::int64_t count) {
   openWindows.assign(static_cast<std::size_t>(count), Window());
-  MyWindowManager::SetWindowList([] {
+  const auto windows = MyWindowManager::WindowList.Set([] {
     std::vector<const MyWindowManager::StoredWindow*> list;
     list.reserve(openWindows.size());
     for (const Window& window : openWindows) list.push_back(&window);

@@ -215,7 +215,7 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   const auto menus = sumlet::AttachMenus.Set([](sumlet::Window& window) { sumlet::MenuBar1().AttachTo(window); });
-  sumlet::MyWindowManager::SetWindowList(sumlet::StoredWindows);
+  const auto windows = sumlet::MyWindowManager::WindowList.Set(sumlet::StoredWindows);
   sumlet::MyWindowManager::RegisterSection();
   sumlet::MyWindowManager::RegisterRestorer({"equation", sumlet::winSumlet::RestoreFrom});
   benchmark::Initialize(&argc, argv);

@@ -45,7 +45,7 @@ std::filesystem::path PreparedFile() {
   setenv("XDG_DATA_HOME", folder.Path().c_str(), 1);
   setenv("XDG_CONFIG_HOME", folder.Path().c_str(), 1);
   RegisterStores();
-  MyWindowManager::SetWindowList(StoredWindows);
+  static const HookGuard list = MyWindowManager::WindowList.Set(StoredWindows);
   MyWindowManager::RegisterRestorer({"template", ListChooser});
   MyWindowManager::RegisterRestorer({"equation", ListFields});
   return Preferences::GetPrefFile(true).value().Path();

@@ -71,7 +71,7 @@ void winSumlet::Event_Resized() { ArrangeControls(); }
 void winSumlet::textInput_TextChange(TextArea& /*sender*/) {
   if (Loading) return;
   tmrCalculate_.SetMode(TimerMode::Single);
-  if (Preferences::RememberEquations) ScheduleSave();
+  ScheduleSave();
 }
 
 void winSumlet::tmrCalculate_Action(Timer& /*sender*/) { Calculate(); }

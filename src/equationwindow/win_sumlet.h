@@ -33,8 +33,7 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   bool Loading = false;
   std::unique_ptr<MathClass> math;
 
-  // Saves the session some time later. Called after each change of the text that the user makes, while equations are to
-  // be remembered.
+  // Saves the session some time later. Called after each change of the text that the user makes.
   static Hook<void()> ScheduleSave;
 
   // Makes the text of all equations larger by `steps` sizes, or smaller if negative. Called when the user turns the

@@ -11,11 +11,6 @@
 namespace sumlet::MyWindowManager {
 namespace {
 
-WindowList& Windows() {
-  static WindowList windows;
-  return windows;
-}
-
 std::vector<Restorer>& Restorers() {
   static std::vector<Restorer> restorers;
   return restorers;
@@ -30,7 +25,7 @@ void RestoreWindow(const Record& record) {
 
 }  // namespace
 
-void SetWindowList(WindowList list) { Windows() = std::move(list); }
+Hook<std::vector<const StoredWindow*>()> WindowList;
 
 void RegisterRestorer(Restorer restorer) { RegisterByKey(Restorers(), std::move(restorer)); }
 
@@ -45,7 +40,7 @@ String Store() {
   if (!Preferences::RememberEquations) return {};
   KeyList outer = NewStoredList();
   Int32 index = 0;
-  for (const StoredWindow* window : Windows()()) {
+  for (const StoredWindow* window : WindowList()) {
     KeyList record = NewStoredList();
     if (window != nullptr) window->StoreRecord(record);
     outer.AddItem(Str(index++), StringToVariant(record.GetData()));

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "framework/hook.h"
 #include "framework/text/text.h"
 #include "persistence/key_list.h"
 #include "persistence/record.h"
@@ -24,8 +25,8 @@ class StoredWindow {
 };
 
 // Returns all open windows from front to back, including hidden ones; nullptr for a window without a state to store.
-using WindowList = std::function<std::vector<const StoredWindow*>()>;
-void SetWindowList(WindowList list);
+// Without a handler, returns none.
+extern Hook<std::vector<const StoredWindow*>()> WindowList;
 
 using sumlet::Record;
 

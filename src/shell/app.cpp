@@ -1,12 +1,8 @@
 #include "shell/app.h"
 
 #include <QApplication>
-#include <QInputMethod>
-#include <QPlainTextEdit>
 #include <QPointer>
 #include <QScopeGuard>
-#include <QTextBlock>
-#include <QTextLayout>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -14,6 +10,7 @@
 #include "equationwindow/closed_equations.h"
 #include "equationwindow/win_sumlet.h"
 #include "framework/desktop.h"
+#include "framework/ui/edit_items.h"
 #include "framework/ui/qt_text.h"
 #include "framework/ui/window.h"
 #include "persistence/my_window_manager.h"
@@ -39,24 +36,6 @@ std::vector<QPointer<Window>> OpenWindows() {
   std::vector<QPointer<Window>> windows;
   for (Int32 i = 0; i < WindowCount(); ++i) windows.emplace_back(&WindowAt(i));
   return windows;
-}
-
-QString ComposedText(const QPlainTextEdit* area) {
-  const QTextLayout* line = area != nullptr ? area->textCursor().block().layout() : nullptr;
-  return line != nullptr ? line->preeditAreaText() : QString();
-}
-
-// The toolkit is not asked where nothing is composed: its Wayland plug-in crashes when there is no input device. An
-// input method that has lost its connection leaves its text uncommitted.
-void CommitComposition() {
-  const QPointer<QPlainTextEdit> area = qobject_cast<QPlainTextEdit*>(QGuiApplication::focusObject());
-  if (ComposedText(area).isEmpty()) return;
-  QGuiApplication::inputMethod()->commit();
-  const QString left = ComposedText(area);
-  if (left.isEmpty()) return;
-  QInputMethodEvent event;
-  event.setCommitString(left);
-  QCoreApplication::sendEvent(area, &event);
 }
 
 std::vector<const MyWindowManager::StoredWindow*> StoredWindows() {
@@ -100,7 +79,7 @@ SaveTimer::SaveTimer() {
 
 void SaveTimer::Event_Action() { Preferences::Save(); }
 
-App::App() {
+App::App() : windowList_(MyWindowManager::WindowList.Set(StoredWindows)) {
   tmrRecovery_.SetPeriod(recoveryDelay);
   tmrRecoveryLatest_.SetPeriod(longestRecoveryDelay);
   tmrRecovery_.Action = tmrRecoveryLatest_.Action = [this](Timer&) { WriteRecovery(); };
@@ -110,7 +89,6 @@ App::App() {
 void App::ConnectSettings() {
   TemplatesManager::RegisterSection();
   MyWindowManager::RegisterSection();
-  MyWindowManager::SetWindowList(StoredWindows);
   MyWindowManager::RegisterRestorer(
       {"template", [](const MyWindowManager::Record&) { winTemplates::Instance().Show(); }});
   MyWindowManager::RegisterRestorer({"equation", winSumlet::RestoreFrom});

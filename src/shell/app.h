@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "framework/file/folder_item.h"
+#include "framework/hook.h"
 #include "framework/ui/timer.h"
 #include "shell/review.h"
 #include "templates/win_templates.h"
@@ -100,6 +101,7 @@ class App {
 
   Timer tmrRecovery_;        // since the last change
   Timer tmrRecoveryLatest_;  // since the first change that is not in the recovery file
+  HookGuard windowList_;
   bool loaded_ = false;
   bool quitting_ = false;
 };

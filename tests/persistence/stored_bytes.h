@@ -94,7 +94,6 @@ inline void RestoreChooser(const MyWindowManager::Record& /*record*/) {
 inline void RegisterStores() {
   TemplatesManager::RegisterSection();
   MyWindowManager::RegisterSection();
-  MyWindowManager::SetWindowList([] { return std::vector<const MyWindowManager::StoredWindow*>(); });
   MyWindowManager::RegisterRestorer({"template", RestoreChooser});
   MyWindowManager::RegisterRestorer({"equation", RestoreEquation});
 }

@@ -98,7 +98,7 @@ TEST(Session, RestoresTheFrontWindowLast) {
   Preferences::RememberEquations = true;
   const FakeWindow front(Items{{"equation", "1%0A"}});
   const FakeWindow chooser(Items{{"template", "True"}});
-  MyWindowManager::SetWindowList([&] {
+  const HookGuard windows = MyWindowManager::WindowList.Set([&] {
     return std::vector<const MyWindowManager::StoredWindow*>{&front, nullptr, &chooser};
   });
   const String stored = MyWindowManager::Store();

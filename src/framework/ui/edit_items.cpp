@@ -2,12 +2,17 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QGuiApplication>
+#include <QInputMethod>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QPointer>
+#include <QTextBlock>
 #include <QTextDocument>
+#include <QTextLayout>
 
 namespace sumlet {
 namespace {
@@ -75,6 +80,11 @@ void EditField(QLineEdit& field, EditCommand command) {
   }
 }
 
+QString ComposedText(const QPlainTextEdit* area) {
+  const QTextLayout* line = area != nullptr ? area->textCursor().block().layout() : nullptr;
+  return line != nullptr ? line->preeditAreaText() : QString();
+}
+
 }  // namespace
 
 bool CanEdit(QWidget* control, EditCommand command) {
@@ -132,6 +142,19 @@ void ShowEditMenu(QWidget& control, const QPoint& place) {
                      [&control, command = item.command] { Edit(&control, command); });
   }
   menu->popup(place);
+}
+
+// Does not call the toolkit while nothing is composed: its Wayland plug-in crashes without an input device. An input
+// method that has lost its connection does not commit its text, so this function commits the rest.
+void CommitComposition() {
+  const QPointer<QPlainTextEdit> area = qobject_cast<QPlainTextEdit*>(QGuiApplication::focusObject());
+  if (ComposedText(area).isEmpty()) return;
+  QGuiApplication::inputMethod()->commit();
+  const QString left = ComposedText(area);
+  if (left.isEmpty()) return;
+  QInputMethodEvent event;
+  event.setCommitString(left);
+  QCoreApplication::sendEvent(area, &event);
 }
 
 }  // namespace sumlet

@@ -17,4 +17,7 @@ void Edit(QWidget* control, EditCommand command);
 // it has in the Edit menu.
 void ShowEditMenu(QWidget& control, const QPoint& place);
 
+// Commits the text that an input method is composing in the text area with the focus.
+void CommitComposition();
+
 }  // namespace sumlet
