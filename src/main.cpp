@@ -1,4 +1,4 @@
-// The window program: wires the parts together and runs them.
+// The window program: connects the parts and runs them.
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -40,17 +40,16 @@ constexpr char help[] =
     "Exit status: 0, also when the files were handed over; 1 without a display, when it\n"
     "is lost, or when a running Sumlet does not answer; 2 when an option is wrong.\n";
 
-// A session manager starts a program again with "-session" and a name for it, and waits until the program registers
-// under that name.
+// A session manager restarts a program with "-session" and a name, and waits until it registers under that name.
 constexpr Option options[] = {{"-session", true}};
 constexpr Program program{"sumlet", SUMLET_VERSION, help, options};
 
-// nullptr without a session to come back from.
+// Returns nullptr if no session manager restarted the program.
 const char* SessionOf(const CommandLine& line) { return line.options.empty() ? nullptr : line.options.back().value; }
 
 std::vector<FolderItem> ItemsOf(const std::vector<String>& paths) { return {paths.begin(), paths.end()}; }
 
-// Names the program to the desktop, and connects the lower layers with it.
+// Gives the desktop the program's name and icon, and registers the sections of the settings.
 void SetUp() {
   Application::setApplicationName(QStringLiteral("Sumlet"));
   Application::setDesktopFileName(QStringLiteral("com.fernhill.sumlet"));
@@ -59,7 +58,7 @@ void SetUp() {
   App::ConnectSettings();
 }
 
-// The message goes to the standard error output as well, because there may be no display.
+// Also writes the message to the standard error, because there may be no display.
 int EndUnanswered() {
   constexpr char message[] = "Sumlet is already running, but it does not answer.";
   constexpr int status = EXIT_FAILURE;

@@ -1,4 +1,4 @@
-// Keeps to the C library's streams, which cost nothing before they are used: most runs are over in a millisecond.
+// Uses the C library's streams, which cost nothing before they are used: most runs take a millisecond.
 #include "framework/command_line.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int failure = 2;
 
-// The option that `argument` names, with its value attached or not; nullptr for none.
+// The option that `argument` names, with or without an attached value; nullptr for none.
 const Option* FindOption(const Program& program, std::string_view argument) {
   const auto matches = [&](const Option& option) {
     return argument == option.name || (option.hasValue && option.name.size() == 2 && argument.starts_with(option.name));

@@ -28,21 +28,21 @@ struct GivenOption {
 struct CommandLine {
   std::vector<const char*> names;      // pointers into the arguments
   std::vector<GivenOption> options;    // in the order of the arguments
-  std::optional<int> exitStatus = {};  // set when the process has nothing more to do
+  std::optional<int> exitStatus = {};  // set if the process must end
 };
 
-// Reads arguments[1] up to arguments[count - 1]. Answers --help and --version on the standard output, refuses unknown
-// options and those without their value with status 2, and takes "-" and everything behind "--" for names.
+// Reads arguments[1] up to arguments[count - 1]. Handles --help and --version, rejects unknown options and missing
+// values with status 2, and takes "-" and everything after "--" as names.
 [[nodiscard]] CommandLine ReadCommandLine(const Program& program, int count, char** arguments);
 
-// Writes to the standard output and flushes it, so that results and messages keep their order in a terminal. On failure
-// returns false and writes the reason to the standard error.
+// Writes to the standard output and flushes it, so that results and messages keep their order in a terminal. On
+// failure, returns false and writes the reason to the standard error.
 [[nodiscard]] bool Print(const Program& program, std::string_view text);
 
 // Writes "program: subject: reason" to the standard error, without control characters if that is a terminal.
 void Complain(const Program& program, const char* subject, const char* reason);
 
-// Writes "program: message" and a hint at --help to the standard error. Returns the exit status of wrong usage.
+// Writes "program: message" and a hint at --help to the standard error. Returns the exit status for wrong usage.
 [[nodiscard]] int RefuseUsage(const Program& program, std::string_view message);
 
 }  // namespace sumlet

@@ -53,7 +53,7 @@ void AppendWebItem(MenuBar& menuBar, const char* name, const char* text, String 
   });
 }
 
-// The items come with the end of the start, and a key may go down before.
+// AppendMenuItems adds these items at the end of the start. The user may press a key before that.
 void EnableAppended(MenuBar& menuBar) {
   if (!menuBar.HasItem("FileReopenClosed")) return;
   if (!ClosedEquations::IsEmpty()) menuBar.Enable("FileReopenClosed");
@@ -85,7 +85,7 @@ App::App() : windowList_(MyWindowManager::WindowList.Set(StoredWindows)) {
   tmrRecovery_.Action = tmrRecoveryLatest_.Action = [this](Timer&) { WriteRecovery(); };
 }
 
-// The order of the sections is that of the settings file.
+// The settings file stores the sections in this order.
 void App::ConnectSettings() {
   TemplatesManager::RegisterSection();
   MyWindowManager::RegisterSection();
@@ -94,7 +94,7 @@ void App::ConnectSettings() {
   MyWindowManager::RegisterRestorer({"equation", winSumlet::RestoreFrom});
 }
 
-// Loading shows an alert for each damaged part, and the user may quit, or start the program again, in front of it.
+// Loading shows an alert for each damaged part. While one is open, the user may quit or start the program again.
 void App::Event_Open() {
   {
     const auto loaded = qScopeGuard([this] { loaded_ = true; });
@@ -177,14 +177,14 @@ void App::ScheduleRecovery() {
   if (tmrRecoveryLatest_.Mode() == TimerMode::Off) tmrRecoveryLatest_.SetMode(TimerMode::Single);
 }
 
-// The windows of the start itself are in the settings file already. While the equations are not to be remembered, a
-// recovery file from before that must not keep them either.
+// The settings file already holds the windows of the start. While RememberEquations is off, an older recovery file must
+// not keep windows either.
 void App::WindowListChanged() {
   if (!tmrReview) return;
   if (Preferences::RememberEquations || Preferences::HasRecovery()) ScheduleRecovery();
 }
 
-// A disk that still works on the previous write gets the next one a second later.
+// If the disk is still busy with the previous write, tries again a second later.
 void App::WriteRecovery() {
   tmrRecovery_.SetMode(TimerMode::Off);
   tmrRecoveryLatest_.SetMode(TimerMode::Off);
@@ -195,7 +195,7 @@ void App::ShareOnFacebook() { ShowURL(WebAddresses::Share()); }
 
 void App::LaunchReview() { ShowURL(WebAddresses::Store()); }
 
-// Ending the event loop ends those of alerts too, which then go without an answer.
+// Ending the event loop also ends the nested loops of alerts, which then close without an answer.
 void App::Quit() {
   if (quitting_) return;
   if (Event_CancelClose()) return;

@@ -1,15 +1,15 @@
-// The icon of the program, for its windows, the status tray and the window about it.
+// The program's icon, for its windows, the status tray and the About window.
 #pragma once
 
 #include <QIcon>
 
 namespace sumlet {
 
-// The drawing in every size from 16 to 256 pixels. Needs the application object.
+// All sizes from 16 to 256 pixels. Requires the application object.
 [[nodiscard]] QIcon ApplicationIcon();
 
-// The sizes that title bars and lists of windows show, up to 64 pixels. Each window sends all of them to the display
-// twice when it is made, and with the large ones that would be most of what making a window takes.
+// The sizes up to 64 pixels, which title bars and task lists show. Each new window sends all sizes to the display
+// twice; with the large ones, that would take most of the time of opening a window.
 [[nodiscard]] QIcon WindowIcon();
 
 }  // namespace sumlet

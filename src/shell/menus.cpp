@@ -60,7 +60,7 @@ constexpr MenuItemDeclaration windowItems[] = {
 
 constexpr MenuItemDeclaration helpItems[] = {
     {"HelpSumletHelp", "Sumlet Help"},
-    {"HelpLanguage", "Language Reference"},  // not in a window: the desktop opens the file
+    {"HelpLanguage", "Language Reference"},  // the desktop opens the file
     {"AppleAbout", "About Sumlet"},
     {"UntitledSeparator5", "-"},
     {"ApplePreferences", "Preferences", "Ctrl+,"},
@@ -78,8 +78,8 @@ void Append(MenuBar& menuBar, const char* name, const char* text, const MenuItem
   for (const MenuItemDeclaration& item : items) menuBar.AddItem(menu, item);
 }
 
-// The control that Edit commands are about: the one with the focus, or the one that had it before the menu bar or a
-// menu took it for the keyboard.
+// The control that the Edit commands act on: the one with the focus, or the one that had it before a menu took the
+// keyboard.
 QPointer<QWidget> editTarget;
 
 void FollowFocus() {
@@ -89,7 +89,7 @@ void FollowFocus() {
   });
 }
 
-// Nothing while another window is in front, which may have no control of its own that takes the focus.
+// Returns nullptr while another window is in front, which may have no control that takes the focus.
 QWidget* Target() {
   const bool isInFront = editTarget && WindowCount() > 0 && editTarget->window() == &WindowAt(0);
   return isInFront ? editTarget.data() : nullptr;
@@ -107,20 +107,20 @@ void BindEditItems(MenuBar& menuBar) {
     for (const auto& [name, command] : editCommands) menuBar.Item(name).setEnabled(CanEdit(Target(), command));
     if (WindowCount() > 0) WindowAt(0).EnableMenuItems(menuBar);
   });
-  // Outside the menu they are always enabled: a text control answers their shortcuts itself.
+  // While the menu is closed, the items stay enabled: text controls handle their shortcuts themselves.
   QObject::connect(&menuBar.Menu("EditMenu"), &QMenu::aboutToHide, &menuBar, [&menuBar] {
     for (const auto& [name, command] : editCommands) menuBar.Enable(name);
   });
 }
 
-// Where the platform has a menu of the application itself, these items belong there.
+// Some platforms move these items to the application's own menu.
 void SetMenuRoles(const MenuBar& menuBar) {
   menuBar.Item("FileQuit").setMenuRole(QAction::QuitRole);
   menuBar.Item("AppleAbout").setMenuRole(QAction::AboutRole);
   menuBar.Item("ApplePreferences").setMenuRole(QAction::PreferencesRole);
 }
 
-constexpr Int32 longestLine = 33;  // characters of a first line that still stand whole
+constexpr Int32 longestLine = 33;  // characters; a longer first line is cut to cutLine
 constexpr Int32 cutLine = 30;
 
 // One entry for each window in winRefList, in the same order.
@@ -179,7 +179,7 @@ bool AreSeveralEquationsOpen() {
   return count > 1;
 }
 
-// An "&" in the text is no mnemonic.
+// Doubles each "&", which would otherwise mark a mnemonic.
 QString EntryText(const winSumlet& window, bool showFirstLine) {
   String text = FromQString(window.windowTitle());
   String firstLine = showFirstLine ? window.GetFirstLine() : String();
@@ -194,7 +194,7 @@ MenuBar& MenuBar1() {
   static MenuBar* menuBar = nullptr;
   if (menuBar) return *menuBar;
   menuBar = new MenuBar;
-  // Menus are widgets: a menu that is open at the end must not outlive the toolkit, as a child of qApp would.
+  // Menus are widgets: one that is open at the end must not outlive the toolkit, as a child of qApp would.
   qAddPostRoutine([] { delete std::exchange(menuBar, nullptr); });
   Append(*menuBar, "FileMenu", "&File", fileItems);
   Append(*menuBar, "EditMenu", "&Edit", editItems);

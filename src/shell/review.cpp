@@ -7,7 +7,7 @@
 
 namespace sumlet {
 namespace {
-constexpr Int32 quietRuns = 3;  // a run that knows of more saved runs than these asks, so the fifth is the first
+constexpr Int32 quietRuns = 3;  // asks when more runs than these were saved: from the fifth on
 }
 
 ReviewTimer::ReviewTimer(std::function<void()> share) : share_(std::move(share)) {

@@ -1,4 +1,4 @@
-// ReviewTimer: asks a user who has come back a few times, once in the life of the installation, to tell others.
+// ReviewTimer: asks the user once, after a few starts, to recommend the program.
 #pragma once
 
 #include <functional>
@@ -9,11 +9,11 @@ namespace sumlet {
 
 class ReviewTimer final : public Timer {
  public:
-  // `share` opens the share page; it runs when the user wants to.
+  // `share` opens the share page; called if the user agrees.
   explicit ReviewTimer(std::function<void()> share);
 
-  // Asks, if it is time to and if it has never been done. That it has been done is saved before the question stands, so
-  // the question does not come again, however the program ends.
+  // Asks if the program has been started often enough and has never asked before. Saves that it has asked before it
+  // shows the question, so that the question never comes again, however the program ends.
   void Event_Action();
 
  private:

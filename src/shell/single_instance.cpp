@@ -1,12 +1,12 @@
-// The first holds an advisory lock on a file in the settings folder, so that the lock holds for every session and
-// sandbox that can write the settings. The system releases it when the process ends, however it ends. The first listens
-// at a socket, and writes the path of the socket into the lock file, because $XDG_RUNTIME_DIR, the folder for it,
-// differs between a desktop and a remote shell. Only the user can create files in these folders, so nobody else can
-// take the place. The lock file is never deleted: two processes could then hold locks on two files of one name.
+// The first process holds an advisory lock on a file in the settings folder, which excludes every session and sandbox
+// that can write the settings. The system releases the lock when the process ends in any way. The first listens at a
+// socket and writes the socket's path into the lock file, because the socket's folder, $XDG_RUNTIME_DIR, differs
+// between a desktop and a remote shell. Only the user can create files in these folders. The lock file is never
+// deleted: two processes could then lock two files of the same name.
 //
-// A start that gets the lock asks at the sockets all the same: the folder with the lock may have been deleted and
-// created again while the first runs. Where a file system knows no locks, or the settings folder cannot be written, a
-// lock file beside the socket takes the place of the other.
+// A start that gets the lock still tries the sockets: the folder of the lock may have been deleted and created again
+// while the first runs. If the file system does not support locks, or the settings folder is read-only, a lock file
+// beside the socket is used.
 #include "shell/single_instance.h"
 
 #include <QCryptographicHash>
@@ -46,7 +46,7 @@ using std::chrono::steady_clock;
 constexpr int waitingStarts = 64;
 constexpr milliseconds pauseBetweenTries(10);
 
-// A path that is too long for an address is shortened by way of its open folder.
+// Opens the folder of a path that is too long for an address, and uses the shorter path through its descriptor.
 class Address {
  public:
   explicit Address(const fs::path& path) {
@@ -70,7 +70,7 @@ Descriptor NewSocket() { return Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CL
 
 enum class Reply { Acknowledged, Nobody, None };
 
-// Whether the expected answer arrives before `end`.
+// Returns whether the expected answer arrives before `end`.
 bool AwaitAnswer(const Descriptor& socket, steady_clock::time_point end) {
   String received;
   while (received.size() < startAnswer.size()) {
@@ -87,7 +87,7 @@ bool AwaitAnswer(const Descriptor& socket, steady_clock::time_point end) {
   return received == startAnswer;
 }
 
-// Whether all of the message could be sent before `end`.
+// Returns whether the whole message was sent before `end`.
 bool SendAll(const Descriptor& socket, std::string_view message, steady_clock::time_point end) {
   while (!message.empty()) {
     const auto rest = std::chrono::ceil<milliseconds>(end - steady_clock::now());
@@ -128,8 +128,8 @@ struct Lock {
   Descriptor file;  // open when this process holds the lock; otherwise another one does
 };
 
-// A file that is open for writing would keep its file system from being made read-only, but the locks of some network
-// file systems need one.
+// Tries a file opened for reading first: one that is open for writing prevents remounting its file system read-only.
+// The locks of some network file systems require a writable one.
 Lock TryLock(const std::vector<fs::path>& files) {
   for (const fs::path& path : files) {
     for (const int access : {O_RDONLY, O_RDWR}) {
@@ -142,7 +142,8 @@ Lock TryLock(const std::vector<fs::path>& files) {
   return {};
 }
 
-// Not open where no socket can be made. Where `lock` holds all the same, later starts say that nobody answers.
+// Returns a closed descriptor if no socket can be created. If `lock` is held, later starts then report that the program
+// does not answer.
 Descriptor Listen(const std::vector<fs::path>& sockets, const Lock& lock) {
   for (const fs::path& path : sockets) {
     Descriptor socket = NewSocket();
@@ -156,7 +157,7 @@ Descriptor Listen(const std::vector<fs::path>& sockets, const Lock& lock) {
   return {};
 }
 
-// Nothing for a folder in which others could put files.
+// Empty if other users could create files in the folder.
 std::optional<fs::path> RuntimeFolder() {
   const char* name = std::getenv("XDG_RUNTIME_DIR");
   struct stat status = {};
@@ -165,7 +166,7 @@ std::optional<fs::path> RuntimeFolder() {
   return fs::path(name);
 }
 
-// Two ways of writing the path of one folder give one name. The folder need not exist.
+// The same for every spelling of the folder's path. The folder need not exist.
 String NameOf(const fs::path& folder) {
   std::error_code error;
   const fs::path canonical = fs::weakly_canonical(folder, error);
@@ -221,7 +222,7 @@ bool IsOwnPeer(const Descriptor& socket) {
 
 #else
 
-// Elsewhere the desktop itself starts a program once, or no such thing is known.
+// On other systems the desktop starts a program only once, or nobody expects that.
 namespace sumlet {
 MeetingPlace MeetingPlaceOfSettings() { return {}; }
 Claim ClaimInstance(const MeetingPlace& /*place*/, std::string_view /*message*/,

@@ -1,7 +1,6 @@
-// SingleInstance: of one user's starts of the program with one settings folder, one runs, and the others hand over to
-// it. Starts with different settings folders do not know of each other.
+// One running program for each user and settings folder: a second start hands its files over to the running program.
 //
-// Needs neither an application object nor a session bus, so that a start that hands over is over at once.
+// Requires neither an application object nor a session bus, so that a start that hands over ends at once.
 #pragma once
 
 #include <chrono>
@@ -14,30 +13,29 @@
 namespace sumlet {
 
 enum class Start {
-  First,       // this process is the running program now
-  HandedOver,  // another one is, and it has acknowledged: end with status 0
-  Unanswered,  // another one is, but it does not answer: end with status 1
-  Alone        // no folder takes a lock or a socket: run without being found by later starts
+  First,       // this process becomes the running program
+  HandedOver,  // the running program has acknowledged: end with status 0
+  Unanswered,  // there is a running program, but it does not answer: end with status 1
+  Alone        // no folder accepts a lock or a socket: run, but later starts will not find this process
 };
 
 struct Claim {
   Start start = Start::Alone;
-  Descriptor requests;  // for the first: the socket at which later starts ask; see StartRequests
-  Descriptor lock;      // for the first: keep it open until the process ends
+  Descriptor requests;  // of First: the socket to which later starts connect; see StartRequests
+  Descriptor lock;      // of First: keep it open until the process ends
 };
 
-// The files by which the starts of one user with one settings folder find each other, the preferred ones first.
+// The files by which the processes of one user and settings folder find each other, in order of preference.
 struct MeetingPlace {
   std::vector<std::filesystem::path> locks;
   std::vector<std::filesystem::path> sockets;
 };
 
-// The place for the settings folder of this environment. Creates that folder.
+// Returns the place for the settings folder of this environment. Creates that folder.
 [[nodiscard]] MeetingPlace MeetingPlaceOfSettings();
 
-// Of any number of processes that claim a place at the same instant exactly one is the first, until its end, however it
-// ends. The others send it `message` (start_message.h). Waits for an answer no longer than `patience`: the running
-// program may itself be starting up or quitting.
+// Makes exactly one of several processes the first, until that process ends in any way. The others send it `message`
+// (start_message.h) and wait for an answer, at most `patience`: the running program may itself be starting or quitting.
 [[nodiscard]] Claim ClaimInstance(const MeetingPlace& place, std::string_view message,
                                   std::chrono::milliseconds patience);
 

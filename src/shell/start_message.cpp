@@ -61,12 +61,12 @@ std::optional<String> MessageFor(const StartRequest& request) {
 RequestState ReadRequest(std::string_view received, StartRequest& request) {
   const std::size_t lineEnd = received.substr(0, longestLine + 1).find('\n');
   if (lineEnd == std::string_view::npos)
-    return received.size() <= longestLine ? RequestState::Unfinished : RequestState::Nonsense;
+    return received.size() <= longestLine ? RequestState::Unfinished : RequestState::Invalid;
   const std::optional<FirstLine> line = ParseLine(received.substr(0, lineEnd));
-  if (!line) return RequestState::Nonsense;
+  if (!line) return RequestState::Invalid;
   const std::string_view files = received.substr(lineEnd + 1, line->size);
   if (files.size() < line->size) return RequestState::Unfinished;
-  if (!files.empty() && files.back() != '\0') return RequestState::Nonsense;
+  if (!files.empty() && files.back() != '\0') return RequestState::Invalid;
   request = {String(line->token), SplitFiles(files)};
   return RequestState::Request;
 }

@@ -28,13 +28,13 @@ struct StartRequest {
 // Whether `text` can be sent as a token: printable ASCII without spaces, 1 to longestToken bytes.
 [[nodiscard]] bool IsToken(std::string_view text);
 
-// The message for `request`, without its token where that is none. Nothing when the files take more than longestFiles.
+// The message for `request`, without a token that is invalid. Empty if the files take more than longestFiles.
 [[nodiscard]] std::optional<String> MessageFor(const StartRequest& request);
 
 enum class RequestState {
-  Unfinished,  // more bytes are to come
+  Unfinished,  // more bytes are needed
   Request,
-  Nonsense  // no such message, or one that is too long
+  Invalid  // not a valid message, or one that is too long
 };
 
 // Parses the bytes that a peer has sent so far. For a Request, fills `request`, and ignores bytes behind its end.

@@ -19,9 +19,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::size_t mostPeers = 16;
-constexpr auto peerPatience = 5s;  // a start sends its request at once
-constexpr auto pauseAfterFailure =
-    1s;  // after accepting has failed, as without descriptors: it would fail again at once
+constexpr auto peerPatience = 5s;       // a start sends its request at once
+constexpr auto pauseAfterFailure = 1s;  // without free descriptors, accept would fail again at once
 
 }  // namespace
 
@@ -83,7 +82,7 @@ void StartRequests::Read(Peer& peer) {
   if (state == RequestState::Unfinished && count > 0) return;
   const bool isRequest = state == RequestState::Request && ready_();
   if (isRequest) {
-    // The toolkit takes it from here when a window is brought to the front.
+    // The toolkit reads this variable when it brings a window to the front.
     if (!request.token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(request.token));
     [[maybe_unused]] const ssize_t sent =
         send(peer.Socket().Number(), startAnswer.data(), startAnswer.size(), MSG_NOSIGNAL);
@@ -92,7 +91,7 @@ void StartRequests::Read(Peer& peer) {
   if (isRequest) reopen_(request.files);
 }
 
-// It may be one of its own notifiers that calls.
+// Deletes the peer later, because one of its notifiers may be the caller.
 void StartRequests::Drop(Peer& peer) {
   peers_.remove(&peer);
   peer.Stop();

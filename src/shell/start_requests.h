@@ -1,4 +1,4 @@
-// StartRequests: the running program's side of being started again.
+// StartRequests: receives the messages of later starts in the running program.
 #pragma once
 
 #include <QObject>
@@ -19,9 +19,8 @@ class StartRequests {
   using Ready = std::function<bool()>;
 
   // Answers the requests that arrive at `requests`, the socket of a Claim, on the event loop: acknowledges each, then
-  // calls `reopen` with the files that it names. While `ready` returns false nobody gets an answer, and a start tries
-  // again. Whoever else talks to the socket, talks nonsense, too much or not at all, is cut off. Without a socket it
-  // does nothing.
+  // calls `reopen` with its files. While `ready` returns false, does not answer, and the start tries again. Disconnects
+  // peers that send an invalid message, too much or nothing. Does nothing without a socket.
   StartRequests(Descriptor requests, Ready ready, Reopen reopen);
   StartRequests(const StartRequests&) = delete;
   StartRequests& operator=(const StartRequests&) = delete;

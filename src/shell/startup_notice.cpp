@@ -40,7 +40,7 @@ void Send(xcb_connection_t* display, xcb_window_t root, std::string_view message
   xcb_client_message_event_t event = {};
   event.response_type = XCB_CLIENT_MESSAGE;
   event.format = 8;
-  event.window = xcb_generate_id(display);  // tells this message from those of other senders
+  event.window = xcb_generate_id(display);  // distinguishes this sender from others
   event.type = Atom(display, "_NET_STARTUP_INFO_BEGIN");
   const xcb_atom_t nextType = Atom(display, "_NET_STARTUP_INFO");
   for (std::size_t sent = 0; sent <= message.size(); sent += sizeof event.data.data8) {
@@ -63,7 +63,8 @@ void EndStartupNotice() {
   if (!xcb_connection_has_error(display)) {
     for (auto screen = xcb_setup_roots_iterator(xcb_get_setup(display)); screen.rem > 0; xcb_screen_next(&screen))
       Send(display, screen.data->root, RemovalOf(id));
-    std::free(xcb_get_input_focus_reply(display, xcb_get_input_focus(display), nullptr));  // all has arrived
+    std::free(xcb_get_input_focus_reply(display, xcb_get_input_focus(display),
+                                        nullptr));  // waits until the server has received all
   }
   xcb_disconnect(display);
 }

@@ -1,5 +1,5 @@
-// StatusTray: the icon that stands in the desktop's status tray while no window does. A desktop without a tray shows
-// nothing; there, starting the program again brings a window back.
+// StatusTray: the icon in the desktop's status tray while no window is open. On a desktop without a tray, starting the
+// program again opens a window.
 #pragma once
 
 #include <QMenu>
@@ -14,8 +14,8 @@ class StatusTray {
  public:
   explicit StatusTray(App& app) : app_(app) {}
 
-  // Shows the icon when no window is open and the application stays, else hides it. To be called whenever a window has
-  // opened or gone.
+  // Shows the icon if no window is open and the application is not quitting, otherwise hides it. Call it whenever a
+  // window has opened or closed.
   void Follow();
 
  private:
@@ -28,7 +28,7 @@ class StatusTray {
   void Create();
 
   App& app_;
-  std::unique_ptr<Icon> icon_;  // nothing before it is first needed: it takes a while to come up
+  std::unique_ptr<Icon> icon_;  // created when first needed, because that is slow
 };
 
 }  // namespace sumlet

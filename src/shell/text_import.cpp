@@ -13,22 +13,22 @@
 namespace sumlet {
 namespace {
 
-// The kinds of files that hold plain text. Users may choose others all the same.
+// The dialog's filter. Users may also choose other files.
 constexpr std::string_view textFiles =
     "*.asc *.ascii *.bas *.c *.class *.cp *.cpp *.h *.hp *.hpp *.i3 *.java *.m2 *.m3 *.mak *.text *.txt";
 
-// Far above any equation, and what a text area still handles.
+// In bytes. Far above any equation; a text area can still handle it.
 constexpr std::size_t largestText = std::size_t{16} << 20;
 
 bool IsText(std::string_view name, std::string_view content) {
   if (QDir::match(ToQString(textFiles), ToQString(name))) return true;
-  constexpr std::size_t enough = 16384;  // bytes to recognise a kind of files by
+  constexpr std::size_t enough = 16384;  // bytes, to recognise the kind of a file
   const auto size = static_cast<qsizetype>(std::min(content.size(), enough));
   const QByteArray start = QByteArray::fromRawData(content.data(), size);
   return QMimeDatabase().mimeTypeForFileNameAndData(ToQString(name), start).inherits(QStringLiteral("text/plain"));
 }
 
-// Nothing when a window has been opened, else the name of the file, and the reason where it needs one.
+// Empty if a window was opened; otherwise the name of the file, with the reason if it is too large.
 std::optional<String> Import(const FolderItem& file, FileKinds kinds) {
   const std::filesystem::path& path = file.Path();
   const String name = (path.has_filename() ? path.filename() : path).string();  // without one: "folder/"

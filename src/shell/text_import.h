@@ -1,4 +1,4 @@
-// Text files into equation windows.
+// Imports text files into equation windows.
 #pragma once
 
 #include <string_view>
@@ -11,20 +11,20 @@ namespace sumlet {
 
 enum class FileKinds {
   Any,
-  Text  // what the desktop counts as text, by its name or its content
+  Text  // those that the desktop considers text, by their name or content
 };
 
-// Opens an equation window for each file of these kinds that can be read and holds any text. The others are the result:
-// a name each, with the reason where it is none of these.
+// Opens an equation window for each file of these kinds that can be read and holds any text. Returns the names of the
+// others, followed by the reason for those that are too large.
 [[nodiscard]] Array<String> OpenTextFiles(const std::vector<FolderItem>& files, FileKinds kinds = FileKinds::Any);
 
-// Names the files that OpenTextFiles could not open in one dialog. Does nothing when there are none.
+// Lists the files that OpenTextFiles could not open in one dialog. Does nothing if there are none.
 void TellOfUnopened(const Array<String>& names);
 
-// Asks for files, opens them, and names those that cannot be opened.
+// Asks the user for files, opens them, and lists those that it cannot open.
 void ImportTextFiles();
 
-// The name that an equation takes from its file: without the first ".txt", wherever it stands.
+// The name of an equation from a file: `fileName` without its first ".txt", at any position.
 [[nodiscard]] String EquationName(std::string_view fileName);
 
 }  // namespace sumlet

@@ -1,4 +1,4 @@
-// The addresses that the program hands to the desktop, for ShowURL. The hosts are set when the program is built.
+// The web addresses that the program opens. CMake options set their hosts.
 #pragma once
 
 #include "framework/text/text.h"
@@ -7,12 +7,12 @@ namespace sumlet::WebAddresses {
 
 [[nodiscard]] String Website();
 [[nodiscard]] String Feedback();
-// Facebook's share page, with the product's page as what is shared.
+// Facebook's page for sharing the product's page.
 [[nodiscard]] String Share();
 // The product's page in the store; its scheme opens the store's own program.
 [[nodiscard]] String Store();
-// The description of the line language: the installed file, that of the source tree that the program was built in, or a
-// page of the maker's site where there is neither.
+// The description of the line language: the installed file, else the one in the source tree of the build, else a page
+// of the maker's site.
 [[nodiscard]] String LanguageReference();
 
 }  // namespace sumlet::WebAddresses

@@ -11,7 +11,7 @@ namespace {
 
 constexpr QSize fixedSize(284, 158);
 
-// Paints from the picture that fits the screen's scale, also once the window has moved to another screen.
+// Paints the size of the icon that fits the scale of the window's current screen.
 class IconCanvas final : public QWidget {
  public:
   using QWidget::QWidget;
@@ -37,7 +37,7 @@ winAbout& winAbout::Instance() {
 winAbout::winAbout() { Create(); }
 
 void winAbout::Layout() {
-  setWindowTitle(QStringLiteral("Sumlet"));  // an empty one would show the name of the program file
+  setWindowTitle(QStringLiteral("Sumlet"));  // an empty title would show the program file's name
   setAccessibleName(tr("About Sumlet"));
   SetFixed(fixedSize);
   SetEscapeCloses();
@@ -49,10 +49,10 @@ void winAbout::CreateControls() {
   stApp_ = CreateLabel(tr("Sumlet"), {20, 84, 244, 20}, QFont::Bold);
   stVersion_ = CreateLabel(tr("Version ") + QCoreApplication::applicationVersion(), {21, 107, 244, 20}, QFont::Normal);
   stCopyright_ = CreateLabel(tr("© 2026 The Sumlet developers"), {20, 132, 244, 20}, QFont::Normal);
-  Content()->setFocus();  // Tab comes to the texts, but none of them has a caret in it from the start
+  Content()->setFocus();  // Tab reaches the texts, but none has the caret at first
 }
 
-// The desktop's font may be a large one; what does not fit is set smaller.
+// Uses a smaller font if the text does not fit in the desktop's font.
 QLabel* winAbout::CreateLabel(const QString& text, const QRect& bounds, QFont::Weight weight) {
   auto* label = new QLabel(text, Content());
   label->setTextFormat(Qt::PlainText);

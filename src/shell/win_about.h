@@ -9,7 +9,7 @@ namespace sumlet {
 
 class winAbout final : public Window {
  public:
-  // The open window, or a new one when none is open. It owns itself.
+  // The open window, or else a new one. It deletes itself when closed.
   static winAbout& Instance();
 
   [[nodiscard]] QLabel& stApp() const { return *stApp_; }

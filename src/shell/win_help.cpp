@@ -11,7 +11,7 @@ namespace {
 
 constexpr int cardWidth = 540;         // pixels
 constexpr int firstColumnWidth = 100;  // pixels
-constexpr int columnMargins = 10;      // what a column's text leaves free of its width, in pixels
+constexpr int columnMargins = 10;      // left and right of a column's text together, in pixels
 constexpr QColor gridLine(0xD9, 0xD9, 0xD9);
 
 struct HelpRow {
@@ -63,8 +63,8 @@ constexpr HelpRow helpRows[] = {
     {"FRAC(i)", "Convert from decimal to fraction FRAC( 1.33 )"},
 };
 
-// The row that the keys go through shows no highlight, so a key that only moved it would seem to do nothing. Here each
-// key brings its row to the top as far as there are rows below.
+// Scrolls the current row to the top at each key. The card does not highlight the current row, so a key that only moved
+// it would seem to do nothing.
 class CardList final : public Listbox {
  public:
   using Listbox::Listbox;
@@ -112,7 +112,7 @@ void winHelp::CreateControls() {
   list_Open();
 }
 
-// Makes the card's font smaller until the text fits into its column, as wide as that is when the window opens.
+// Makes the card's font smaller until the text fits the column's initial width.
 void winHelp::FitFont(Int32 column, const char* text) {
   const int bar = list_->verticalScrollBar()->sizeHint().width();
   const int width = column == 0 ? firstColumnWidth : cardWidth - 2 * list_->frameWidth() - firstColumnWidth - bar;
@@ -124,7 +124,7 @@ void winHelp::list_Open() {
   list_->setFocus();
 }
 
-// White for the selected row as well: a card has nothing to select. The line goes between the columns.
+// Also paints the selected row white, because a card has nothing to select. The line separates the columns.
 bool winHelp::list_CellBackgroundPaint(CellGraphics& g, Int32 /*row*/, Int32 column) {
   g.painter.fillRect(0, 0, g.Width, g.Height, Qt::white);
   if (column == 0) g.painter.fillRect(g.Width - 1, 0, 1, g.Height, gridLine);

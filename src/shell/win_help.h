@@ -8,7 +8,7 @@ namespace sumlet {
 
 class winHelp final : public BaseWindow {
  public:
-  // The open window, or a new one when none is open. It owns itself.
+  // The open window, or else a new one. It deletes itself when closed.
   static winHelp& Instance();
 
   [[nodiscard]] Listbox& list() const { return *list_; }

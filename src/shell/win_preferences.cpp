@@ -39,13 +39,13 @@ void winPreferences::CreateControls() {
   AddControl(*Label1_, {69, 17, 62, 20}, Lock::Left | Lock::Top);
 
   popSize_ = new QComboBox(Content());
-  Label1_->setBuddy(popSize_);  // its name for a screen reader
+  Label1_->setBuddy(popSize_);  // names the popup for screen readers
   connect(popSize_, &QComboBox::currentIndexChanged, this, [this] { popSize_Change(); });
   AddControl(*popSize_, {137, 17, 112, 20}, Lock::Left | Lock::Top);
   FitCaptions();
 }
 
-// The desktop's font may be a large one. All three controls get the size in which each of them shows its text whole.
+// Gives all three controls the largest font, at most the desktop's, in which each shows its whole text.
 void winPreferences::FitCaptions() {
   constexpr QSize frameAndArrow(40, 2);  // of the popup, in pixels
   const QString caption = chkRestoreEquations_->text();
@@ -65,7 +65,7 @@ void winPreferences::Event_Open() {
   Loading = false;
 }
 
-// A size that is not offered, as an older settings file may have, stands above the others, parted from them by a line.
+// Shows a size that is not offered, as from an older settings file, above the others and a separator.
 void winPreferences::FillSizes() {
   int current = -1;
   for (const Int32 size : offeredSizes) {
@@ -78,7 +78,7 @@ void winPreferences::FillSizes() {
     current = 0;
   }
   popSize_->setCurrentIndex(current);
-  popSize_->setMaxVisibleItems(popSize_->count());  // all of them, without a scroll bar
+  popSize_->setMaxVisibleItems(popSize_->count());  // no scroll bar
 }
 
 void winPreferences::popSize_Change() {

@@ -1,4 +1,4 @@
-// winPreferences: the two settings that the user has. A change holds at once and goes to disk with the next save.
+// winPreferences: the user's two settings. A change takes effect at once; the next save stores it.
 #pragma once
 
 #include <QCheckBox>
@@ -11,13 +11,13 @@ namespace sumlet {
 
 class winPreferences final : public BaseWindow {
  public:
-  // The open window, or a new one when none is open. It owns itself.
+  // The open window, or else a new one. It deletes itself when closed.
   static winPreferences& Instance();
 
-  // The offered size that is `steps` larger than `size`, or smaller if negative, in points. Stops at the ends of the
-  // list of offered sizes. `size` need not be one of them.
+  // The size, in points, that is `steps` sizes larger than `size` in the list of offered sizes; smaller if negative.
+  // Stops at the ends of the list. `size` need not be in the list.
   [[nodiscard]] static Int32 TextSizeAfter(Int32 size, Int32 steps);
-  // Makes an offered size that of all equations: what choosing it in the window does. An open window shows it.
+  // Sets the text size of all equations, as choosing it in the window does. An open window shows it.
   static void ChooseTextSize(Int32 size);
 
   [[nodiscard]] QCheckBox& chkRestoreEquations() const { return *chkRestoreEquations_; }

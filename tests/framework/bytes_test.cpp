@@ -1,25 +1,15 @@
-// Bytes, percent-encoding, and values that remember their type.
+// Percent-encoding, and values of several types.
 #include "framework/text/bytes.h"
 
 #include <gtest/gtest.h>
 
-#include <tuple>
+#include <string_view>
+#include <utility>
 
 #include "framework/text/variant.h"
 
 namespace sumlet {
 namespace {
-
-TEST(Bytes, CountAndCompareBytes) {
-  const std::tuple<const char*, Int32, Int32, const char*> pieces[] = {
-      {"aé", 2, 1, "\xC3"}, {"abc", 2, 9, "bc"}, {"abc", 4, 1, ""}, {"abc", 0, 1, ""}, {"abc", 2, -1, ""},
-  };
-  for (const auto& [text, start, length, piece] : pieces) EXPECT_EQ(MidB(text, start, length), piece) << start;
-  EXPECT_EQ(MidB("abc", 3), "c");
-  EXPECT_EQ(InStrB(1, "aBc", "b"), 0);
-  EXPECT_EQ(InStrB(3, "ababé€", "ab"), 3);
-  EXPECT_EQ(InStrB(9, "ab", "a"), 0);
-}
 
 TEST(Bytes, UrlComponents) {
   String every;
@@ -61,7 +51,7 @@ TEST(Variant, Conversions) {
   }
 }
 
-// A few keys are compared one by one, many have an index.
+// A dictionary compares a few keys one by one, and keeps an index of many.
 TEST(Variant, DictionaryKeys) {
   for (const Int32 others : {0, 12}) {
     Dictionary map;

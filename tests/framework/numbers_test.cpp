@@ -1,4 +1,4 @@
-// The number services by tables. Every result of the calculation passes through them, so each digit counts.
+// Reading and writing numbers. Every result of a calculation passes through these functions.
 #include "framework/text/numbers.h"
 
 #include <gtest/gtest.h>
@@ -78,7 +78,7 @@ TEST(Numbers, Format) {
   EXPECT_EQ(Val(Format(-largest, twentyFive)), -largest);
 }
 
-// Short numbers take a way of their own, both in reading and in writing. It must give the digits of the general one.
+// Short numbers have a fast path, both in reading and in writing. It must give the same digits.
 TEST(Numbers, AgreeWithTheCLibrary) {
   std::mt19937_64 random(1);
   for (int i = 0; i < 20'000; ++i) {
@@ -101,7 +101,7 @@ TEST(Numbers, AgreeWithTheCLibrary) {
   }
 }
 
-// Values on or beside a tie of the tenth place: 1 / 2048 is 4882812.5 units of it. Above 524288 a value stays.
+// Values on or next to a tie at the tenth decimal place: 1 / 2048 is 4882812.5 units of it.
 TEST(Numbers, RoundingToTenPlacesEqualsWritingAndReading) {
   std::mt19937_64 random(1);
   for (int i = 0; i < 20'000; ++i) {

@@ -1,5 +1,4 @@
-// The text services by tables: what counts as a character, what counts as the same text, and what every function does
-// at the ends of its arguments.
+// Text functions: what counts as a character, which texts are the same, and the limits of all arguments.
 #include "framework/text/text.h"
 
 #include <gtest/gtest.h>
@@ -19,8 +18,8 @@ const Int32 lowest = std::numeric_limits<Int32>::min();
 const Int32 highest = std::numeric_limits<Int32>::max();
 
 TEST(Text, LenCountsCharacters) {
-  // A byte that belongs to no valid sequence is a character of its own: one that begins none, one of a sequence that is
-  // cut short, longer than needed, a surrogate's, or behind the last code point.
+  // A byte outside a valid sequence is a character of its own: a stray byte, one of a sequence that is truncated or
+  // overlong, of a surrogate, or beyond the last code point.
   // clang-format off
   const std::pair<std::string_view, Int32> rows[] = {
       {"", 0}, {"a\0b"sv, 3}, {"aé€😀", 4}, {"e\u0301", 2}, {"\x80\xFF", 2}, {"\xC3", 1}, {"\xF0\x9F\x98", 3},
@@ -50,8 +49,7 @@ TEST(Text, PiecesByCharacters) {
     EXPECT_EQ(Mid("abcd", start, length), "") << start << " " << length;
 }
 
-// A long text is searched for in another way, which has to find the same: texts of few letters, so that beginnings
-// recur.
+// Long texts use another algorithm. Texts of few letters repeat their beginnings, which tests its table of borders.
 TEST(Text, InStrOfLongTexts) {
   std::mt19937 random(7);
   const String letters[] = {"a", "A", "b", "é", "\xFF"};

@@ -20,7 +20,7 @@ namespace {
 
 class ApplicationLife : public WindowFixture {
  protected:
-  // A section of the settings that notes when it is stored, with how many windows, and acts when it is loaded.
+  // Registers a section that records each save with the number of windows, and calls WhenLoading at each load.
   ApplicationLife() {
     const auto store = [this] {
       record += "save with " + std::to_string(WindowCount()) + ";";
@@ -56,21 +56,21 @@ TEST_F(ApplicationLife, SavesFiveMinutesAfterTheLastKey) {
   }
 }
 
-// The desktop says "quit" by an event of the toolkit; without the program's own way, that would close windows first.
-TEST_F(ApplicationLife, QuitSavesWhileAllWindowsStand) {
+// The desktop's request to quit is an event, for which the toolkit by default closes the windows first.
+TEST_F(ApplicationLife, QuitSavesBeforeWindowsClose) {
   auto& application = *static_cast<Application*>(QCoreApplication::instance());
   application.QuitRequested = [this] { app.Quit(); };
   app.Event_Open();
-  EXPECT_EQ(WindowCount(), 1) << "nothing was open, so the chooser is";
+  EXPECT_EQ(WindowCount(), 1) << "the chooser opens because nothing was open";
   for (int i = 0; i < 2; ++i) new winSumlet;
   Run([] { QCoreApplication::quit(); });
   app.Quit();
-  EXPECT_EQ(record, "save with 3;") << "no save follows";
+  EXPECT_EQ(record, "save with 3;") << "one save, before the windows close";
   EXPECT_TRUE(Preferences::TemplatesOpen) << "a chooser that is open at quit counts as open";
   application.QuitRequested = nullptr;
 }
 
-TEST_F(ApplicationLife, QuitAsksNothingAndWaitsForNoAlert) {
+TEST_F(ApplicationLife, QuitDoesNotPromptAndClosesAlerts) {
   const auto desktop = InstallDesktop();
   DialogButton answer = DialogButton::Action;
   app.Event_Open();
@@ -85,11 +85,11 @@ TEST_F(ApplicationLife, QuitAsksNothingAndWaitsForNoAlert) {
   EXPECT_EQ(record, "save with 1;");
 }
 
-// Once a pause of a second, and every five seconds while the user types on without one.
+// One second after the last key, and every five seconds while the user types without a pause.
 TEST_F(ApplicationLife, WritesTheRecoveryFileWhenTypingPauses) {
   app.Event_Open();
   const std::pair<bool, std::vector<Int32>> rows[] = {
-      // whether equations are remembered, the pauses behind keys in ms; "+" is the end of a pause
+      // whether equations are remembered, the pause after each key in ms; the record has a "+" for each pause
       {true, {999, 999, 1001, 5000}},
       {true, {900, 900, 900, 900, 900, 900}},
       {false, {5000}},
@@ -126,7 +126,7 @@ TEST_F(ApplicationLife, QuitSavesWhatAnInputMethodComposes) {
   EXPECT_EQ(record, "1\uD55C");
 }
 
-// An alert about damage may stand while only some of the windows are back: saving them would lose the others.
+// An alert about damage may be open while some windows are not restored yet: a save would lose those.
 TEST_F(ApplicationLife, QuitBeforeEverythingIsLoadedSavesNothing) {
   new winSumlet;
   WhenLoading = [this] { app.Quit(); };
@@ -134,8 +134,8 @@ TEST_F(ApplicationLife, QuitBeforeEverythingIsLoadedSavesNothing) {
   EXPECT_EQ(record, "");
 }
 
-TEST_F(ApplicationLife, GoesOnAfterAFaultAtStart) {
-  Preferences::Save();  // the older settings, read where there are none, take a fault for the end of their file
+TEST_F(ApplicationLife, ContinuesAfterAFaultAtStart) {
+  Preferences::Save();  // without a settings file, Load would read the older one, which handles faults itself
   record.clear();
   WhenLoading = [] { throw Fault("an index out of range"); };
   String told;
@@ -146,7 +146,7 @@ TEST_F(ApplicationLife, GoesOnAfterAFaultAtStart) {
   });
   Run([this] { app.Event_Open(); });
   EXPECT_EQ(told, "This could not be done because of an index out of range.");
-  EXPECT_EQ(record, "save with 1;") << "started again, it shows the chooser";
+  EXPECT_EQ(record, "save with 1;") << "the second start shows the chooser";
 }
 
 TEST_F(ApplicationLife, AsksForAReviewOnceAtTheFifthStart) {
@@ -155,11 +155,11 @@ TEST_F(ApplicationLife, AsksForAReviewOnceAtTheFifthStart) {
     ++asked;
     Preferences::ShownReviewDialog = false;
     Preferences::Load();
-    EXPECT_TRUE(Preferences::ShownReviewDialog) << "in the file before the user answers";
+    EXPECT_TRUE(Preferences::ShownReviewDialog) << "saved before the user answers";
     return asked == 1 ? DialogButton::Cancel : DialogButton::Action;
   });
   ReviewTimer timer([&shared] { ++shared; });
-  // runs before, whether it has been shown, how often it has asked by then
+  // earlier runs, whether the question was shown before, how often it was asked so far
   const std::tuple<Int32, bool, int> rows[] = {{3, false, 0}, {4, true, 0}, {100, false, 1}, {4, false, 2}};
   for (const auto& [runCount, shown, asks] : rows) {
     Preferences::RunCount = runCount;
@@ -171,7 +171,7 @@ TEST_F(ApplicationLife, AsksForAReviewOnceAtTheFifthStart) {
 }
 
 TEST_F(ApplicationLife, WebAddressesReachTheDesktopEncoded) {
-  QTextBrowser desktop;  // takes the addresses in its place
+  QTextBrowser desktop;  // receives the addresses in place of the desktop
   constexpr const char* schemes[] = {"https", "macappstore", "file"};
   for (const char* scheme : schemes) QDesktopServices::setUrlHandler(scheme, &desktop, "setSource");
   const auto desktopHooks = InstallDesktop();
@@ -185,7 +185,7 @@ TEST_F(ApplicationLife, WebAddressesReachTheDesktopEncoded) {
   const String store = "macappstore://store.sumlet.example/us/app/sumlet/id0?ls=1&mt=12";
   for (const String& address : {WebAddresses::Store(), String("https://www.sumlet.example/50%")}) {
     ShowURL(address);
-    EXPECT_EQ(opened(), store) << "and not what is no address";
+    EXPECT_EQ(opened(), store) << "drops an invalid address";
   }
   for (const char* scheme : schemes) QDesktopServices::unsetUrlHandler(scheme);
 }

@@ -23,7 +23,7 @@ class Menus : public WindowFixture {
 
  protected:
   Menus() {
-    static App app;  // the menus are made once for the whole run, and so is what they are bound to
+    static App app;  // the menus exist once in the process, and so do their handlers
     static const bool bound = (app.BindMenuHandlers(), app.AppendMenuItems(), true);
     EXPECT_TRUE(bound);
   }
@@ -32,7 +32,7 @@ class Menus : public WindowFixture {
     App::OpenEquation(&equation);
     return dynamic_cast<winSumlet&>(WindowAt(0));
   }
-  // The entries of the Window menu behind the fixed ones, the ticked one in brackets.
+  // The entries of the Window menu after the fixed ones, the ticked one in brackets.
   static String WindowEntries() {
     MenuBar1().Update();
     String entries;
@@ -45,8 +45,8 @@ class Menus : public WindowFixture {
   }
 };
 
-TEST_F(Menus, WhatIsEnabledDependsOnTheFrontWindow) {
-  // The items that the enabling pass decides on and has enabled.
+TEST_F(Menus, FrontWindowDecidesWhatIsEnabled) {
+  // The items that depend on the front window and are enabled.
   const auto enabled = [] {
     MenuBar1().Update();
     String names;
@@ -67,15 +67,15 @@ TEST_F(Menus, WhatIsEnabledDependsOnTheFrontWindow) {
   EXPECT_EQ(enabled(), "FileCLose WindowMinimize FullScreen ");
   winPreferences::Instance().Show();
   EXPECT_EQ(enabled(), "FileCLose ");
-  EXPECT_FALSE(MenuBar1().Choose("FileExport")) << "no handler in reach";
+  EXPECT_FALSE(MenuBar1().Choose("FileExport")) << "no window handles it";
 }
 
-TEST_F(Menus, TheWindowMenuListsWhatIsOpen) {
+TEST_F(Menus, WindowMenuListsOpenWindows) {
   winSumlet& first = NewEquation("\n  x & 2  ");
   EXPECT_EQ(WindowEntries(), "[Sumlet];");
   NewEquation("1234567890123456789012345678901234");
   winSumlet& third = NewEquation(String(33, 'b'));
-  // The list begins with the windows front to back and then keeps its order.
+  // New entries come in the order of the windows from front to back; later the order stays.
   const String others = "Sumlet (123456789012345678901234567890\u2026);";
   const String whole = "Sumlet (" + String(33, 'b') + ")";
   EXPECT_EQ(WindowEntries(), "Sumlet (x && 2);[" + whole + "];" + others);
@@ -103,7 +103,7 @@ TEST_F(Menus, EditItemsActOnTheTextWithTheFocus) {
   QTest::keyClick(&window.textInput(), Qt::Key_Y, Qt::ControlModifier);
   EXPECT_EQ(window.textInput().Text(), "");
   choose({"EditUndo"});
-  // neither an equation behind another window nor the result's area
+  // do not act on an equation behind another window, nor on the result
   winAbout::Instance().Show();
   choose({"EditCut"});
   window.Show();
@@ -112,11 +112,11 @@ TEST_F(Menus, EditItemsActOnTheTextWithTheFocus) {
   EXPECT_EQ(window.textInput().Text() + " is " + window.textOutput().Text(), "7x=2 is 2");
 }
 
-TEST_F(Menus, CommandsAboutTheResultFollowTheTextAsItIs) {
+TEST_F(Menus, ResultCommandsUseTheCurrentText) {
   winSumlet& window = NewEquation("6\n");
   QTest::keyClicks(&window.textInput(), "7*");
   MenuBar1().Choose("EditCopyResult");
-  EXPECT_EQ(ClipboardText(), "42") << "though its calculation was still to come";
+  EXPECT_EQ(ClipboardText(), "42") << "calculates before it copies";
   for (const bool shown : {true, false}) {
     MenuBar1().Choose("EditShowLineValues");
     MenuBar1().Update();
@@ -141,7 +141,7 @@ TEST_F(Menus, CommandsAboutTheResultFollowTheTextAsItIs) {
   EXPECT_EQ(window.textOutput().Text(), "\"foob\" Error: Variable Unknown");
 }
 
-TEST_F(Menus, ClosedEquationsComeBackTheLatestFirst) {
+TEST_F(Menus, ReopensTheLastClosedEquationFirst) {
   MyWindowManager::RegisterRestorer({"equation", winSumlet::RestoreFrom});
   for (const char* text : {"1", " \n", "2"}) {
     winSumlet& window = NewEquation(text);
@@ -154,7 +154,7 @@ TEST_F(Menus, ClosedEquationsComeBackTheLatestFirst) {
     MenuBar1().Choose("FileReopenClosed");
     const winSumlet& window = *Front<winSumlet>();
     EXPECT_EQ(window.FromTemplate + window.textInput().Text(), text + text);
-    EXPECT_EQ(QSize(window.TextSize, window.Height()), QSize(16, 300)) << "the size of text in force";
+    EXPECT_EQ(QSize(window.TextSize, window.Height()), QSize(16, 300)) << "the current text size";
   }
   Preferences::TextSize = Preferences::defaultTextSize;
 }
@@ -171,11 +171,11 @@ TEST_F(Menus, KeysReachTheTextAfterAMenu) {
     EXPECT_EQ(window.textInput().Text(), "1") << keys;
   }
   press("Alt+F, Down, Right");
-  EXPECT_TRUE(MenuBar1().Item("EditSelectAll").isEnabled()) << "of the text, although the menu has the focus";
+  EXPECT_TRUE(MenuBar1().Item("EditSelectAll").isEnabled()) << "acts on the text although the menu has the focus";
   press("Esc");
 }
 
-TEST_F(Menus, FilesComeInAndFailuresAreNamedOnce) {
+TEST_F(Menus, ImportOpensFilesAndListsFailures) {
   std::vector<FolderItem> files;
   const std::pair<const char*, std::string> contents[] = {{"budget.txt", "\n\n 1+1\n\n2*\u00A021 \n"},
                                                           {"empty.txt", " \n"},
@@ -204,8 +204,8 @@ TEST_F(Menus, FilesComeInAndFailuresAreNamedOnce) {
   EXPECT_EQ(OpenTextFiles({picture, files[0]}, FileKinds::Text), Array<String>{"dropped.txt.png"});
 }
 
-// The opener is told of files only; of a drop the program shows the outcome in the drag's action.
-TEST_F(Menus, FilesAreOpenedWhereOtherThingsAreInserted) {
+// A drop returns the action that the program reports to the source of the drag.
+TEST_F(Menus, PastedAndDroppedFilesOpen) {
   String opened;
   const HookGuard opener = OpenFiles.Set([&opened](const std::vector<FolderItem>& files) {
     for (const FolderItem& file : files) opened += file.Path().string() + ";";
@@ -224,14 +224,14 @@ TEST_F(Menus, FilesAreOpenedWhereOtherThingsAreInserted) {
     QCoreApplication::processEvents();
     return drop.dropAction();
   };
-  EXPECT_EQ(receive("text/uri-list", "file:///a%20b\r\nfile:///caf%E9\r\n"), Qt::CopyAction) << "whatever was offered";
+  EXPECT_EQ(receive("text/uri-list", "file:///a%20b\r\nfile:///caf%E9\r\n"), Qt::CopyAction) << "never a move";
   EXPECT_EQ(opened, "/a b;/caf\xE9;/a b;/caf\xE9;") << "pasted and dropped";
   receive("text/plain", "2+");
   receive("text/uri-list", "https://sumlet.example/");
-  EXPECT_EQ(area.Text(), "2+https://sumlet.example/2+") << "a link is pasted and not dropped";
+  EXPECT_EQ(area.Text(), "2+https://sumlet.example/2+") << "a link can be pasted but not dropped";
 }
 
-TEST_F(Menus, ExportTellsOfAFailure) {
+TEST_F(Menus, ExportReportsFailure) {
   const HookGuard dialog = ShowSaveAsDialog.Set([this](const SaveAsDialog& asked, Window&) {
     return FolderItem(folder.filePath("none").toStdString()).Child(asked.SuggestedFileName);
   });

@@ -17,7 +17,7 @@ class ShellWindows : public WindowFixture {
   ~ShellWindows() override { Preferences::TextSize = Preferences::defaultTextSize; }
 };
 
-TEST_F(ShellWindows, OneAtATimeUntilEscape) {
+TEST_F(ShellWindows, OpenOnceAndCloseOnEscape) {
   for (int i = 0; i < 2; ++i) {
     winHelp::Instance();
     winPreferences::Instance();
@@ -30,7 +30,7 @@ TEST_F(ShellWindows, OneAtATimeUntilEscape) {
   }
 }
 
-TEST_F(ShellWindows, TheSettingsInForceAreShownAndReachEveryEquation) {
+TEST_F(ShellWindows, PreferencesShowAndChangeTheSettings) {
   const std::pair<Int32, const char*> rows[] = {{13, "11 [13] 16 20 24 36 48 64 72 96 "},
                                                 {-2147483648, "[-2147483648] - 11 13 16 20 24 36 48 64 72 96 "}};
   for (const auto& [size, list] : rows) {
@@ -59,7 +59,7 @@ TEST_F(ShellWindows, TheSettingsInForceAreShownAndReachEveryEquation) {
   winPreferences::ChooseTextSize(24);
   for (const winSumlet* equation : {behind, front}) EXPECT_EQ(equation->textOutput().font().pointSize(), 24);
   EXPECT_EQ(winPreferences::Instance().popSize().currentText(), "24");
-  // a size, and those before and behind it
+  // a size, the next smaller one and the next larger one
   for (const auto& [size, smaller, larger] :
        {std::tuple(13, 11, 16), {11, 11, 13}, {96, 72, 96}, {15, 13, 16}, {-1, -1, 11}, {200, 96, 200}}) {
     EXPECT_EQ(winPreferences::TextSizeAfter(size, -1), smaller);
@@ -67,7 +67,7 @@ TEST_F(ShellWindows, TheSettingsInForceAreShownAndReachEveryEquation) {
   }
 }
 
-TEST_F(ShellWindows, TheCardStaysBlackOnWhite) {
+TEST_F(ShellWindows, HelpCardShowsNoSelection) {
   winHelp& help = winHelp::Instance();
   Listbox& list = help.list();
   const QImage before = list.viewport()->grab().toImage();
@@ -79,7 +79,7 @@ TEST_F(ShellWindows, TheCardStaysBlackOnWhite) {
   EXPECT_GT(list.verticalScrollBar()->value(), 0) << "a key scrolls at once";
 }
 
-TEST_F(ShellWindows, TextsFitWithALargeFont) {
+TEST_F(ShellWindows, TextsFitInALargeFont) {
   const QFont before = QApplication::font();
   QApplication::setFont(QFont(before.family(), 30));
   for (const QWidget* control : std::initializer_list<const QWidget*>{
