@@ -1,15 +1,23 @@
 // The window program: connects the parts and runs them.
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/command_line.h"
 #include "framework/desktop.h"
+#include "framework/file/descriptor.h"
+#include "framework/file/folder_item.h"
+#include "framework/hook.h"
+#include "framework/text/text.h"
 #include "framework/ui/application.h"
 #include "framework/ui/caret_rest.h"
 #include "framework/ui/desktop.h"
 #include "framework/ui/incoming_files.h"
+#include "framework/ui/window.h"
 #include "shell/app.h"
 #include "shell/application_icon.h"
 #include "shell/menus.h"
@@ -25,7 +33,7 @@
 namespace sumlet {
 namespace {
 
-// How long a start waits for the running program, which may be loading a large session.
+// The longest wait for the running program, which may be loading a large session.
 constexpr std::chrono::seconds handOverPatience(9);
 
 constexpr char help[] =

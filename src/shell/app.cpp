@@ -1,6 +1,8 @@
 #include "shell/app.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QMenu>
 #include <QPointer>
 #include <QScopeGuard>
 #include <memory>
@@ -11,7 +13,7 @@
 #include "equationwindow/win_sumlet.h"
 #include "framework/desktop.h"
 #include "framework/ui/edit_items.h"
-#include "framework/ui/qt_text.h"
+#include "framework/ui/menu_bar.h"
 #include "framework/ui/window.h"
 #include "persistence/my_window_manager.h"
 #include "persistence/preferences.h"

@@ -12,7 +12,10 @@
 #include <QCryptographicHash>
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
+#include <string>
 #include <system_error>
+#include <utility>
 
 #include "framework/file/folder_item.h"
 #include "persistence/preferences.h"

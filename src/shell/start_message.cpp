@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <string>
+#include <system_error>
 
 namespace sumlet {
 namespace {

@@ -5,6 +5,7 @@
 // the files' paths, each ended by a zero byte. SIZE is decimal, without leading zeros.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 #include <vector>

@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <utility>
 
 #include "shell/single_instance.h"
 #include "shell/start_message.h"

@@ -3,6 +3,10 @@
 #include <QDir>
 #include <QMimeDatabase>
 #include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <utility>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/desktop.h"
