@@ -5,9 +5,9 @@
 namespace sumlet {
 namespace {
 
-constexpr Int32 inputTop = -1;       // its upper border lies outside
+constexpr Int32 inputTop = -1;       // its upper border is outside
 constexpr double paddingPart = 0.2;  // of a line
-constexpr Int32 overhang = 1;        // by which the strip's lower border lies outside
+constexpr Int32 overhang = 1;        // of the strip's lower border
 constexpr Int32 gap = 2;             // between the areas
 
 }  // namespace

@@ -15,8 +15,8 @@ struct AreaLayout {
 };
 
 // `windowHeight` is that of the content, `lineHeight` that of a line of text, `outputLines` the number of display lines
-// of the result. The result's strip is as high as the result needs, with a fifth of a line to spare, and leaves the
-// equation one line at least. The strip's borders lie outside the window.
+// of the result. The strip is as high as the result plus a fifth of a line, but leaves the equation at least one line.
+// The strip's lower border is outside the window.
 [[nodiscard]] AreaLayout LayOutAreas(Int32 windowHeight, Int32 lineHeight, Int32 outputLines);
 
 }  // namespace sumlet

@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t mostEquations = 20;
 constexpr std::size_t mostBytes = std::size_t{64} << 20;
 
-std::deque<String> closed;  // the latest in front
+std::deque<String> closed;  // most recent first
 
 bool IsTooMuch() {
   std::size_t bytes = 0;
@@ -25,7 +25,7 @@ void Add(const winSumlet& window) {
   if (Trim(window.textInput().Text()).empty()) return;
   KeyList record = NewStoredList();
   window.StoreRecord(record);
-  record.RemoveItem("size");  // of the text, which may have changed when the window comes back
+  record.RemoveItem("size");  // the text size may change before the window opens again
   closed.push_front(record.GetData());
   while (IsTooMuch()) closed.pop_back();
 }

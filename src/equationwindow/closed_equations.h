@@ -7,13 +7,13 @@ class winSumlet;
 
 namespace ClosedEquations {
 
-// Keeps the text, the name and the place of a window that is about to close, unless its text is blank. Forgets the
-// oldest when there are more than 20, or more than 64 MiB of them.
+// Keeps the text, name, position and size of a window that is about to close, unless its text is blank. Drops the
+// oldest equations when there are more than 20 or when they exceed 64 MiB.
 void Add(const winSumlet& window);
 
 [[nodiscard]] bool IsEmpty();
 
-// Opens the one that was closed last, in front, in the text size of new windows. Does nothing when there is none.
+// Opens the most recently closed equation in front, with the text size of new windows. Does nothing if there is none.
 void Reopen();
 
 }  // namespace ClosedEquations

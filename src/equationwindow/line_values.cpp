@@ -51,8 +51,8 @@ bool LineValues::IsUnchanged(const Line& line, const QTextBlock& block) {
   return line.text == HashOf(FromQString(block.text()));
 }
 
-// The change covers some lines of before and some of now. Those at either end of it that are the same keep their
-// values, as the line does at whose end a line end was typed.
+// The change replaced some lines by others. Lines at either end of the change that are equal keep their values, such as
+// the line at whose end the user typed a line end.
 void LineValues::Follow(const QTextDocument& document, int position, int added) {
   if (lines_.empty()) return;
   const QTextBlock firstBlock = document.findBlock(position);

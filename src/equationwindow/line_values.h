@@ -20,11 +20,11 @@ class LineValues {
  public:
   LineValues() = default;  // of no line
 
-  // Evaluates math.equationText, whose lines end in LF, as MathClass::Evaluate does, and takes the value of each line.
-  // Takes 64 MiB of values at most; what exceeds that has none.
+  // Evaluates math.equationText, whose lines end in LF, by MathClass::Evaluate, and keeps the value of each line. Keeps
+  // at most 64 MiB of values; the lines beyond that have none.
   explicit LineValues(MathClass& math);
 
-  // The value of a line, 0-based; empty for a line without one, or that does not exist. Valid until the next change.
+  // Returns the value of a line, 0-based; empty if the line has none or does not exist. Valid until the next change.
   [[nodiscard]] std::string_view ValueOf(Int32 line) const;
 
   // Call it after each change of the document with the arguments of QTextDocument::contentsChange. The document's lines

@@ -17,7 +17,7 @@ constexpr Int32 flashPeriod = 300;  // ms
 constexpr qsizetype toolTipLine = 80;
 constexpr qsizetype longestToolTip = 25 * toolTipLine;
 
-// Broken into lines, because Qt shows a plain text in one, however long it is.
+// Breaks the text into lines, because Qt shows plain text on a single line.
 QString ToolTipOf(std::string_view value) {
   QString text = ToQString(value.substr(0, longestToolTip));
   if (value.size() > longestToolTip) text += QChar(0x2026);
@@ -26,7 +26,7 @@ QString ToolTipOf(std::string_view value) {
   return text;
 }
 
-// A tool tip stays open while the user types; its value may be out of date then.
+// An open tool tip would stay while the user types and show an outdated value.
 void HideToolTip(const QWidget& viewport) {
   if (QToolTip::isVisible() && viewport.underMouse()) QToolTip::hideText();
 }
@@ -76,7 +76,7 @@ std::vector<ValueDisplay::Shown> ValueDisplay::ShownBetween(int top, int bottom)
   const auto widthOf = [&metrics](QChar character) { return metrics.horizontalAdvance(character); };
   std::vector<Shown> shown;
   for (const auto& [line, room, baseline, isLeftOfText] : area_->RoomsBesideLines(top, bottom)) {
-    // A character of a size that can be read takes a pixel at least.
+    // A readable character is at least one pixel wide.
     const auto most = static_cast<std::size_t>(room.width()) + 1;
     const QString value = ToQString(values_.ValueOf(line).substr(0, most));
     const PlacedValue placed = PlaceValue(value, {room.left(), room.right(), isLeftOfText}, widthOf);
@@ -92,7 +92,7 @@ std::optional<ValueDisplay::Shown> ValueDisplay::ShownAt(const QPoint& place) co
   return {};
 }
 
-// The area paints its text over this.
+// The area paints its text afterwards.
 void ValueDisplay::Paint(const QRect& area) {
   QPainter painter(area_->viewport());
   painter.setFont(area_->font());
@@ -120,8 +120,8 @@ bool ValueDisplay::Press(const QMouseEvent& event) {
   return pressed_.has_value();
 }
 
-// A press on a value can also begin a selection in the text: the area then gets it after all. Moves without a button
-// are not for the area, which does not ask for them.
+// A drag that begins on a value selects text, so the area receives the press belatedly. The area does not use moves
+// without a button.
 bool ValueDisplay::Move(const QMouseEvent& event) {
   const QPoint place = event.position().toPoint();
   if (event.buttons() == Qt::NoButton) {

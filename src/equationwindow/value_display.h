@@ -1,7 +1,7 @@
-// ValueDisplay: shows the values of an equation's lines beside them in its text area, behind the text. The text keeps
-// its place. A value shows whole in a tool tip, and a click on it asks to copy it.
+// ValueDisplay: paints the values of an equation's lines beside them in its text area, behind the text. The text does
+// not move. A tool tip shows the whole value, and a click on a value calls Clicked.
 //
-// The display is an event filter of the area's viewport, so an area without one does nothing for it.
+// The display is an event filter of the area's viewport. An area without a display has no extra cost.
 #pragma once
 
 #include <QColor>
@@ -28,21 +28,21 @@ class ValueDisplay final : public QObject {
   ValueDisplay(TextArea& area, const QColor& color);
   ~ValueDisplay() override;
 
-  // The values of the area's present text. Edits move them and take them away, as LineValues says.
+  // Sets the values of the area's present text. Edits move and remove them, as LineValues::Follow does.
   void SetValues(LineValues values);
   [[nodiscard]] const LineValues& Values() const { return values_; }
 
   // Shows the values of the lines from `first` to `last`, 0-based and both included, inverted for a moment.
   void Flash(Int32 first, Int32 last);
 
-  // What is shown beside a line.
+  // A value as painted.
   struct Shown {
     int line;  // 0-based
     QString text;
     QRectF place;  // in pixels of the viewport
     qreal baseline;
   };
-  // Of the lines between two heights of the viewport.
+  // Returns the values painted between two heights of the viewport.
   [[nodiscard]] std::vector<Shown> ShownBetween(int top, int bottom) const;
 
   // Runs when the user clicks the value of a line, 0-based. May be empty.
@@ -63,8 +63,8 @@ class ValueDisplay final : public QObject {
   const QColor color_;
   const QCursor cursorOfText_;
   LineValues values_;
-  std::optional<QPoint> pressed_;  // where the left button went down on a value
-  bool isForwarding_ = false;      // of such a press to the area
+  std::optional<QPoint> pressed_;  // where the user pressed the left button on a value
+  bool isForwarding_ = false;      // such a press to the area
   Int32 firstFlashing_ = 0;        // line; none flashes while the last is before the first
   Int32 lastFlashing_ = -1;
   Timer tmrFlash_;

@@ -1,4 +1,4 @@
-// What is shown, and what is copied, of the values of an equation's lines.
+// The text and position of painted line values, and the text of copied ones.
 #pragma once
 
 #include <QString>
@@ -18,22 +18,22 @@ struct ValueRoom {
   bool isLeftOfText = false;  // the text is at the right edge
 };
 
-// What is shown in it. Without a text nothing is.
+// A value in that room. Not shown if the text is empty.
 struct PlacedValue {
   QString text;
   double left = 0;
   double width = 0;
 };
 
-// Places a value at the edge of the text area, two blanks away from the text at least. One that has not enough room is
-// cut and ends in "…"; where that leaves fewer than three characters, nothing is shown. `widthOf` gives the width of a
+// Places a value at the edge of the text area, at least two blanks away from the text. Cuts a value that is too wide
+// and ends it in "…", or omits it if fewer than three characters would be left. `widthOf` returns the width of a
 // character in pixels.
 [[nodiscard]] PlacedValue PlaceValue(const QString& value, const ValueRoom& room,
                                      const std::function<double(QChar)>& widthOf);
 
-// The lines of `text` from `first` to `last`, 0-based and both included, each with its value behind an arrow. The
-// arrows form a column after the longest line with a value. Lines of more than 80 characters do not count for it. LF
-// separates the lines; the last one has no line ending.
+// Returns the lines of `text` from `first` to `last`, 0-based and inclusive, each with its value after an arrow. The
+// arrows form a column after the longest line with a value, not counting lines of more than 80 characters. LF separates
+// the lines; the last one has no line ending.
 [[nodiscard]] String TextWithValues(std::string_view text, const LineValues& values, Int32 first, Int32 last);
 
 }  // namespace sumlet

@@ -1,5 +1,5 @@
-// An equation window: from typing to the result, the looks of its text, and how it is stored and restored. A text
-// change arms a timer, the timer calculates. The equation is always evaluated whole.
+// Calculates, colours and arranges an equation window, and stores and restores it. A change of the text arms a timer,
+// and the timer calculates. Each calculation evaluates the whole equation.
 #include "equationwindow/win_sumlet.h"
 
 #include <QEvent>
@@ -35,7 +35,7 @@ void winSumlet::Layout() {
 
 void winSumlet::CreateControls() { _CreateControls0(); }
 
-// Both areas stand one pixel outside the window at its edges, so that their borders are out of sight there.
+// Both areas extend one pixel beyond the window on each side, which hides their borders there.
 void winSumlet::_CreateControls0() {
   textInput_ = new TextArea(Content());
   textInput_->setAccessibleName(tr("Equation"));
@@ -66,8 +66,7 @@ void winSumlet::Event_Open() {
 
 void winSumlet::Event_Resized() { ArrangeControls(); }
 
-// Arming the armed timer restarts it: a burst of key strokes gives one calculation, calculationDelay after the last of
-// them.
+// Arming an armed timer restarts it, so that a burst of key strokes causes one calculation.
 void winSumlet::textInput_TextChange(TextArea& /*sender*/) {
   if (Loading) return;
   tmrCalculate_.SetMode(TimerMode::Single);
@@ -113,7 +112,7 @@ void winSumlet::AnnounceForAMoment(std::string_view notice) {
   tmrNotice_.SetMode(TimerMode::Single);
 }
 
-// A command that follows the last key at once is about the text that the user sees, not about the result of before.
+// A command that immediately follows a key applies to the text on the screen, not to the previous result.
 void winSumlet::CalculateIfDue() {
   if (IsCalculationDue()) Calculate();
 }
@@ -125,7 +124,7 @@ void winSumlet::ApplyTextSize(Int32 size) {
   ArrangeControls();
 }
 
-// The window's text size goes with the colours: a restored window has got its own without ApplyTextSize.
+// Also applies TextSize, because a restored window sets it directly.
 void winSumlet::SyntaxColoring() {
   const String text = textInput_->Text();
   if (text.empty()) return;
@@ -151,7 +150,7 @@ void winSumlet::ShowLineValues(bool shown) {
 // which its result wraps is not known before it shows.
 void winSumlet::ArrangeControls() {
   if (!isVisible()) return;
-  textOutput_->SetScrollbarVertical(false);  // a bar, while it stands, takes room from the lines that are counted
+  textOutput_->SetScrollbarVertical(false);  // a scroll bar would narrow the lines that are counted
   const Int32 lines = textOutput_->LineNumAtCharPos(Len(textOutput_->Text()));
   const AreaLayout layout = LayOutAreas(Height(), textInput_->LineHeight(TextSize), lines);
   textOutput_->setGeometry(textOutput_->x(), layout.outputTop, textOutput_->width(), layout.outputHeight);
@@ -164,14 +163,14 @@ void winSumlet::showEvent(QShowEvent* event) {
   ArrangeControls();
 }
 
-// The areas have the desktop's font, which may change while the window is open.
+// The desktop's font may change while the window is open.
 void winSumlet::changeEvent(QEvent* event) {
   BaseWindow::changeEvent(event);
   if (event->type() == QEvent::FontChange && textOutput_ != nullptr) ArrangeControls();
 }
 
-// The window manager may have given the window its new size before it told of the new state, so the bounds are not
-// asked of the window now.
+// The window manager may have resized the window before it reports the new state, so this does not read the window's
+// present bounds.
 void winSumlet::StoreWindowedBounds() {
   const QRect bounds = restoredBounds_.value_or(WindowedBounds());
   NonFullscreenLeft = bounds.x();
@@ -182,8 +181,8 @@ void winSumlet::StoreWindowedBounds() {
 
 void winSumlet::Event_FullScreen() { StoreWindowedBounds(); }
 
-// A restored window goes to full screen from the event loop, once it is on the screen. The window manager may be about
-// to frame it then, and its reported place may or may not include the frame. So its bounds are noted ahead of that.
+// A restored window enters full screen from the event loop, once it is on the screen. By then the window manager may be
+// adding the frame, and the reported position may or may not include it. So this notes the bounds beforehand.
 void winSumlet::delayToggleFullscreen() {
   restoredBounds_ = WindowedBounds();
   tmrDelayToggleFullscreen_.SetPeriod(10);

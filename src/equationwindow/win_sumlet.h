@@ -1,7 +1,7 @@
-// winSumlet: the document window. The equation is typed into its upper area, the result stands in the strip below.
+// winSumlet: the document window. The user types the equation into its upper area; the strip below shows the result.
 //
-// Whoever fills a window by program calls SetEquation, or does what it does: sets Loading, sets the text of textInput,
-// clears Loading and calls Calculate, so that the text does not count as typed and the result is there at once.
+// A caller that fills a window calls SetEquation, or follows its steps: sets Loading, sets the text of textInput,
+// clears Loading and calls Calculate. The text then does not count as typed, and the result is shown immediately.
 #pragma once
 
 #include <memory>
@@ -20,12 +20,12 @@ namespace sumlet {
 
 class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow {
  public:
-  // Opens an empty equation window. It owns itself. One that is not `visible` waits for Show.
+  // Opens an empty equation window, which owns itself. A window that is not `visible` waits for Show.
   explicit winSumlet(bool visible = true);
 
   // The name that the equation came from; empty for a new one.
   String FromTemplate;
-  // In points. Takes effect on the text by ApplyTextSize.
+  // In points. ApplyTextSize applies it to the text.
   Int32 TextSize = 13;
   // Part of the class's record; nothing sets or reads it. The guard is Loading.
   bool bIgnoreTextChange = false;
@@ -56,17 +56,17 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   // The first line of the equation that is not blank, trimmed; empty when there is none.
   [[nodiscard]] String GetFirstLine() const;
 
-  // Asks for a place and writes the text there. Always True: handled. What goes wrong is told in an alert.
+  // Asks for a file name and writes the text there. Reports a failure by an alert. Always True: handled.
   bool _FileExport_Action();
 
-  // Asks for a name on a sheet and adds the equation to the templates when one is given. Always True: handled.
+  // Asks for a name on a sheet and, if the user gives one, adds the equation to the templates. Always True: handled.
   bool _FileSaveAsTemplate_Action();
 
   // Copies the result, or the error, as the strip shows it. Always True: handled.
   bool _EditCopyResult_Action();
 
-  // Gives the keyboard to the equation, with the caret at the end of the line that failed. Does nothing without an
-  // error. Always True: handled.
+  // Moves the focus to the equation and the caret to the end of the line that failed. Does nothing without an error.
+  // Always True: handled.
   bool _EditGoToError_Action();
 
   // Copies the value of the line with the caret, or the selected lines, or else all, with their values (value_text.h).
@@ -74,19 +74,19 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   bool _EditCopyLineValue_Action();
   bool _EditCopyWithValues_Action();
 
-  // Shows an equation that was not typed, and its result; no save is scheduled. `name` is what it came from.
+  // Shows an equation that was not typed, and its result. Schedules no save. `name` is that of its template or file.
   void SetEquation(std::string_view name, std::string_view text);
 
   // Evaluates the whole equation and shows its result.
   void Calculate();
 
-  // Gives both areas the text size, in points, and lays them out anew.
+  // Sets the text size of both areas, in points, and arranges them.
   void ApplyTextSize(Int32 size);
 
-  // Shows the value of each line beside it, or no longer. Showing them evaluates the equation.
+  // Shows or hides the value of each line beside it. Showing the values evaluates the equation.
   void ShowLineValues(bool shown);
 
-  // Writes the text, the place and the looks of the window into a record of the session, and opens a window from one.
+  // Writes the text, position, size and text size into a record of the session, and opens a window from one.
   void StoreRecord(KeyList& record) const override;
   static void RestoreFrom(const MyWindowManager::Record& record);
 
@@ -134,8 +134,8 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   Timer tmrNotice_;
   NameProviderDialog TemplateSaver_;
   Timer tmrDelayToggleFullscreen_;
-  int wheelTurn_ = 0;                    // less than a step, in eighths of a degree
-  std::optional<QRect> restoredBounds_;  // of a restored window until it goes to full screen
+  int wheelTurn_ = 0;                    // the rest of a step, in eighths of a degree
+  std::optional<QRect> restoredBounds_;  // of a restored window until it enters full screen
 };
 
 }  // namespace sumlet

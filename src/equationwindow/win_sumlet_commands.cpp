@@ -19,7 +19,7 @@
 namespace sumlet {
 namespace {
 
-// Empty when the text has been written, else the reason. A file that stood there is replaced whole or not at all.
+// Returns the error, or an empty text on success. Replaces an existing file completely or not at all.
 QString WriteText(const QString& path, const String& text) {
   QSaveFile file(path);
   file.setDirectWriteFallback(true);
@@ -63,7 +63,7 @@ bool winSumlet::_EditGoToError_Action() {
   return true;
 }
 
-// Without an evaluation: whether a line's value is known, 0-based, or can turn out to be.
+// Whether a line, 0-based, has a value or may have one after the calculation that is due. Does not evaluate.
 bool winSumlet::LineMayHaveValue(Int32 line) const {
   const String text = FromQString(textInput().document()->findBlockByNumber(line).text());
   const std::string_view trimmed = Trimmed(text);
@@ -71,7 +71,7 @@ bool winSumlet::LineMayHaveValue(Int32 line) const {
   return IsCalculationDue() || !math->ResultIsError() || line < math->LastLineEvaluated;
 }
 
-// The values of the text as it is. Where none are shown, one more calculation gives them.
+// Returns the values of the present text. Calculates once more if the window shows no values.
 LineValues winSumlet::CurrentValues() {
   if (valueDisplay_ != nullptr) {
     CalculateIfDue();
@@ -97,7 +97,7 @@ bool winSumlet::_EditCopyLineValue_Action() {
   return true;
 }
 
-// A selection that ends at the beginning of a line has nothing of that line.
+// A selection that ends at the beginning of a line does not include that line.
 bool winSumlet::_EditCopyWithValues_Action() {
   const QTextCursor selection = textInput().textCursor();
   const QTextDocument& document = *textInput().document();
@@ -137,13 +137,13 @@ bool winSumlet::_FileSaveAsTemplate_Action() {
   return true;
 }
 
-// Copies, because adding may ask a question, and the window may be closed while that stands.
+// Copies the name, because Add may ask a question, and the window may close meanwhile.
 void winSumlet::TemplateSaver_Saved(const NameProviderDialog& sender) {
   const String name = sender.Text;
   TemplatesManager::Add(name, textInput().Text());
 }
 
-// Listens to the viewports of both areas, ahead of the areas themselves.
+// Filters the events of the viewports of both areas.
 bool winSumlet::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Wheel) return TurnWheel(static_cast<const QWheelEvent&>(*event));
   if (event->type() == QEvent::MouseButtonDblClick && watched == textOutput().viewport())
@@ -151,7 +151,7 @@ bool winSumlet::eventFilter(QObject* watched, QEvent* event) {
   return BaseWindow::eventFilter(watched, event);
 }
 
-// With Ctrl the wheel changes the text size. A fine wheel or a touch pad takes several events for one step.
+// With Ctrl the wheel changes the text size. A high-resolution wheel or a touch pad sends several events for one step.
 bool winSumlet::TurnWheel(const QWheelEvent& event) {
   if (!(event.modifiers() & Qt::ControlModifier)) return false;
   wheelTurn_ += event.angleDelta().y();
@@ -161,7 +161,7 @@ bool winSumlet::TurnWheel(const QWheelEvent& event) {
   return true;
 }
 
-// A double click on an error leads to its line. On a value it selects, as in every text.
+// A double click on an error moves the caret to its line. On a value it selects a word, as in any text.
 bool winSumlet::DoubleClickResult(const QMouseEvent& event) {
   if (event.button() != Qt::LeftButton || !math->ResultIsError()) return false;
   _EditGoToError_Action();

@@ -1,8 +1,8 @@
-// Every event of the toolkit, timers and sockets included, comes through notify, and nested ones each through their
-// own: a fault leaves the innermost event only, and no frame of the event loop below is ever unwound.
+// notify() receives every event of the toolkit, including timers and sockets, and nested events have nested calls. So
+// an exception ends only the innermost event and never unwinds the toolkit's event loop.
 //
-// The alert is not shown in place. The event may be in the middle of painting or closing, and a fault of a paint event
-// would come again with each repainting that its own alert brings about.
+// The alert is posted, not shown immediately: the event may be in the middle of painting or closing, and the alert
+// would cause repainting, which would fail again.
 #include "framework/ui/application.h"
 
 #include <QAccessibleWidget>
@@ -36,8 +36,7 @@ int& SetArguments(const char* session) {
   return argumentCount;
 }
 
-// Screen readers look for frames and dialogs. To the toolkit a plain widget is neither, and an alert is a role of its
-// own.
+// Screen readers look for frames and dialogs. The toolkit reports neither for a plain widget or an alert.
 class AccessibleWindow final : public QAccessibleWidget {
  public:
   using QAccessibleWidget::QAccessibleWidget;
@@ -57,7 +56,7 @@ QAccessibleInterface* NewAccessibleWindow(const QString& /*className*/, QObject*
 Application::Application(const char* session) : QApplication(SetArguments(session), programArguments) {
   setQuitOnLastWindowClosed(false);
   QAccessible::installFactory(NewAccessibleWindow);
-  // The session manager's message comes through its own library, not as an event.
+  // The session manager's library calls this, not an event.
   connect(
       this, &QGuiApplication::commitDataRequest, this,
       [this](QSessionManager&) {

@@ -1,4 +1,5 @@
-// Application: the toolkit's application with the boundary of an event, and with quitting left to the program.
+// Application: the toolkit's application, which catches faults at the boundary of each event and leaves quitting to the
+// program.
 #pragma once
 
 #include <QApplication>
@@ -8,18 +9,17 @@ namespace sumlet {
 
 class Application final : public QApplication {
  public:
-  // `session` is the name under which a session manager starts the program again, or nullptr. The program registers
-  // with the session manager under that name. The toolkit's own options are not offered.
+  // Registers with the session manager under the name `session`, under which the session manager restarts the program;
+  // nullptr for a normal start. The toolkit's own options are not available.
   explicit Application(const char* session = nullptr);
 
-  // Takes the place of the toolkit closing the windows by itself when the desktop or the session manager says to quit.
+  // Runs when the desktop or the session manager requests to quit, instead of the toolkit closing all windows.
   std::function<void()> QuitRequested;
-  // The session may be about to end; it may also go on. Runs while all windows stand, and must not ask anything.
+  // Runs when the session may be about to end, while all windows are open. Must not prompt.
   std::function<void()> SessionEnding;
 
-  // Runs `action` as an event of its own. A Fault, or too little memory, ends the action, and one alert says so soon
-  // after; further ones while that alert stands are not told. Nothing else is caught. For what the toolkit does not
-  // deliver as an event.
+  // Runs `action` like an event. Catches Fault and std::bad_alloc and reports them by an alert from the event loop, but
+  // not while an earlier such alert is open. Other exceptions pass. For calls that do not come from an event.
   void RunEvent(const std::function<void()>& action);
 
   bool notify(QObject* receiver, QEvent* event) override;

@@ -1,5 +1,5 @@
-// CaretRest: carets blink while somebody works and stand still, in sight, when nobody has for a while. A program that
-// is left alone then has no timer running and does not wake the processor.
+// CaretRest: stops the blinking of carets, leaving them visible, when the user pauses. An idle program then runs no
+// timer and does not wake the processor.
 #pragma once
 
 #include <QObject>
@@ -13,8 +13,8 @@ class CaretRest final : public QObject {
   // In milliseconds from the last key, click or change of the focus.
   static constexpr Int32 BlinkingTime = 10000;
 
-  // For all carets of the application, which has to exist, as long as this object lives. How fast they blink, and
-  // whether they do, stays the desktop's business.
+  // Affects all carets of the application, which must exist, while this object lives. The desktop decides whether and
+  // how fast carets blink.
   CaretRest();
   ~CaretRest() override;
 

@@ -31,7 +31,7 @@ QString Cut(const QString& text) {
   return text;
 }
 
-// A zero-width space is where a line may break without showing anything.
+// A zero-width space allows an invisible line break.
 QString WithBreaks(const QString& text) {
   QString broken;
   qsizetype word = 0;
@@ -46,15 +46,15 @@ QString WithBreaks(const QString& text) {
   return broken;
 }
 
-// The window that the user looks at; an alert in front of it cannot be overlooked. A window that has just opened is in
-// front before it is active.
+// Returns the front window, so that the user sees the alert. A window that has just opened is in front before it is
+// active.
 QWidget* AlertParent() {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
   if (WindowCount() > 0 && WindowAt(0).isVisible()) return &WindowAt(0);
   return QApplication::activeWindow();
 }
 
-// Its owner is the window in front of which it stands, which may go while it stands.
+// The parent window owns the alert and may be destroyed while the alert is open.
 QPointer<QMessageBox> NewAlert(QMessageBox::Icon icon, std::string_view text) {
   QPointer<QMessageBox> alert = new QMessageBox(AlertParent());
   alert->setIcon(icon);
@@ -64,7 +64,7 @@ QPointer<QMessageBox> NewAlert(QMessageBox::Icon icon, std::string_view text) {
   return alert;
 }
 
-// The toolkit's text format is that of the message alone, and it would take a file name for markup.
+// The text format of a message box applies to its message only; it would interpret a file name here as markup.
 void SetExplanation(QMessageBox& alert, std::string_view text) {
   if (text.empty()) return;
   alert.setInformativeText(QStringLiteral(" "));
@@ -103,7 +103,7 @@ DialogButton ShowQuestion(const MessageDialog& dialog) {
   return answer;
 }
 
-// Strict: the tolerant reading would encode a percent sign that is there by mistake, and open another page.
+// The tolerant mode would encode a stray percent sign and so open another page.
 void OpenInBrowser(std::string_view address) {
   const QByteArray bytes(address.data(), static_cast<qsizetype>(address.size()));
   const QUrl url = QUrl::fromEncoded(bytes, QUrl::StrictMode);

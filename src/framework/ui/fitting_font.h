@@ -1,5 +1,5 @@
-// The sizes of controls are given in pixels and the desktop's font is the user's choice: a text that is too large for
-// its control is drawn smaller, never cut.
+// Fits text into controls whose size is fixed in pixels, while the user chooses the desktop's font: draws a text that
+// is too large smaller, and never cuts it.
 #pragma once
 
 #include <QFont>

@@ -9,7 +9,7 @@
 namespace sumlet {
 namespace {
 
-// A file name may hold any bytes, and the toolkit's own conversion loses those that are no UTF-8.
+// A file name may contain any bytes; the toolkit's conversion loses those that are not UTF-8.
 FolderItem ItemOf(const QUrl& file) {
 #if defined(Q_OS_WIN)
   return FolderItem(file.toLocalFile().toStdWString());

@@ -1,10 +1,10 @@
-// The formats are those of the lines' layouts and not of the text. Formats of the text would enter the undo history and
-// count as changes of it, and so would Qt's own highlighter. But layout formats do not grow with the text, and an input
-// method replaces all of them. So each line remembers its colour, and its formats are written again after each change.
+// Sets formats of the lines' layouts, not of the text. Formats of the text, like those of Qt's highlighter, would enter
+// the undo history and count as changes. But layout formats do not grow with the text, and an input method replaces all
+// of them. So each line stores its colour, and each change rewrites the formats of its lines.
 //
-// Qt shapes a run of combining marks in time that grows with the square of its length: minutes for a megabyte. A format
-// of its own for each piece of a long run makes Qt shape piece by piece. Leaving shaping out in the pieces saves more
-// time, but alone would not do: Qt shapes Devanagari and its relatives all the same.
+// Qt shapes a run of combining marks in quadratic time: minutes for a megabyte. Splitting a long run into pieces with
+// separate formats makes Qt shape piece by piece. PreferNoShaping saves more time, but is not sufficient: Qt ignores it
+// for Devanagari and related scripts.
 #include "framework/ui/line_formats.h"
 
 #include <QTextBlock>
@@ -46,7 +46,7 @@ bool IsOurs(const FormatRange& range) { return range.format.hasProperty(pieceNum
 
 bool IsComposing(const QTextBlock& block) { return !block.layout()->preeditAreaText().isEmpty(); }
 
-// Joiners take as long as marks, and can stand between them.
+// Joiners, which can occur between marks, take as long as marks.
 bool IsMark(char32_t character) {
   return character >= firstMark && (QChar::isMark(character) || character == 0x200C || character == 0x200D);
 }
@@ -79,7 +79,7 @@ void AppendRunsOfMarks(QStringView text, QList<FormatRange>& formats) {
   AppendPieces(text, start, size, formats);
 }
 
-// The layout counts the text that an input method composes as a part of the line.
+// The layout includes the text that an input method composes in the line.
 void MakeRoomForComposition(const QTextLayout& layout, QList<FormatRange>& formats) {
   const int position = layout.preeditAreaPosition();
   const auto length = static_cast<int>(layout.preeditAreaText().size());
@@ -142,8 +142,8 @@ void LineFormats::Follow(int position, int removed, int added) {
     if (block == first || TextLength(block) > 0) Write(block);  // a new empty line needs no layout yet
 }
 
-// What is typed or pasted into a coloured line takes its colour, also where it brings line ends; what follows a removed
-// line end keeps the ordinary one. Text added at the very end is ordinary.
+// Text typed or pasted into a coloured line takes its colour, including further lines of that text. Text joined to the
+// line by removing a line end keeps its ordinary colour. Text appended to the document is ordinary.
 void LineFormats::FollowColor(int position, int removed, int added) {
   QTextBlock block = document_->findBlock(position);
   const QColor color = ColorOf(block).color;

@@ -1,6 +1,5 @@
-// LineFormats: how the lines of a text document are drawn: their colours, and runs of combining marks in a way that
-// stays fast. It never changes the text: it adds no undo step, raises no text change and moves neither caret nor scroll
-// bar.
+// LineFormats: colours the lines of a text document, and keeps the drawing of long runs of combining marks fast. Does
+// not change the text: adds no undo step, emits no textChanged, and moves neither the caret nor the scroll bar.
 #pragma once
 
 #include <QColor>
@@ -21,9 +20,9 @@ class LineFormats : public QObject {
   // input method composes takes its colour at the next EndComposition.
   void Apply(const std::vector<QColor>& colors);
 
-  // To be called around the handling of an input method's event, which replaces the formats of its line and reports the
-  // whole line as changed. The second call says what has changed: at `position`, `removed` UTF-16 units were replaced
-  // by `added` ones. The formats of a composition that goes on are kept.
+  // Call these before and after the handling of an input method's event, which replaces the formats of its line and
+  // reports the whole line as changed. EndComposition states the actual change: `added` UTF-16 units replaced `removed`
+  // ones at `position`. The formats of an unfinished composition are kept.
   void BeginComposition() { isComposing_ = true; }
   void EndComposition(int position, int removed, int added);
 

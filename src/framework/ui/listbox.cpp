@@ -1,5 +1,6 @@
-// A tree view without branches rather than a table view: its keys are those of a list, Home and End included. The rows
-// lie in a model of plain text, because an item object for each cell would cost ten times the memory and time.
+// Uses a tree view without branches, because its keys, such as Home and End, are those of a list, unlike a table
+// view's. The rows are in a model of plain text, because an item object for each cell would cost ten times the memory
+// and time.
 #include "framework/ui/listbox.h"
 
 #include <QAbstractTableModel>
@@ -28,7 +29,7 @@ QString OnOneLine(QString text) {
   return text;
 }
 
-// What of `text` can be seen in `width` pixels: no character is narrower than a pixel.
+// Returns the part of `text` that can be visible in `width` pixels; every character is at least one pixel wide.
 QString SeenLine(std::string_view text, int width) { return OnOneLine(ToQString(Left(text, width + 1))); }
 
 int TextWidth(int cellWidth) { return std::max(cellWidth - 2 * textMargin, 0); }
@@ -130,7 +131,7 @@ void Listbox::AddRow(String first, String second) { rows_->Add({std::move(first)
 
 void Listbox::DeleteAllRows() {
   rows_->Clear();
-  TakeListIndex(-1);  // a model that is emptied takes the selection with it and tells nobody
+  TakeListIndex(-1);  // resetting a model clears the selection without a signal
 }
 
 const String& Listbox::Cell(Int32 row, Int32 column) const { return rows_->Cell(row, column); }
@@ -217,7 +218,7 @@ void Listbox::TakeListIndex(Int32 row) {
   if (std::exchange(listIndex_, row) != row && Change) Change(*this);
 }
 
-// Qt lets a click with Ctrl take the selection away.
+// In Qt a click with Ctrl would deselect the row.
 QItemSelectionModel::SelectionFlags Listbox::selectionCommand(const QModelIndex& index, const QEvent* event) const {
   const QItemSelectionModel::SelectionFlags command = QTreeView::selectionCommand(index, event);
   const bool takesAway = !index.isValid() || command.testFlag(QItemSelectionModel::Deselect);

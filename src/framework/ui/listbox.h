@@ -1,12 +1,11 @@
-// Listbox: a list of rows with one or two columns, of which one row at most is selected.
+// Listbox: a list of rows with one or two columns and at most one selected row.
 //
-// Black on white whatever the desktop's colours, in the desktop's font, with a border of one pixel inside its bounds,
-// without headings, lines and a sign of the focus. A vertical scroll bar shows when it is needed. The last column takes
-// what is left. A tool tip shows the whole of a text that the list itself draws and has to cut.
+// Black on white regardless of the desktop's colours, in the desktop's font, with a border of one pixel inside its
+// bounds, without headings, grid lines or a focus mark. A vertical scroll bar shows when needed. The last column takes
+// the remaining width. A tool tip shows the whole text of a cell that the list draws and has to cut.
 //
-// Rows and columns are 0-based; a row or column that does not exist is a Fault and changes nothing. Texts are UTF-8 and
-// come out byte for byte as they went in. Any number of rows and any length of texts is fine: what a cell does not show
-// is not looked at when it is drawn.
+// Rows and columns are 0-based. An index out of range throws a Fault and changes nothing. Texts are UTF-8 and are kept
+// byte for byte. Drawing reads only the visible part of a text, so that any number of rows and any length is fast.
 #pragma once
 
 #include <QTreeView>
@@ -35,7 +34,7 @@ class Listbox : public QTreeView {
 
   [[nodiscard]] Int32 ColumnCount() const;
 
-  // The user can select another row but cannot take the selection away. The program can.
+  // The user can select another row but cannot deselect. The program can.
   bool RequiresSelection = false;
 
   // In pixels; of the first of two columns.
@@ -55,9 +54,9 @@ class Listbox : public QTreeView {
   [[nodiscard]] const String& Cell(Int32 row, Int32 column) const;
   void SetCell(Int32 row, Int32 column, String text);
 
-  // ListIndex has become another, by the user or by the program.
+  // Runs after the user or the program has changed ListIndex.
   std::function<void(Listbox& sender)> Change;
-  // A row was clicked twice with the left button; it is selected.
+  // Runs after a double click on a row with the left button; the row is selected.
   std::function<void(Listbox& sender)> DoubleClick;
   // Draw the background and the text of one cell. False leaves the drawing to the list, the text in the colour that the
   // painter's pen has then. Where there is no handler the list draws, a selected row white on blue. The cell is white

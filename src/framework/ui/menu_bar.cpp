@@ -1,5 +1,5 @@
-// The toolkit lets menus and their actions be shared by many bars. A disabled action swallows its shortcut, so the
-// enabling pass cannot wait for a menu to show: it also runs when a key goes down, before shortcuts are looked up.
+// In the toolkit many bars can share menus and actions. A disabled action swallows its shortcut, so the enabling pass
+// also runs on a key press, before the toolkit looks up shortcuts.
 #include "framework/ui/menu_bar.h"
 
 #include <QAccessible>
@@ -22,8 +22,8 @@ Value& Named(const std::map<std::string, Value*>& values, const std::string& nam
   return *found->second;
 }
 
-// To a screen reader the title of a menu is in the bar where it was first met. Once that is gone the title would be
-// missing in the bars of the other windows, so it is forgotten, and met anew in one of them.
+// The accessible object of a menu's title belongs to the bar in which a screen reader first found it. When that bar is
+// destroyed, the title would be missing from the other bars, so this deletes the object; the toolkit creates it again.
 void ForgetTitle(QMenu& menu) {
   if (!QAccessible::isActive()) return;
   if (QAccessibleInterface* title = QAccessible::queryAccessibleInterface(menu.menuAction()))
@@ -48,8 +48,8 @@ class WindowMenuBar final : public QMenuBar {
   }
 };
 
-// Text controls would type the letter of Alt and a letter that no menu has. AltGr is a modifier of its own, or Ctrl and
-// Alt; on macOS Alt itself types characters.
+// Text controls would insert the letter of Alt and a letter that is no mnemonic. AltGr is a separate modifier, or Ctrl
+// and Alt. On macOS Alt types characters.
 bool IsAltCharacter([[maybe_unused]] const QKeyEvent& key) {
 #if defined(Q_OS_MACOS)
   return false;
@@ -60,7 +60,7 @@ bool IsAltCharacter([[maybe_unused]] const QKeyEvent& key) {
 #endif
 }
 
-// A plain character is no shortcut of any item, and typing must not wait for an enabling pass.
+// No item has a plain character as its shortcut, and typing must not wait for an enabling pass.
 bool IsTyping(const QKeyEvent& key) {
   const Qt::KeyboardModifiers plain = Qt::ShiftModifier | Qt::KeypadModifier | Qt::GroupSwitchModifier;
   return !key.text().isEmpty() && key.text().front().isPrint() && !(key.modifiers() & ~plain);

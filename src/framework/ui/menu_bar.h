@@ -1,11 +1,11 @@
-// MenuBar: the one tree of menus and commands of the program, drawn in as many windows as want it.
+// MenuBar: the menus and commands of the program, shared by all windows.
 //
-// An item has a name. When it is chosen, the handler bound to that name is asked: first that of the front window, then
-// the application's. An item without a handler in reach does nothing.
+// An item has a name. Choosing it runs the handler bound to that name: the front window's, or else the application's.
+// Without a handler it does nothing.
 //
-// Ahead of each showing of a menu and of each shortcut an enabling pass runs: items that are not enabled by themselves
-// are disabled, then the front window and the application enable what they can do. The Edit items follow the control
-// that has the focus.
+// An enabling pass runs before a menu opens and before each shortcut. It disables the items without autoEnable, then
+// the front window and the application enable those that they can handle. The Edit items depend on the control that has
+// the focus.
 #pragma once
 
 #include <QAction>

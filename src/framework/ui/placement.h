@@ -20,16 +20,15 @@ enum class Placement {
 // that the titles of all of them can be read and clicked.
 inline constexpr int StaggerStep = 24;
 
-// The top left corner of a staggered window of `size` (frame included), in pixels. It begins near the corner of
-// `screen` and goes on from `previous`; where the window would leave the screen, that direction begins anew. Without a
-// previous corner on this screen it is the first. A window larger than the screen stands at its corner. Passes over
-// places within half a step of a corner in `taken`, as long as the screen has others.
+// Returns the top left corner of a staggered window of `size` (frame included), in pixels: one step from `previous`, or
+// from the corner of `screen` if there is none on this screen. A direction in which the window would leave the screen
+// restarts. A window larger than the screen is at its corner. Avoids places within half a step of a corner in `taken`
+// if the screen has others.
 [[nodiscard]] QPoint StaggeredCorner(const QSize& size, const QRect& screen, std::optional<QPoint> previous,
                                      const std::vector<QPoint>& taken = {});
 
-// The top left corner of a centred window of `size`, and of a sheet that hangs below the title bar of a window whose
-// content takes `parent`, in pixels. Where it would leave the screen it is moved inside; what is larger than the screen
-// stands at its corner.
+// Return the top left corner of a centred window of `size`, and of a sheet below the title bar of a window with the
+// content `parent`, in pixels. Both are moved to be on the screen; a window larger than the screen is at its corner.
 [[nodiscard]] QPoint CentredCorner(const QSize& size, const QRect& screen);
 [[nodiscard]] QPoint SheetCorner(const QSize& size, const QRect& parent, const QRect& screen);
 
@@ -38,9 +37,9 @@ enum class Lock { Left = 1, Top = 2, Right = 4, Bottom = 8 };
 Q_DECLARE_FLAGS(Locks, Lock)
 Q_DECLARE_OPERATORS_FOR_FLAGS(Locks)
 
-// Where a control at `bounds` stands after its window's content went from the size `before` to `after`, in pixels.
-// Locked to two opposite edges it grows and shrinks, never below nothing; locked to the right or bottom edge alone it
-// moves; without either it stays.
+// Returns the bounds of a control, at `bounds` before, after its window's content has changed from the size `before` to
+// `after`, in pixels. A control locked to two opposite edges grows and shrinks, at least to 0. A control locked to the
+// right or bottom edge only moves.
 [[nodiscard]] QRect LockedBounds(const QRect& bounds, const QSize& before, const QSize& after, Locks locks);
 
 }  // namespace sumlet

@@ -28,8 +28,8 @@ QPalette PaperPalette() {
   return palette;
 }
 
-// Styles for dark desktops draw scroll bars in colours of their own and ignore the palette. Others lay the bar over the
-// end of the text. In both cases area and bar get the plain style; where neither is so they keep the desktop's.
+// Some styles for dark desktops ignore the palette of scroll bars, and others draw the bar over the text. In both cases
+// the area and its bar use the plain style, otherwise the desktop's.
 void UseLightScrollBar(QAbstractScrollArea& area) {
   constexpr QColor lightGrey(0xEF, 0xEF, 0xEF);
   constexpr int medium = 128;  // of a lightness from 0 to 255

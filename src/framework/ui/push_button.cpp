@@ -1,6 +1,6 @@
-// The style draws the empty button. Caption, default outline and focus ring are drawn here, because styles leave room
-// for the caption as if the button could grow, and mark a default button and the focus alike or not at all. A style
-// that knows the widget would ask it for both marks, so it gets the option alone.
+// The style draws the empty button. This class draws the caption, the default outline and the focus ring, because
+// styles assume that a button can grow to fit its caption, and many mark the default button and the focus alike or not
+// at all. The style gets only the option, because it would read both marks from the widget.
 #include "framework/ui/push_button.h"
 
 #include <QKeyEvent>

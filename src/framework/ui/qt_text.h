@@ -8,9 +8,9 @@
 
 namespace sumlet {
 
-// Every character comes across, U+FEFF at the beginning included; a byte that is no UTF-8 becomes U+FFFD.
+// Keeps every character, including U+FEFF at the beginning. A byte that is not UTF-8 becomes U+FFFD.
 [[nodiscard]] QString ToQString(std::string_view utf8);
-// Every character comes across; half of a surrogate pair becomes U+FFFD.
+// Keeps every character. Half of a surrogate pair becomes U+FFFD.
 [[nodiscard]] String FromQString(const QString& text);
 
 // Returns the beginning of a text for a screen reader, at most 1000 characters, so that a long text does not flood the

@@ -291,7 +291,7 @@ void TextArea::keyPressEvent(QKeyEvent* event) {
   QPlainTextEdit::keyPressEvent(event);
 }
 
-// Qt keeps the first visible line where it is and may so hide the caret.
+// Qt keeps the first visible line in place, which may hide the caret.
 void TextArea::resizeEvent(QResizeEvent* event) {
   const bool caretWasVisible = IsCaretVisible(event->oldSize());
   QPlainTextEdit::resizeEvent(event);
@@ -299,7 +299,7 @@ void TextArea::resizeEvent(QResizeEvent* event) {
   if (caretWasVisible) ensureCursorVisible();
 }
 
-// Qt would break a number behind its decimal point, however much room is left in the line.
+// Qt would break a number after its decimal point, regardless of the room left in the line.
 bool TextArea::WrapsAnywhere(QStringView text) const { return HasLongLine(text) || (isReadOnly() && !HasLetter(text)); }
 
 // Runs before the changed text is laid out.

@@ -24,34 +24,33 @@ class TextArea : public QPlainTextEdit {
  public:
   explicit TextArea(QWidget* parent);
 
-  // The text character by character, in UTF-8. Whatever ended a line when it came in (LF, CR, CR LF, U+2029), it is LF
-  // in here; bytes that are no UTF-8 come out as U+FFFD. Setting the text empties the undo history.
+  // The text in UTF-8. All line ends (LF, CR, CR LF, U+2029) become LF, and bytes that are not UTF-8 become U+FFFD.
+  // Setting the text clears the undo history.
   [[nodiscard]] String Text() const;
   void SetText(std::string_view text);
 
-  // The size of the whole text in points; one out of the range 1 to 1000 takes the nearer end.
+  // Sets the size of the whole text in points, limited to the range from 1 to 1000.
   void SetTextSize(Int32 points);
 
-  // The height in pixels, rounded up, with which the area lays out a line of text of that size. Letters that the font
-  // lacks may make a line higher.
+  // Returns the height of a line of text of that size in pixels, rounded up. Characters from a fallback font may make a
+  // line higher.
   [[nodiscard]] Int32 LineHeight(Int32 points) const;
 
   // Read only, the text can still be selected and copied, by mouse and by keyboard.
   void SetReadOnly(bool readOnly);
 
-  // What is typed or composed into this read-only area goes to `receiver`, and the focus with it. The receiver has to
-  // live as long as this area.
+  // Passes text that the user types or composes into this read-only area to `receiver`, with the focus. The receiver
+  // must outlive this area.
   void SetTypingReceiver(TextArea& receiver);
 
   // Whether a vertical scroll bar shows when the text is higher than the area. There is never a horizontal one.
   void SetScrollbarVertical(bool shown);
 
-  // The display line, counted from 1, that holds the caret when it stands behind the first `position` characters. Lines
-  // that are wrapped count as many as they show.
+  // Returns the display line, 1-based, of the position after the first `position` characters. A wrapped line counts as
+  // several.
   [[nodiscard]] Int32 LineNumAtCharPos(Int32 position) const;
 
-  // Puts the caret behind the last character of a line, 0-based, and scrolls it into sight. A line that does not exist
-  // stands for the last one.
+  // Moves the caret to the end of a line, 0-based, or of the last line if there is no such line, and scrolls to it.
   void MoveCaretToLineEnd(Int32 line);
 
   // The room that is free beside the text of a line, in the last of its display lines, on the side that has more of it.
@@ -69,7 +68,7 @@ class TextArea : public QPlainTextEdit {
   // coloured line takes its colour.
   void SetLineColors(const std::vector<QColor>& colors) { lineFormats_->Apply(colors); }
 
-  // Runs after each change of the text, those by SetText included; not for a change of its looks.
+  // Runs after each change of the text, including SetText, but not after a change of its formats.
   std::function<void(TextArea& sender)> TextChange;
 
   [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;

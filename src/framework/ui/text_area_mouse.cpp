@@ -1,4 +1,4 @@
-// What the mouse does in a text: it selects, drags, drops, scrolls and opens the context menu.
+// TextArea's handling of the mouse: selection, drag and drop, scrolling and the context menu.
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDrag>
@@ -16,8 +16,8 @@ bool TextArea::canInsertFromMimeData(const QMimeData* source) const {
   return QPlainTextEdit::canInsertFromMimeData(source) || !FilesIn(*source).empty();
 }
 
-// The clipboard has the text of a link beside its address, and that is what the user wants to paste. Qt would make a
-// document of the text first, which takes three times as long.
+// Pastes the text of a copied link, not its address. Qt would build a document of the text first, which takes three
+// times as long.
 void TextArea::insertFromMimeData(const QMimeData* source) {
   if (!FilesIn(*source).empty()) {
     OpenIncoming(*source);
@@ -31,7 +31,7 @@ void TextArea::insertFromMimeData(const QMimeData* source) {
   ensureCursorVisible();
 }
 
-// A drag that nobody takes here goes on to the window.
+// The window handles a drag that this area ignores.
 void TextArea::dragEnterEvent(QDragEnterEvent* event) {
   if (event->mimeData()->hasUrls())
     event->ignore();
@@ -57,9 +57,9 @@ void TextArea::mousePressEvent(QMouseEvent* event) {
   tokens_.Press(*event);
 }
 
-// A drag that begins here runs and ends inside the base call, and Qt then goes on as if the button were down: it
-// scrolls, starts the next drag without an end, and takes the selection away when it gets the release. So it gets a
-// release of no button, which only stops the scrolling, and nothing more of this button.
+// A drag that begins here runs and ends inside the base call. Afterwards Qt acts as if the button were still down: it
+// scrolls, starts another drag without an end, and clears the selection on the release. So this sends a release of no
+// button, which only stops the scrolling, and ignores further events of this button.
 void TextArea::mouseMoveEvent(QMouseEvent* event) {
   if (dragIsOver_) return;
   QPlainTextEdit::mouseMoveEvent(event);
@@ -74,7 +74,7 @@ void TextArea::mouseMoveEvent(QMouseEvent* event) {
 void TextArea::mouseReleaseEvent(QMouseEvent* event) {
   if (dragIsOver_ && event->button() == Qt::LeftButton) return;
   QPlainTextEdit::mouseReleaseEvent(event);
-  // Qt has offered the word of its own to a middle click elsewhere.
+  // Replaces Qt's own word as the text that a middle click pastes.
   QClipboard& clipboard = *QGuiApplication::clipboard();
   if (event->button() == Qt::LeftButton && tokens_.IsActive() && clipboard.supportsSelection())
     clipboard.setMimeData(createMimeDataFromSelection(), QClipboard::Selection);

@@ -1,4 +1,4 @@
-// Timer: one action after a delay. Clock: the hook behind all timers, so that a test lets time pass in no time.
+// Timer: one action after a delay. Clock: replaces the time behind all timers in tests.
 #pragma once
 
 #include <QTimer>
@@ -17,7 +17,7 @@ class Timer {
   Timer(const Timer&) = delete;
   Timer& operator=(const Timer&) = delete;
 
-  // The delay in milliseconds; a negative one counts as 0. A new period holds from the next arming on.
+  // The delay in milliseconds; a negative one counts as 0. A new period takes effect at the next arming.
   [[nodiscard]] Int32 Period() const { return period_; }
   void SetPeriod(Int32 milliseconds) { period_ = milliseconds; }
 

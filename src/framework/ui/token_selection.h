@@ -1,4 +1,4 @@
-// Double clicks that select whole numbers and names: Qt's words end at a decimal point, and join 2x.
+// Selects whole numbers and names by double clicks. Qt's words end at a decimal point, and join 2x.
 #pragma once
 
 #include <QMouseEvent>

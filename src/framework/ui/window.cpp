@@ -1,5 +1,5 @@
-// The toolkit knows which window is active but no order of the others, and what the desktop's window manager knows
-// cannot be read everywhere. So the order is kept here: each activation moves a window to the front of the list.
+// The toolkit reports the active window but not the order of the others, and not every desktop lets programs read it.
+// So this file keeps a list: each activation moves a window to its front.
 #include "framework/ui/window.h"
 
 #include <QApplication>
@@ -41,15 +41,14 @@ void MoveToFront(Window* window) {
   if (WindowCount() != before) WindowListChanged();
 }
 
-// The screen on which the user works. Where there is one only, the desktop need not be asked for the pointer, and a
-// session of many windows does not wait for as many answers.
+// Returns the screen of the pointer. With a single screen, saves a request to the desktop for each window of a session.
 const QScreen* CurrentScreen() {
   if (QGuiApplication::screens().size() == 1) return QGuiApplication::primaryScreen();
   const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
   return screen ? screen : QGuiApplication::primaryScreen();
 }
 
-// Wayland keeps the places of windows from them.
+// On Wayland a window does not know its position.
 bool TellsPlaces() { return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); }
 
 }  // namespace
@@ -67,7 +66,7 @@ SingleActivation::~SingleActivation() {
 }
 
 Window::Window() : content_(new QWidget) {
-  layout_ = new QVBoxLayout(this);  // tells the window of itself: not before all members have their values
+  layout_ = new QVBoxLayout(this);  // calls back into the window, so all members must be initialised
   setAttribute(Qt::WA_DeleteOnClose);
   layout_->setContentsMargins(0, 0, 0, 0);
   // The limits of the window are those of the content, with the menu bar on top.
@@ -104,7 +103,7 @@ void Window::Show() {
   if (singleActivations == 0) activateWindow();
 }
 
-// The sheet becomes a child of its parent, so that the desktop keeps it above, and it goes when the parent goes.
+// The parent owns the sheet, and the desktop keeps it above the parent.
 void Window::ShowWithin(Window& parent) {
   setParent(&parent, Qt::Sheet | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
   setWindowModality(Qt::WindowModal);
@@ -177,7 +176,7 @@ Int32 Window::MenuBarHeight(Int32 width) const {
   return bar && !bar->isHidden() ? bar->heightForWidth(width) : 0;
 }
 
-// Desktops count positions in 16 bits; numbers far beyond them come from damaged files only.
+// Desktops use 16 bits for positions. Only damaged files contain numbers far beyond them.
 void Window::MoveTo(Int32 left, Int32 top) {
   constexpr Int32 farthest = 32767;
   corner_ = {std::clamp(left, -farthest, farthest), std::clamp(top, -farthest, farthest)};
@@ -186,8 +185,8 @@ void Window::MoveTo(Int32 left, Int32 top) {
 
 QPoint Window::Corner() const { return TellsPlaces() ? pos() : corner_; }
 
-// No desktop is as large as these limits. Only a damaged file asks for more, and the picture of such a window would
-// fill the memory.
+// No desktop is as large as these limits. A damaged file may contain more, and the picture of such a window would fill
+// the memory.
 void Window::ResizeContent(Int32 width, Int32 height) {
   constexpr Int32 longest = 16384;
   constexpr Int32 mostPixels = 1 << 26;
@@ -195,7 +194,7 @@ void Window::ResizeContent(Int32 width, Int32 height) {
   height = std::min(height, std::min(longest, mostPixels / std::max(width, 1)));
   layout_->activate();  // brings the window's limits up to date
   resize(width, height + MenuBarHeight(width));
-  FollowSize();  // a hidden window hears of its new size only when it is shown
+  FollowSize();  // a hidden window receives no resize event until it shows
 }
 
 void Window::FollowSize() {
@@ -231,8 +230,7 @@ void Window::Centre() {
   move(CentredCorner({width(), height() + StaggerStep}, space));
 }
 
-// A window that has closed lives until control is back at the event loop, and the desktop may still hand it the
-// keyboard or the pointer.
+// A closed window lives until control returns to the event loop, and may still receive activation and pointer events.
 bool Window::event(QEvent* event) {
   // A control that is destroyed may still raise an event, such as the text that an input method commits when the focus
   // goes. Its handlers use members of the derived class, so the controls are destroyed before these.
@@ -288,7 +286,7 @@ void Window::ActivateParent() {
       parent, [parent] { parent->activateWindow(); }, Qt::QueuedConnection);
 }
 
-// Comes here when the control that has the focus has no use for the key.
+// Called if the control that has the focus ignores the key.
 void Window::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
                         (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;

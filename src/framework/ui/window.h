@@ -26,33 +26,33 @@ class MenuBar;
 
 enum class Frame {
   Document = 0,  // a window of its own
-  Sheet = 8      // belongs to another window, which cannot be worked on while the sheet stands
+  Sheet = 8      // belongs to another window, which is blocked while the sheet is open
 };
 
 class Window : public QWidget {
  public:
   ~Window() override;
 
-  // The top left corner of the window's frame on the desktop, in pixels. Where the desktop neither lets windows place
-  // themselves nor tells them their places, as on Wayland, it is the corner last set.
+  // The top left corner of the window's frame on the desktop, in pixels. On Wayland, where windows neither know nor
+  // choose their position, it is the corner last set.
   [[nodiscard]] Int32 Left() const { return Corner().x(); }
   [[nodiscard]] Int32 Top() const { return Corner().y(); }
   void SetLeft(Int32 left) { MoveTo(left, Top()); }
   void SetTop(Int32 top) { MoveTo(Left(), top); }
 
-  // The size of the content in pixels: without the frame, and below the menu bar where there is one. A size outside the
-  // window's limits takes the nearest allowed one. Neither is set beyond 16384, nor the two to more than 2^26 together.
+  // The size of the content in pixels, without the frame and the menu bar. Setting limits it to the window's limits.
+  // Each is at most 16384, and their product at most 2^26.
   [[nodiscard]] Int32 Width() const { return width(); }
   [[nodiscard]] Int32 Height() const { return height() - MenuBarHeight(width()); }
   void SetWidth(Int32 width) { ResizeContent(width, Height()); }
   void SetHeight(Int32 height) { ResizeContent(Width(), height); }
 
-  // Brings the window onto the screen, minimised or hidden before, in front of all others, and gives it the keyboard
-  // unless a SingleActivation holds that back. Does nothing for one that has closed.
+  // Shows the window in front of all others, also if it was minimised or hidden, and activates it unless a
+  // SingleActivation exists. Does nothing if the window has closed.
   void Show();
 
-  // Shows a sheet at the top of `parent` and returns at once; the sheet's own events tell the outcome. It closes when
-  // `parent` closes.
+  // Shows a sheet at the top of `parent` and returns immediately; the sheet's events report the outcome. The sheet
+  // closes with `parent`.
   void ShowWithin(Window& parent);
 
   // Whether the window draws the menu bar; its shortcuts work either way.
@@ -112,20 +112,20 @@ class Window : public QWidget {
 
   virtual void Event_Open() {}
   virtual void Event_EnableMenuItems(MenuBar& /*menuBar*/) {}
-  // Raised before the window closes, by whomever. True refuses.
+  // Raised before the window closes for any reason. True refuses.
   virtual bool Event_CancelClose(bool /*appQuitting*/) { return false; }
   // The content has a new size, and the controls have followed it.
   virtual void Event_Resized() {}
   virtual void Event_Moved() {}
-  // The window has got the keyboard.
+  // The window has become active.
   virtual void Event_Activate() {}
-  // The pointer has come into the window.
+  // The pointer has entered the window.
   virtual void Event_MouseEnter() {}
   virtual void Event_Minimize() {}
   // No longer minimised, or no longer maximised.
   virtual void Event_Restore() {}
   virtual void Event_Maximize() {}
-  // The window is going to full screen, by whomever.
+  // The window enters full screen, through the menu or the desktop.
   virtual void Event_FullScreen() {}
 
   bool event(QEvent* event) override;
@@ -148,12 +148,12 @@ class Window : public QWidget {
   void FollowSize();
   void ComeUp();
   void ActivateParent();
-  // The sheet that stands on this window; nullptr for none.
+  // The open sheet of this window; nullptr for none.
   [[nodiscard]] Window* Sheet() const;
   void Stagger();
   void Centre();
 
-  QVBoxLayout* layout_ = nullptr;  // the menu bar, if any, goes on top of it by QLayout::setMenuBar
+  QVBoxLayout* layout_ = nullptr;  // the menu bar, if any, is set by QLayout::setMenuBar
   QWidget* content_;
   QPoint corner_;       // as last set
   QPoint frameOffset_;  // from the frame's corner to the window's own, while not in full screen
@@ -172,9 +172,9 @@ class Window : public QWidget {
   bool appQuitting_ = false;
 };
 
-// While an instance exists, windows appear and come forward without taking the keyboard. When the last one goes, the
-// front window takes it. Activating several windows in a row instead would leave their order to chance: the desktop
-// answers late, and not in the order of the requests.
+// While an instance exists, windows show without being activated. Destroying the last instance activates the front
+// window. Activating several windows in a row would make their order random, because the desktop answers late and in
+// any order.
 class SingleActivation {
  public:
   SingleActivation();
@@ -184,7 +184,7 @@ class SingleActivation {
 };
 
 // All open windows, hidden ones included, front to back; index 0 is the front window. The order is that of activation
-// and of Show; a window that never was active stands where it was created, in front of the windows of that time.
+// and of Show. A window that was never active is in front of the windows that existed when it was created.
 [[nodiscard]] Int32 WindowCount();
 // An index out of range is a Fault.
 [[nodiscard]] Window& WindowAt(Int32 index);
