@@ -1,15 +1,27 @@
-// Percent-encoding, and values of several types.
+// Pieces of bytes, percent-encoding, and values of several types.
 #include "framework/text/bytes.h"
 
 #include <gtest/gtest.h>
 
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 #include "framework/text/variant.h"
 
 namespace sumlet {
 namespace {
+
+TEST(Bytes, PiecesAndSearches) {
+  const std::tuple<const char*, Int32, Int32, const char*> pieces[] = {
+      {"aé", 2, 1, "\xC3"}, {"abc", 2, 9, "bc"}, {"abc", 4, 1, ""}, {"abc", 0, 1, ""}, {"abc", 2, -1, ""},
+  };
+  for (const auto& [text, start, length, piece] : pieces) EXPECT_EQ(MidB(text, start, length), piece) << start;
+  EXPECT_EQ(MidB("abc", 3), "c");
+  EXPECT_EQ(InStrB(1, "aBc", "b"), 0);
+  EXPECT_EQ(InStrB(3, "ababé€", "ab"), 3);
+  EXPECT_EQ(InStrB(9, "ab", "a"), 0);
+}
 
 TEST(Bytes, UrlComponents) {
   String every;
