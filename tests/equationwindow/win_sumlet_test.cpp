@@ -41,12 +41,13 @@ class WinSumlet : public WindowFixture {
   }
 
   static constexpr const char* longResult = "averyverylongvariablenamethatisunknown_";
-  void ExpectResultSeenWhole() {
+  static void ExpectResultSeenWhole(const winSumlet& window) {
+    TextArea& output = window.textOutput();
     QCoreApplication::processEvents();
     QTextCursor end(output.document());
     end.movePosition(QTextCursor::End);
-    EXPECT_LT(output.viewport()->y() + output.cursorRect(end).bottom(), output.height()) << window->TextSize;
-    EXPECT_FALSE(output.verticalScrollBar()->isVisible()) << window->TextSize;
+    EXPECT_LT(output.viewport()->y() + output.cursorRect(end).bottom(), output.height()) << window.TextSize;
+    EXPECT_FALSE(output.verticalScrollBar()->isVisible()) << window.TextSize;
   }
 
   int saves = 0;
@@ -106,6 +107,13 @@ TEST(LineColors, DependOnTheFirstCharactersAndTheError) {
   for (const auto& [text, errorLine, colors] : rows) EXPECT_EQ(LineColors(text, errorLine), colors) << text;
 }
 
+TEST_F(WinSumlet, ResultSetBeforeTheWindowShowsIsSeenWhole) {
+  auto* hidden = new winSumlet(false);
+  hidden->SetEquation("", longResult);
+  hidden->Show();
+  ExpectResultSeenWhole(*hidden);
+}
+
 using FamilyAndHinting = std::tuple<String, QFont::HintingPreference>;
 class WinSumletFonts : public WinSumlet, public testing::WithParamInterface<FamilyAndHinting> {};
 
@@ -118,7 +126,7 @@ TEST_P(WinSumletFonts, ResultThatFitsIsSeenWhole) {
   window->SetEquation("", longResult);
   QApplication::setFont(font);  // as the desktop does while the window is open
   QCoreApplication::processEvents();
-  ExpectResultSeenWhole();
+  ExpectResultSeenWhole(*window);
   window->setUpdatesEnabled(false);  // painting takes most of the time
   for (Int32 size = 11; size <= 96; ++size) {
     window->SetWidth(12 * size);
@@ -126,7 +134,7 @@ TEST_P(WinSumletFonts, ResultThatFitsIsSeenWhole) {
     window->ApplyTextSize(size);
     for (const char* equation : {"6*7", longResult}) {
       window->SetEquation("", equation);
-      ExpectResultSeenWhole();
+      ExpectResultSeenWhole(*window);
       EXPECT_EQ(output.verticalScrollBarPolicy() == Qt::ScrollBarAsNeeded, equation == longResult);
     }
     EXPECT_GT(output.height(), 3 * size);
