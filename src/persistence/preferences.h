@@ -19,19 +19,6 @@
 namespace sumlet {
 class plist;
 class plistDict;
-
-// Adds an entry to a list that has one entry for each key, in the order of registration. `Entry` has a member `key`.
-// Replaces an entry with the same key, compared by bytes, at its position.
-template <typename Entry>
-void RegisterByKey(std::vector<Entry>& entries, Entry entry) {
-  const auto place =
-      std::find_if(entries.begin(), entries.end(), [&](const Entry& other) { return other.key == entry.key; });
-  if (place != entries.end())
-    *place = std::move(entry);
-  else
-    entries.push_back(std::move(entry));
-}
-
 }  // namespace sumlet
 
 namespace sumlet::Preferences {
@@ -79,3 +66,19 @@ void Save();
 void FinishSaving();
 
 }  // namespace sumlet::Preferences
+
+namespace sumlet {
+
+// Adds an entry to a list that has one entry for each key, in the order of registration. `Entry` has a member `key`.
+// Replaces an entry with the same key, compared by bytes, at its position.
+template <typename Entry>
+void RegisterByKey(std::vector<Entry>& entries, Entry entry) {
+  const auto place =
+      std::find_if(entries.begin(), entries.end(), [&](const Entry& other) { return other.key == entry.key; });
+  if (place != entries.end())
+    *place = std::move(entry);
+  else
+    entries.push_back(std::move(entry));
+}
+
+}  // namespace sumlet

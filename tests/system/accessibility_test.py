@@ -24,21 +24,11 @@ if pyatspi is None or not pathlib.Path("/usr/share/dbus-1/services/org.a11y.Bus.
     sys.exit(77)
 
 
-def within(accessible):
-    yield accessible
-    for child in accessible:
-        yield from within(child)
-
-
-def controls():
-    """The role and name of each control in the program's windows that takes the keyboard."""
+def programs():
     try:
-        programs = [program for program in pyatspi.Registry.getDesktop(0) if program.name == "Sumlet"]
-        parts = [part for program in programs for window in program for part in within(window)]
-        return [(part.getRoleName(), part.name) for part in parts
-                if part.getState().contains(pyatspi.STATE_FOCUSABLE) and part.getState().contains(pyatspi.STATE_SHOWING)]
-    except (GLib.Error, TypeError):
-        return []  # a part of a window that is just closing does not answer
+        return [program.name for program in pyatspi.Registry.getDesktop(0)]
+    except (GLib.Error, AttributeError):
+        return []  # a program that is just starting may not answer in time
 
 
 class Accessibility(Desktop):
@@ -46,11 +36,11 @@ class Accessibility(Desktop):
                  "XDG_RUNTIME_DIR": os.environ["XDG_RUNTIME_DIR"],
                  "DBUS_SESSION_BUS_ADDRESS": os.environ["DBUS_SESSION_BUS_ADDRESS"]}
 
-    def test_reads_the_areas_and_hears_the_result(self):
+    def test_announces_the_result(self):
         self.open_windows("100 80 365 234 1+1")
-        self.expect([("text", "Equation"), ("text", "Result")], controls)
+        self.expect(["Sumlet"], programs)
         heard = []
-        pyatspi.Registry.registerEventListener(lambda event: heard.append(event.source.description),
+        pyatspi.Registry.registerEventListener(lambda event: heard.append((event.source.name, event.source.description)),
                                                "object:property-change:accessible-description")
 
         def last_heard():
@@ -61,7 +51,7 @@ class Accessibility(Desktop):
         for equation, result in [("6*7", "42"), ("6*foo", '"*" Error: Operator Requires Two Arguments')]:
             self.press("ctrl+a")
             self.type(equation)
-            self.expect([result], last_heard)
+            self.expect([("Equation", result)], last_heard)
 
 
 if __name__ == "__main__":
