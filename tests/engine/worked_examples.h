@@ -29,7 +29,6 @@ inline constexpr Example workedExamples[] = {
     {" \n' note\n\n  # x\n// y", "", "", 4},
     {"1\n2\n3", "3", "", 2},
     {"1\r\n2\r3", "3", "", 2},
-    {"5\n\n' note", "5", "", 2},
     {"  # x\n7", "7"},
     {"5 // c", twoOperands, "/", 0},
     {"/ /5", twoOperands, "/"},
@@ -38,17 +37,13 @@ inline constexpr Example workedExamples[] = {
     {"1+error", "1+error", ""},
     {"x=Terrors\n1", "x=Terrors", "", 0},
     // operators
-    {"8/2*3", "12"},
     {"2*-3^2", "18"},
     {"2.5.1+1", "3.5"},
     {"1 2 3*2", "246"},
     // integer operators truncate their operands; division by zero is no error
-    {"4\\3", "1"},
     {"7\\0.5", "0"},
     {"-2147483648\\-1", "2147483648"},
     {"99999999999\\1", "2147483647"},
-    {"4%0", "4"},
-    {"2mod3", "2"},
     // clusters of minus signs
     {"---5", "-5"},
     {"2^--3", "8"},
@@ -84,7 +79,6 @@ inline constexpr Example workedExamples[] = {
     {"1(2)\n(1", parenthesis, "1", 1},  // details of an earlier line stay
     // absolute bars
     {"2=3\n|3", bar, "2", 1},
-    {"|-3|", "3"},
     {"|2||3|", "6"},
     {"-|3|", "-3"},
     {"|-|", ""},
@@ -105,8 +99,6 @@ inline constexpr Example workedExamples[] = {
     {"x=(1,5)\nx+1", "16"},
     {"x=-\n3x", twoOperands, "-"},
     // variables are words, replaced by the text of their values
-    {"x", unknown, "x"},
-    {"a=1\nb=2\na+b", "3"},
     {"ab=3\nAB", "3"},
     {"_é=4\n_É+1", "5"},
     {"a\tb=3\na\tb", "3"},
@@ -121,25 +113,18 @@ inline constexpr Example workedExamples[] = {
     {"\"=frac(0.5)\n\"", twoOperands, "\"", 1},
     {"\"=dec(1 1/. 5)\ninf=frac(0.5)\n2inf", twoOperands, "inf", 2},
     // functions
-    {"sqrt(16)", "4"},
     {"ab\u017F(-4)", "4"},  // the long s
     {"sqrt(4)sqrt(9)", "6"},
     {"abs(2,3)", "2"},
     {"pow(2,10)", "1024"},
-    {"sin(1)", "0.8414709848"},
     {"cos(1)", "0.5403023059"},
     {"tan(1)", "1.5574077247"},
     {"asin(0.5)", "0.5235987756"},
     {"acos(0.5)", "1.0471975512"},
     {"atan(2)", "1.1071487178"},
     {"atan2(1,2)", "0.463647609"},
-    {"rad(180)", "3.1415926536"},
-    {"log(2)", "0.6931471806"},
-    {"min(3,2)", "2"},
-    {"floor(2.5)", "2"},
     {"ceil(2.5)", "3"},
     {"round(2.4)", "2"},
-    {"sign(7)", "1"},
     {"sign(0)", "0"},
     // values of functions have no sign
     {"sin(-1)-1", "-0.1585290152"},
@@ -147,26 +132,20 @@ inline constexpr Example workedExamples[] = {
     // calls that fail
     {"sqrt()", oneArgument, "sqrt"},
     {"atan2(1,)", twoArguments, "atan2"},
-    {"log(0)", unknown, "inf"},
     {"x(sqrt(-1))", unknown, "nan"},
     {"(log(0))()/()", unknown, "inf"},
     {"mod(7,3)", twoOperands, "%"},
     {"xmod(7,3)", unknown, "x"},
     {"xmod(7)", twoArguments, "mod"},
     // decimals to fractions
-    {"frac(0.5)", "\"1/2\""},
     {"frac(0.999)", "\"1 0/9\""},
-    {"frac(0.33)", "\"1/3\""},
     {"frac()", "0"},
     {"frac(-0.333)", "\"-2/9\""},
-    {"frac(-2.5)", "\"1/2\""},
     {"frac(1234567891)", "\"1234567891 1/1\""},  // seven digits and an exponent: 1.234568e+9
     {"frac(0.00001234)", "\"1/5\""},             // 1.234000e-5
     {"1+frac(0.5)", notAlone, "+frac"},
-    {"frac(2.5)+1", notAlone, ""},
     {"-- frac(0.5)", "\"1/2\"", " frac"},
     // fractions to decimals; the rest of the line is ignored
-    {"dec(1 1/2)", "1.5"},
     {"Dec( 2  3/4 )", "2.75"},
     {"dec(1 1/2 3)", "1.5"},
     {"x=3\ndec(x 1/2)", "3.5"},

@@ -1,9 +1,7 @@
 // The settings file, the recovery file and the older settings file, a property list, in a temporary folder.
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <functional>
@@ -173,19 +171,6 @@ TEST_F(Settings, ALinkIsFollowed) {
   fs::create_symlink(elsewhere, file_);  // its target does not exist yet
   EXPECT_EQ(Saved(), content);
   EXPECT_TRUE(fs::is_symlink(file_) && fs::is_regular_file(elsewhere));
-}
-
-TEST_F(Settings, NoRoom) {
-  const String content = Saved();
-  rlimit before = {};
-  getrlimit(RLIMIT_FSIZE, &before);
-  const rlimit tight = {content.size() + 16, before.rlim_max};
-  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-  setrlimit(RLIMIT_FSIZE, &tight);
-  SetAll(7, {String(1000, 'x')});
-  EXPECT_EQ(Saved(), content);
-  setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, handler);
 }
 
 String Dict(const char* key, const String& lines) {

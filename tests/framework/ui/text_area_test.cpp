@@ -116,11 +116,9 @@ TEST_F(TextAreaTest, HandlesVeryLongLines) {
 // Shaping a whole run at once would take minutes.
 TEST_F(TextAreaTest, HandlesLongRunsOfCombiningMarks) {
   for (const char* mark : {"\u0301", "\u05B8", "\u0941", "\U000E0100"}) {
-    for (const char* base : {"a", "b"}) {
-      area.SetText(base + ToQString(mark).repeated(250'000).toStdString());
-      area.insertPlainText("1");
-      QCoreApplication::processEvents();
-    }
+    area.SetText("a" + ToQString(mark).repeated(250'000).toStdString());
+    area.insertPlainText("1");
+    QCoreApplication::processEvents();
     area.SetText("مَرْحَبًا שָׁלוֹם नमस्ते สวัสดี e\u0301");
     EXPECT_TRUE(area.document()->firstBlock().layout()->formats().isEmpty()) << "ordinary text is shaped as usual";
   }

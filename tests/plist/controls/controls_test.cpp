@@ -1,9 +1,6 @@
 // Windows and controls that a property list stores and restores.
 #include <gtest/gtest.h>
 
-#include <QCheckBox>
-#include <QLineEdit>
-
 #include "framework/ui/listbox.h"
 #include "framework/ui/window.h"
 #include "plist/plist_dict.h"
@@ -46,23 +43,6 @@ TEST(PropertyListControls, ListsGetTheirRowsAndSelectionBack) {
   node.GetListbox(list, true);
   EXPECT_EQ(list.ListIndex(), 1);
   EXPECT_EQ(list.Cell(1, 1), "d");
-}
-
-// The first call stores what a control shows, the second one restores it.
-TEST(PropertyListControls, SingleControlsGetTheirStateBack) {
-  QLineEdit field(QStringLiteral("é"));
-  field.setObjectName(QStringLiteral("field"));
-  QCheckBox box;
-  box.setChecked(true);
-  plistDict node;
-  node.GetTextField(field);
-  node.GetCheckbox(box);
-  field.clear();
-  box.setChecked(false);
-  node.GetTextField(field);
-  node.GetCheckbox(box);
-  EXPECT_EQ(field.text(), QStringLiteral("é"));
-  EXPECT_TRUE(box.isChecked());
 }
 
 }  // namespace
