@@ -22,9 +22,11 @@ class Desktop(RunningProgram):
         self.window = xdotool("getactivewindow")
 
     def open_windows(self, *windows):
-        """Starts the program with these windows, each "left top width height text", the front one first."""
+        """Starts the program with these windows, each "left top width height text", the front one first. Waits until the
+        front one takes keys, because a busy program drops those that arrive before its text has the focus."""
         settings_file.write(self.settings, *windows)
         self.open()
+        self.expect_text(windows[0].split(" ", 4)[4])
 
     def press(self, *keys):
         xdotool("key", "--delay", "20", *keys)
