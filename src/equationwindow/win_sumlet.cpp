@@ -194,7 +194,7 @@ void winSumlet::tmrDelayToggleFullscreen_Action(Timer& /*sender*/) {
   restoredBounds_.reset();
 }
 
-// Quitting has saved the session by now, with the window in full screen.
+// On quit the session is already saved, so leaving full screen here does not change the record.
 bool winSumlet::Event_CancelClose(bool appQuitting) {
   if (!appQuitting) ClosedEquations::Add(*this);
   if (IsFullScreen()) ToggleFullScreen();

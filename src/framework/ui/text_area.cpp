@@ -1,4 +1,4 @@
-// QPlainTextEdit rather than QTextEdit: its cost per key stroke does not grow with the number of lines.
+// Uses QPlainTextEdit, because QTextEdit gets slower with each line of the text.
 //
 // It wraps at words, and breaks a word that is longer than a line. Qt's cost of that is the square of the word's length
 // (a minute for a million digits), while breaking anywhere is linear. So the text is broken anywhere while a very long
@@ -32,7 +32,8 @@ QFont OfSize(QFont font, Int32 points) {
   return font;
 }
 
-// As QPlainTextDocumentLayout computes it. QFontMetrics::height() rounds differently and knows no leading.
+// The height of a line in pixels, computed as QPlainTextDocumentLayout does. QFontMetrics::height() rounds differently
+// and ignores the leading.
 int LaidOutHeight(const QFont& font, const QPaintDevice* device) {
   QTextLayout layout(QStringLiteral("x"), font, device);
   layout.beginLayout();
@@ -105,11 +106,11 @@ void TextArea::SetTextSize(Int32 points) {
 
 Int32 TextArea::LineHeight(Int32 points) const { return LaidOutHeight(OfSize(font(), points), viewport()); }
 
-// The margin at the top shrinks first, so that an area as high as its text and the borders shows the text whole. The
-// document's own margin could not: it is the same on all sides and is scrolled with the text.
+// The margin at the top shrinks first, so that an area as high as its text and the borders shows the text whole. Does
+// not use QTextDocument's margin, which is equal on all sides and scrolls with the text.
 //
-// Qt scrolls unless the viewport is a pixel higher than the text. Where the area has less room, the viewport extends
-// below its lower edge and is cut off there. So an area lower than a line shows the upper part of the line.
+// Qt scrolls unless the viewport is a pixel higher than the text. If the area has less room, the viewport extends below
+// the area's edge, which cuts it off. So an area less high than one line shows the upper part of the line.
 void TextArea::SetMargins() {
   const int space = height() - 2 * frameWidth();
   const int line = LaidOutHeight(font(), viewport());
@@ -122,7 +123,8 @@ void TextArea::SetMargins() {
 
 int TextArea::HeightToShow(int space, int line) const {
   if (!isReadOnly()) return line;
-  // The borders and the letters of another font take some of the room that was reckoned for the lines.
+  // The caller's layout ignores the borders and fallback fonts, so a text may exceed `space` by the borders, or by half
+  // a line where a fallback font makes lines higher.
   const int room = space + 2 * frameWidth();
   const int roomForOtherFonts = space + line / 2;
   int lines = 0;
@@ -192,7 +194,7 @@ void TextArea::SetReadOnly(bool readOnly) {
   if (readOnly) setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
-// Qt gives a read-only area no input method, and dead keys would lose their accents.
+// Qt disables input methods in read-only controls. A dead key would then type its letter without the accent.
 void TextArea::SetTypingReceiver(TextArea& receiver) {
   typingReceiver_ = &receiver;
   setAttribute(Qt::WA_InputMethodEnabled);
