@@ -13,9 +13,9 @@
 namespace sumlet {
 namespace {
 
-constexpr Int32 flashPeriod = 300;  // ms
-constexpr qsizetype toolTipLine = 80;
-constexpr qsizetype longestToolTip = 25 * toolTipLine;
+constexpr Int32 flashPeriod = 300;                      // ms
+constexpr qsizetype toolTipLine = 80;                   // UTF-16 units
+constexpr qsizetype longestToolTip = 25 * toolTipLine;  // bytes
 
 // Breaks the text into lines, because Qt shows plain text on a single line.
 QString ToolTipOf(std::string_view value) {
@@ -76,7 +76,7 @@ std::vector<ValueDisplay::Shown> ValueDisplay::ShownBetween(int top, int bottom)
   const auto widthOf = [&metrics](QChar character) { return metrics.horizontalAdvance(character); };
   std::vector<Shown> shown;
   for (const auto& [line, room, baseline, isLeftOfText] : area_->RoomsBesideLines(top, bottom)) {
-    // A readable character is at least one pixel wide.
+    // A readable character is at least one pixel wide, so the rest of a very long value need not be converted.
     const auto most = static_cast<std::size_t>(room.width()) + 1;
     const QString value = ToQString(values_.ValueOf(line).substr(0, most));
     const PlacedValue placed = PlaceValue(value, {room.left(), room.right(), isLeftOfText}, widthOf);
@@ -92,7 +92,7 @@ std::optional<ValueDisplay::Shown> ValueDisplay::ShownAt(const QPoint& place) co
   return {};
 }
 
-// The area paints its text afterwards.
+// The text area paints its text afterwards, in front of the values.
 void ValueDisplay::Paint(const QRect& area) {
   QPainter painter(area_->viewport());
   painter.setFont(area_->font());
@@ -120,8 +120,8 @@ bool ValueDisplay::Press(const QMouseEvent& event) {
   return pressed_.has_value();
 }
 
-// A drag that begins on a value selects text, so the area receives the press belatedly. The area does not use moves
-// without a button.
+// A drag that begins on a value selects text: the text area then receives the press that was withheld from it. Moves
+// without a button only set the pointer, because the text area does not use them.
 bool ValueDisplay::Move(const QMouseEvent& event) {
   const QPoint place = event.position().toPoint();
   if (event.buttons() == Qt::NoButton) {

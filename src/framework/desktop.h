@@ -23,7 +23,8 @@ struct MessageDialog {
   bool CancelButton = false;
   String AlternateActionButton;
 
-  // Returns the button pressed; Cancel if the dialog is closed otherwise, or without a handler of ShowDialog.
+  // Returns the button pressed. Returns Cancel if the user closes the dialog without a button, or if ShowDialog has no
+  // handler.
   [[nodiscard]] DialogButton ShowModal() const;
 };
 extern Hook<DialogButton(const MessageDialog& dialog)> ShowDialog;
@@ -32,7 +33,7 @@ extern Hook<DialogButton(const MessageDialog& dialog)> ShowDialog;
 // failure. Does nothing without a handler.
 extern Hook<void(std::string_view address)> ShowURL;
 
-// The text on the clipboard. Without handlers, a text inside the program, which is empty at start.
+// Read and replace the text on the clipboard. Without handlers they use a variable, which is empty at start.
 extern Hook<String()> ClipboardText;
 extern Hook<void(std::string_view text)> SetClipboardText;
 

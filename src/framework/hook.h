@@ -8,7 +8,7 @@
 
 namespace sumlet {
 
-// Keeps a handler in its hook. May outlive the hook.
+// Keeps a handler set as long as a copy of the guard exists. May outlive the hook.
 using HookGuard = std::shared_ptr<const void>;
 
 template <class Signature>
@@ -24,8 +24,8 @@ class Hook<Result(Arguments...)> {
   Hook(const Hook&) = delete;
   Hook& operator=(const Hook&) = delete;
 
-  // Handles all calls by `handler` until the last copy of the guard is destroyed. Of several handlers the latest
-  // counts.
+  // Makes calls run `handler` until the last copy of the guard is destroyed. If several handlers are set, the one that
+  // was set last runs.
   [[nodiscard]] HookGuard Set(Handler handler) {
     auto guard = std::make_shared<const Handler>(std::move(handler));
     std::erase_if(handlers_, [](const auto& earlier) { return earlier.expired(); });
@@ -33,7 +33,7 @@ class Hook<Result(Arguments...)> {
     return guard;
   }
 
-  // What a call runs at present; empty for nothing.
+  // Returns the handler that a call would run now; empty if there is none.
   [[nodiscard]] Handler Current() const {
     for (auto latest = handlers_.rbegin(); latest != handlers_.rend(); ++latest)
       if (const auto handler = latest->lock()) return *handler;

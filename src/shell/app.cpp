@@ -28,14 +28,16 @@
 namespace sumlet {
 namespace {
 
-constexpr Int32 saveDelay = 300000;  // milliseconds
+// All delays are in milliseconds.
+constexpr Int32 saveDelay = 300000;
 constexpr Int32 recoveryDelay = 1000;
 constexpr Int32 longestRecoveryDelay = 5000;
 constexpr Int32 reviewDelay = 100;
 
-// From front to back. An action on one window may close or reorder others.
+// The open windows, from front to back. The pointers stay valid when an action closes or reorders windows.
 std::vector<QPointer<Window>> OpenWindows() {
   std::vector<QPointer<Window>> windows;
+  windows.reserve(static_cast<std::size_t>(WindowCount()));
   for (Int32 i = 0; i < WindowCount(); ++i) windows.emplace_back(&WindowAt(i));
   return windows;
 }
@@ -107,7 +109,7 @@ void App::Event_Open() {
   const Array<String> unopened = OpenTextFiles(FilesToOpen);
   if (WindowCount() == 0 && !quitting_) winTemplates::Instance().Show();
   AppendMenuItems();
-  TellOfUnopened(unopened);
+  ReportUnopened(unopened);
   tmrReview = std::make_unique<ReviewTimer>(ShareOnFacebook);
   tmrReview->SetPeriod(reviewDelay);
   tmrReview->SetMode(TimerMode::Single);
@@ -125,7 +127,7 @@ void App::Event_Reopen(const std::vector<FolderItem>& files) {
     alert->raise();
     alert->activateWindow();
   }
-  TellOfUnopened(unopened);
+  ReportUnopened(unopened);
 }
 
 void App::OpenDropped(const std::vector<FolderItem>& files) {
@@ -133,7 +135,7 @@ void App::OpenDropped(const std::vector<FolderItem>& files) {
   const Int32 before = WindowCount();
   const Array<String> unopened = OpenTextFiles(files, FileKinds::Text);
   if (WindowCount() > before) WindowAt(0).Show();
-  TellOfUnopened(unopened);
+  ReportUnopened(unopened);
 }
 
 bool App::Event_CancelClose() {
@@ -179,8 +181,8 @@ void App::ScheduleRecovery() {
   if (tmrRecoveryLatest_.Mode() == TimerMode::Off) tmrRecoveryLatest_.SetMode(TimerMode::Single);
 }
 
-// The settings file already holds the windows of the start. While RememberEquations is off, an older recovery file must
-// not keep windows either.
+// Does nothing until the start has finished and made tmrReview, because the settings file already holds the restored
+// windows. While RememberEquations is off, replaces an older recovery file, which may still hold windows.
 void App::WindowListChanged() {
   if (!tmrReview) return;
   if (Preferences::RememberEquations || Preferences::HasRecovery()) ScheduleRecovery();

@@ -42,14 +42,14 @@ void EndOnFatal(QtMsgType type, const QMessageLogContext& context, const QString
 
 constexpr std::chrono::seconds patience(5);
 
-std::function<void()>& Save() {
+std::function<void()>& SaveCallback() {
   static std::function<void()> save;
   return save;
 }
 
 // exit would go on to destroy what the toolkit's threads still use; _Exit does not.
 void SaveAndEnd() {
-  const std::function<void()> save = std::exchange(Save(), nullptr);
+  const std::function<void()> save = std::exchange(SaveCallback(), nullptr);
   if (!save) return;
   try {
     save();
@@ -59,9 +59,9 @@ void SaveAndEnd() {
   std::_Exit(EXIT_FAILURE);
 }
 
-// When the Wayland compositor ends, the toolkit writes this message and calls _exit, often on a thread of its own, so
-// that no exit handler runs. Only the event thread can read the windows: the other thread waits for its save, but not
-// for ever, in case the event thread waits for the compositor.
+// When the Wayland compositor ends, the toolkit logs "The Wayland connection ..." and calls _exit, often on a thread of
+// its own. Exit handlers do not run then. Only the event thread can read the windows, so that thread has to save. The
+// other thread waits for it, but only for a few seconds, because the compositor may have blocked the event thread.
 void SaveWithoutCompositor(QtMsgType type, const QMessageLogContext& context, const QString& message) {
   otherMessages(type, context, message);
   if (!message.startsWith(QLatin1String("The Wayland connection "))) return;
@@ -76,10 +76,10 @@ NoDisplayEndsProgram::NoDisplayEndsProgram() { otherMessages = qInstallMessageHa
 
 NoDisplayEndsProgram::~NoDisplayEndsProgram() { qInstallMessageHandler(otherMessages); }
 
-// A crashed server and a broken remote connection send no signal. Watching the connection beside the toolkit would race
-// with it.
+// Registers an exit handler, because the toolkit calls exit when it loses the X display. No signal reports a crashed
+// server or a broken connection, and watching the connection beside the toolkit would race with it.
 LastSave::LastSave(std::function<void()> save) {
-  Save() = std::move(save);
+  SaveCallback() = std::move(save);
   static const bool registered = std::atexit(SaveAndEnd) == 0;
   (void)registered;
   otherMessages = qInstallMessageHandler(SaveWithoutCompositor);
@@ -87,7 +87,7 @@ LastSave::LastSave(std::function<void()> save) {
 
 LastSave::~LastSave() {
   qInstallMessageHandler(otherMessages);
-  Save() = nullptr;
+  SaveCallback() = nullptr;
 }
 
 QuickEndOnWayland::~QuickEndOnWayland() {

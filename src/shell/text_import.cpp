@@ -56,7 +56,7 @@ Array<String> OpenTextFiles(const std::vector<FolderItem>& files, FileKinds kind
   return unopened;
 }
 
-void TellOfUnopened(const Array<String>& names) {
+void ReportUnopened(const Array<String>& names) {
   if (names.Ubound() < 0) return;
   MessageDialog message;
   message.Message = "The following items couldn't be opened, or were empty:";
@@ -68,7 +68,7 @@ void ImportTextFiles() {
   OpenDialog dialog;
   dialog.PromptText = "Select Text (.txt) files to import as equations.";
   dialog.Filter = "Text (" + String(textFiles) + ")";
-  TellOfUnopened(OpenTextFiles(dialog.ShowModal()));
+  ReportUnopened(OpenTextFiles(dialog.ShowModal()));
 }
 
 }  // namespace sumlet

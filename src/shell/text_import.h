@@ -19,7 +19,7 @@ enum class FileKinds {
 [[nodiscard]] Array<String> OpenTextFiles(const std::vector<FolderItem>& files, FileKinds kinds = FileKinds::Any);
 
 // Lists the files that OpenTextFiles could not open in one dialog. Does nothing if there are none.
-void TellOfUnopened(const Array<String>& names);
+void ReportUnopened(const Array<String>& names);
 
 // Asks the user for files, opens them, and lists those that it cannot open.
 void ImportTextFiles();

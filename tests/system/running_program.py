@@ -27,7 +27,7 @@ def skip_without(*tools):
 
 
 def enter_namespaces(*options):
-    """Starts the test again in namespaces of its own. Returns whether it runs in them."""
+    """Runs the test again under unshare. Returns True in that run, and False where unshare is not permitted."""
     if "SUMLET_NAMESPACES" in os.environ:
         return True
     if subprocess.run(["unshare", *options, "true"], stderr=subprocess.DEVNULL, check=False).returncode != 0:
@@ -54,7 +54,7 @@ class RunningProgram(unittest.TestCase):
             process.wait()
 
     def environment(self, **changes):
-        """The environment of a start, with the home in the test's folder; omits what is changed to None."""
+        """The environment variables of the program. Omits a variable that is set to None."""
         (self.folder / "run").mkdir(mode=0o700, exist_ok=True)
         variables = {"HOME": self.folder, "XDG_DATA_HOME": self.data, "XDG_RUNTIME_DIR": self.folder / "run",
                      "LC_ALL": "C.UTF-8", "TZ": "UTC", "FONTCONFIG_FILE": FONTS, "PATH": os.environ["PATH"],
@@ -86,12 +86,13 @@ class RunningProgram(unittest.TestCase):
         self.assertEqual(self.eventually(wanted, read), wanted, message)
 
     def survivor(self, processes):
-        """Returns the one of several starts that continues to run, once it has answered the others."""
+        """Waits until one of the processes is left, returns it, and checks that the others ended with status 0."""
         self.eventually(1, lambda: sum(process.poll() is None for process in processes))
         self.assertEqual(sorted(str(process.poll()) for process in processes), ["0"] * (len(processes) - 1) + ["None"])
         return next(process for process in processes if process.poll() is None)
 
     def start_running(self, **changes):
+        """Starts the program twice and returns the one that stays: it handles events once it has answered the other."""
         return self.survivor([self.start(**changes), self.start(**changes)])
 
     def quit(self, process, by=signal.SIGTERM):

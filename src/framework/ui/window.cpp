@@ -23,25 +23,26 @@ Array<Window*> openWindows;
 
 int singleActivations = 0;
 
-void TakeOut(const Window* window) {
+void EraseFromList(const Window* window) {
   for (Int32 i = openWindows.Ubound(); i >= 0; --i)
     if (openWindows[i] == window) openWindows.Remove(i);
 }
 
-void Forget(const Window* window) {
+void RemoveFromList(const Window* window) {
   const Int32 before = WindowCount();
-  TakeOut(window);
+  EraseFromList(window);
   if (WindowCount() != before) WindowListChanged();
 }
 
 void MoveToFront(Window* window) {
   const Int32 before = WindowCount();
-  TakeOut(window);
+  EraseFromList(window);
   openWindows.Insert(0, window);
   if (WindowCount() != before) WindowListChanged();
 }
 
-// Returns the screen of the pointer. With a single screen, saves a request to the desktop for each window of a session.
+// Returns the screen of the pointer. With a single screen, does not ask the desktop, which would take time for
+// each window of a session.
 const QScreen* CurrentScreen() {
   if (QGuiApplication::screens().size() == 1) return QGuiApplication::primaryScreen();
   const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
@@ -49,7 +50,7 @@ const QScreen* CurrentScreen() {
 }
 
 // On Wayland a window does not know its position.
-bool TellsPlaces() { return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); }
+bool CanReadPosition() { return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); }
 
 }  // namespace
 
@@ -75,7 +76,7 @@ Window::Window() : content_(new QWidget) {
   MoveToFront(this);
 }
 
-Window::~Window() { Forget(this); }
+Window::~Window() { RemoveFromList(this); }
 
 void Window::Create(bool visible) {
   Layout();
@@ -133,7 +134,7 @@ void Window::ToggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullS
 QRect Window::WindowedBounds() const {
   if (!isFullScreen()) return {Left(), Top(), Width(), Height()};
   const QRect bounds = normalGeometry();
-  const QPoint corner = TellsPlaces() ? bounds.topLeft() - frameOffset_ : corner_;
+  const QPoint corner = CanReadPosition() ? bounds.topLeft() - frameOffset_ : corner_;
   return {corner, QSize(bounds.width(), bounds.height() - MenuBarHeight(bounds.width()))};
 }
 
@@ -183,7 +184,7 @@ void Window::MoveTo(Int32 left, Int32 top) {
   move(corner_);
 }
 
-QPoint Window::Corner() const { return TellsPlaces() ? pos() : corner_; }
+QPoint Window::Corner() const { return CanReadPosition() ? pos() : corner_; }
 
 // No desktop is as large as these limits. A damaged file may contain more, and the picture of such a window would fill
 // the memory.
@@ -210,7 +211,7 @@ void Window::Stagger() {
   static std::optional<QPoint> previous;
   const QScreen* screen = CurrentScreen();
   if (!screen) return;
-  // The frame is not known before the window shows: a title bar is as high as the step.
+  // The frame's size is unknown before the window shows. Assumes a title bar as high as the step.
   const QSize frame(width(), height() + StaggerStep);
   std::vector<QPoint> taken;
   for (Int32 i = 0; i < WindowCount(); ++i)
@@ -232,8 +233,8 @@ void Window::Centre() {
 
 // A closed window lives until control returns to the event loop, and may still receive activation and pointer events.
 bool Window::event(QEvent* event) {
-  // A control that is destroyed may still raise an event, such as the text that an input method commits when the focus
-  // goes. Its handlers use members of the derived class, so the controls are destroyed before these.
+  // A control may raise events while it is destroyed, for example when it loses the focus and the input method commits
+  // its text. The handlers use members of the derived class, so the controls are destroyed first.
   if (event->type() == QEvent::DeferredDelete) delete content_;
   if (closed_) return QWidget::event(event);
   if (event->type() == QEvent::WindowActivate) {
@@ -271,13 +272,13 @@ void Window::closeEvent(QCloseEvent* event) {
     return;
   }
   closed_ = true;
-  Forget(this);
+  RemoveFromList(this);
   event->accept();
   if (Window* sheet = Sheet()) sheet->Close(appQuitting_);
   if (frame_ == Frame::Sheet) ActivateParent();
 }
 
-// Behind an alert that has just closed as well, the window manager may not know which window is next.
+// Some window managers activate no window after a sheet has closed, perhaps together with an alert in front of it.
 void Window::ActivateParent() {
   const QWidget* active = QApplication::activeWindow();
   auto* parent = dynamic_cast<Window*>(parentWidget());

@@ -1,8 +1,8 @@
 // Window: a top-level window of this program, its events, and the list of all open windows.
 //
-// A class derived from it calls Create() at the end of the constructor of its most derived class: that builds the
-// window in a fixed order, raises Event_Open last, and shows it. An open window owns itself: closing destroys it, once
-// control is back at the event loop.
+// The most derived class calls Create() at the end of its constructor, which builds the window in a fixed order, raises
+// Event_Open last, and shows the window. An open document window owns itself; a sheet belongs to its parent. Closing a
+// window destroys it once control returns to the event loop.
 #pragma once
 
 #include <QPointer>
@@ -40,8 +40,8 @@ class Window : public QWidget {
   void SetLeft(Int32 left) { MoveTo(left, Top()); }
   void SetTop(Int32 top) { MoveTo(Left(), top); }
 
-  // The size of the content in pixels, without the frame and the menu bar. Setting limits it to the window's limits.
-  // Each is at most 16384, and their product at most 2^26.
+  // The size of the content in pixels, without the frame and the menu bar. The setters keep it within the limits of
+  // SetSizeLimits. Width and height are each at most 16384, and their product is at most 2^26.
   [[nodiscard]] Int32 Width() const { return width(); }
   [[nodiscard]] Int32 Height() const { return height() - MenuBarHeight(width()); }
   void SetWidth(Int32 width) { ResizeContent(width, Height()); }
@@ -57,18 +57,18 @@ class Window : public QWidget {
 
   // Whether the window draws the menu bar; its shortcuts work either way.
   [[nodiscard]] bool MenuBarVisible() const { return menuBarVisible_ && frame_ != Frame::Sheet; }
-  // Puts the bar on top of the content, which keeps its size. The window takes it over.
+  // Shows the bar above the content, which keeps its size. The window takes ownership of the bar.
   void SetMenuBar(QMenuBar* bar);
   // Whether the window can be minimised.
   [[nodiscard]] bool MinimizeButton() const { return minimizeButton_; }
 
-  // The window's part of the enabling pass of the menus.
+  // Enables the menu items that this window can handle now.
   void EnableMenuItems(MenuBar& menuBar) { Event_EnableMenuItems(menuBar); }
   // Runs the handler bound to a menu item's name; false when the window has none or it did not handle the command.
   bool HandleCommand(const std::string& name);
 
-  // Full screen, by the window manager. The bounds are those of the frame's corner and the content's size, as they were
-  // before, or are while the window is not in full screen.
+  // Full screen, as the window manager provides it. WindowedBounds returns the frame's top left corner and the
+  // content's size; in full screen, those from before.
   [[nodiscard]] bool IsFullScreen() const { return isFullScreen(); }
   void ToggleFullScreen();
   [[nodiscard]] QRect WindowedBounds() const;
@@ -79,9 +79,10 @@ class Window : public QWidget {
  protected:
   Window();
 
-  // Layout, CreateControls, AddMenuHandlers and Event_Open, in this order; then the window shows. A sheet waits for
-  // ShowWithin, and a window that is not `visible` for Show: placed before it first shows, it lands where it is put,
-  // frame and all, while the frame of a window that is just coming up is not known.
+  // Calls Layout, attaches the menus, places the window, calls CreateControls, AddMenuHandlers and Event_Open, and
+  // shows the window. Does not show a sheet (see ShowWithin), nor a window that is not `visible` (see Show). A window
+  // whose position is set before it first shows gets exactly that position; while it comes up, its frame's size is
+  // unknown.
   void Create(bool visible = true);
 
   // The limits of the content's size in pixels, smallest and largest.
@@ -97,12 +98,12 @@ class Window : public QWidget {
   void SetMinimizeButton(bool present) { minimizeButton_ = present; }
   void BindMenuHandler(const std::string& name, std::function<bool()> handler) { handlers_[name] = std::move(handler); }
 
-  // Places a new control. The parent of every control is Content(); the order of creation is the order of Tab.
+  // Places a new control, which has been created with Content() as its parent. Tab follows the order of creation.
   [[nodiscard]] QWidget* Content() const { return content_; }
   void AddControl(QWidget& control, const QRect& bounds, Locks locks);
 
-  // The buttons that Return and Escape press, whatever control has the focus. A button that itself has the focus takes
-  // Return. They live as long as the window.
+  // Sets the buttons that Return and Escape press if the control with the focus ignores the key. A button with the
+  // focus takes Return. The buttons must live as long as the window.
   void SetDefaultButton(QPushButton& button);
   void SetCancelButton(QPushButton& button) { cancelButton_ = &button; }
 
@@ -117,7 +118,7 @@ class Window : public QWidget {
   // The content has a new size, and the controls have followed it.
   virtual void Event_Resized() {}
   virtual void Event_Moved() {}
-  // The window has become active.
+  // The window has become active, and has no open sheet.
   virtual void Event_Activate() {}
   // The pointer has entered the window.
   virtual void Event_MouseEnter() {}
@@ -183,8 +184,8 @@ class SingleActivation {
   SingleActivation& operator=(const SingleActivation&) = delete;
 };
 
-// All open windows, hidden ones included, front to back; index 0 is the front window. The order is that of activation
-// and of Show. A window that was never active is in front of the windows that existed when it was created.
+// All open windows, hidden ones included, front to back; index 0 is the front window. A new window
+// starts at the front. Activation and Show move a window to the front.
 [[nodiscard]] Int32 WindowCount();
 // An index out of range is a Fault.
 [[nodiscard]] Window& WindowAt(Int32 index);
