@@ -108,6 +108,7 @@ class MathClass {
   // arithmetic.cpp
   [[nodiscard]] static String CleanupNumber(std::string_view text);
   [[nodiscard]] String DoOperation(std::string_view left, std::string_view right, std::string_view op);
+  // Looks the function up by its name. The rewriting looks it up before, so only the reference evaluator calls this.
   [[nodiscard]] String DoFunction(std::string_view argument1, std::string_view argument2, std::string_view name);
   [[nodiscard]] String Apply(const Function& function, std::string_view name, std::string_view argument1,
                              std::string_view argument2);

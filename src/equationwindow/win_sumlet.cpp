@@ -158,9 +158,10 @@ void winSumlet::ArrangeControls() {
   textInput_->setGeometry(textInput_->x(), layout.inputTop, textInput_->width(), layout.inputHeight);
 }
 
+// The desktop sends a spontaneous event when it shows a minimised window again, which is arranged already.
 void winSumlet::showEvent(QShowEvent* event) {
   BaseWindow::showEvent(event);
-  ArrangeControls();
+  if (!event->spontaneous()) ArrangeControls();
 }
 
 // The desktop's font may change while the window is open.

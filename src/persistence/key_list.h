@@ -106,6 +106,8 @@ class RepeatedAlerts {
       : handler_(MsgBox.Set([show = MsgBox.Current(), &shown](std::string_view text) {
           if (shown.emplace(text).second && show) show(text);
         })) {}
+  RepeatedAlerts(const RepeatedAlerts&) = delete;
+  RepeatedAlerts& operator=(const RepeatedAlerts&) = delete;
 
  private:
   HookGuard handler_;
