@@ -3,6 +3,7 @@
 #include "equationwindow/win_sumlet.h"
 
 #include <QEvent>
+#include <QShowEvent>
 
 #include "equationwindow/area_layout.h"
 #include "equationwindow/closed_equations.h"
