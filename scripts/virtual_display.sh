@@ -22,9 +22,9 @@ virtualProcesses=()
 unset "${!DBUS_@}" "${!DESKTOP_@}" "${!FREETYPE_@}" "${!GDK_@}" "${!GTK_@}" "${!KDE_@}" "${!LANG@}" "${!LC_@}" \
   "${!QT_@}" "${!SESSION_@}" "${!XCURSOR_@}" "${!XDG_@}" WAYLAND_DISPLAY XAUTHORITY
 export FONTCONFIG_FILE LC_ALL=C.UTF-8 TZ=UTC HOME=$virtualFolder/home
-# The sanitizers would report memory that the desktop's libraries keep until the end.
+# The sanitizers would report memory that the desktop's libraries, and Qt 6.8's services, keep until the end.
 export LSAN_OPTIONS="suppressions=$virtualFolder/leaks:print_suppressions=0"
-printf 'leak:%s\n' libdbus-1 libfontconfig >"$virtualFolder/leaks"
+printf 'leak:%s\n' libdbus-1 libfontconfig QGenericUnixServices >"$virtualFolder/leaks"
 FONTCONFIG_FILE=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/fonts.conf
 mkdir "$HOME"
 
