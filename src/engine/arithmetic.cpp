@@ -118,12 +118,12 @@ String MathClass::DoFunction(std::string_view argument1, std::string_view argume
 String MathClass::Apply(const Function& function, std::string_view name, std::string_view argument1,
                         std::string_view argument2) {
   if (function.IsFraction()) return DecimalToFraction(CDbl(argument1));
-  if (function.ofTwo != nullptr) {
+  if (function.binary != nullptr) {
     if (argument1.empty() || argument2.empty()) return Fail(errors::twoArgumentFormat, name);
-    return ValueText(Abs(function.ofTwo(CDbl(argument1), CDbl(argument2))));
+    return ValueText(Abs(function.binary(CDbl(argument1), CDbl(argument2))));
   }
   if (argument1.empty()) return Fail(errors::oneArgumentFormat, name);
-  return ValueText(Abs(function.ofOne(CDbl(argument1))));
+  return ValueText(Abs(function.unary(CDbl(argument1))));
 }
 
 String MathClass::DecimalToFraction(double value) {

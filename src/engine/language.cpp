@@ -40,7 +40,7 @@ constexpr Function functions[] = {
 };
 
 static_assert(std::all_of(std::begin(functions), std::end(functions), [](const Function& function) {
-  return !function.name.empty() && function.name.size() <= longestFunctionName &&
+  return !function.name.empty() && function.name.size() <= maxFunctionNameLength &&
          CanEndFunctionName(function.name.back());
 }));
 

@@ -1,4 +1,4 @@
-// The vocabulary of the line language: characters, comments, names, functions and error texts.
+// The vocabulary of the calculator's language: sets of characters, comments, function names and error texts.
 #pragma once
 
 #include <array>
@@ -12,13 +12,13 @@ namespace sumlet {
 
 // ---- Characters
 
-// Sets of bytes. Every sign of the language is ASCII; all other bytes, including those of longer characters, are parts
-// of words.
+// Sets of bytes. Each byte is a delimiter or a word character. Word characters include all bytes beyond ASCII, and "=",
+// "'" and "#", which have no meaning inside an expression.
 using CharacterSet = std::uint16_t;
 
-inline constexpr CharacterSet numberCharacter = 1 << 0;  // of an operand: digits, blank, "," and "."
-inline constexpr CharacterSet delimiter = 1 << 1;        // ends a word: every sign of the language
-inline constexpr CharacterSet plainCharacter = 1 << 2;   // of a finished number: a number character or "-"
+inline constexpr CharacterSet numberCharacter = 1 << 0;        // digits, blank, "," and "."
+inline constexpr CharacterSet delimiter = 1 << 1;              // a character of any other set: it ends a word
+inline constexpr CharacterSet signedNumberCharacter = 1 << 2;  // a number character or "-"
 inline constexpr CharacterSet parenthesis = 1 << 3;
 inline constexpr CharacterSet bar = 1 << 4;
 inline constexpr CharacterSet powerSign = 1 << 5;
@@ -35,7 +35,7 @@ constexpr std::array<CharacterSet, 256> BuildCharacterTable() {
     for (const char c : characters) table[static_cast<unsigned char>(c)] |= set;
   };
   mark("0123456789 ,.", numberCharacter);
-  mark("0123456789,. -", plainCharacter);
+  mark("0123456789,. -", signedNumberCharacter);
   mark("()", parenthesis);
   mark("|", bar);
   mark("^", powerSign);
@@ -54,7 +54,7 @@ inline constexpr std::array<CharacterSet, 256> characterTable = BuildCharacterTa
 
 // ---- Comments
 
-// Whether `line` begins with "'", "#" or "//". Later in a line these signs are operators or errors.
+// Whether `line` begins with "'", "#" or "//". There are no comments later in a line.
 [[nodiscard]] constexpr bool IsComment(std::string_view line) {
   return line.starts_with('\'') || line.starts_with('#') || line.starts_with("//");
 }
@@ -73,16 +73,18 @@ inline constexpr std::array<CharacterSet, 256> characterTable = BuildCharacterTa
 // A function of the language. dec has no Function, because it takes its argument as text (parentheses.cpp).
 struct Function {
   std::string_view name;  // in lower case
-  // One of the two is set; neither for frac, whose value is a text. Callers drop the sign of the value: cos(pi) is 1.
-  double (*ofOne)(double);
-  double (*ofTwo)(double, double);
-  [[nodiscard]] constexpr bool IsFraction() const { return ofOne == nullptr && ofTwo == nullptr; }
+  // One of the two is set; neither for frac, whose value is a text. A call takes the absolute value of what they
+  // return: in this language cos(pi) is 1.
+  double (*unary)(double);
+  double (*binary)(double, double);
+  [[nodiscard]] constexpr bool IsFraction() const { return unary == nullptr && binary == nullptr; }
 };
 
-// In characters. The search for a name in front of a parenthesis starts with this length.
-inline constexpr std::size_t longestFunctionName = 5;
+// In characters. The search for a function name before a parenthesis tries this length first.
+inline constexpr std::size_t maxFunctionNameLength = 5;
 
-// Whether a function name can end in `c`. Saves five look-ups in front of most parentheses.
+// Whether a function name can end in `c`. Saves five look-ups before most parentheses. True for every byte
+// beyond ASCII, because ignoring case also maps some longer characters to ASCII letters.
 [[nodiscard]] constexpr bool CanEndFunctionName(char c) {
   return !IsAscii(c) || (FoldAscii(c) >= 'a' && FoldAscii(c) <= 'z') || c == '2';
 }

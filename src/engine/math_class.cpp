@@ -42,7 +42,7 @@ SignCounts CountSigns(std::string_view text) {
 
 // The first run of characters that cannot be part of a number.
 std::string_view FirstWord(std::string_view text) {
-  const auto isPlain = [](char c) { return IsIn(c, plainCharacter); };
+  const auto isPlain = [](char c) { return IsIn(c, signedNumberCharacter); };
   const auto begin = std::find_if_not(text.begin(), text.end(), isPlain);
   const auto end = std::find_if(begin, text.end(), isPlain);
   return {begin, end};
@@ -172,10 +172,10 @@ String MathClass::Assign(std::string_view expression, std::size_t equalsSign) {
 }
 
 String MathClass::Rewrite(RewriteBuffer& text) {
-  if (text.Held(parenthesis)) {
+  if (text.MayContain(parenthesis)) {
     if (Ending ending = ReduceParentheses(text)) return *std::move(ending);
   }
-  if (text.Held(bar)) {
+  if (text.MayContain(bar)) {
     if (Ending ending = ReduceBars(text)) return *std::move(ending);
   }
   return ReduceOperators(text);
@@ -193,7 +193,7 @@ MathClass::Ending MathClass::ReduceBars(RewriteBuffer& text) {
       return value;
     }
     const std::size_t signLength = value.substr(0, 1) == "-" ? 1 : 0;
-    text.Replace(0, closing + 1, std::string_view(value).substr(signLength), SeamTrim::Blanks);
+    text.Replace(0, closing + 1, std::string_view(value).substr(signLength), TrimMode::Blanks);
   }
   return {};
 }
@@ -207,7 +207,7 @@ String MathClass::ReduceOperators(RewriteBuffer& text) {
       if (Ending ending = ApplyOperator(text)) return *std::move(ending);
     }
     const std::string_view numbers = Trimmed(text.Whole());
-    if (text.Held(wordCharacter)) {
+    if (text.MayContain(wordCharacter)) {
       if (const std::string_view word = FirstWord(numbers); !word.empty()) return Fail(errors::variableUnknown, word);
     }
     if (numbers.find(' ') == std::string_view::npos) return String(numbers);

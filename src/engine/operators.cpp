@@ -13,15 +13,16 @@
 namespace sumlet {
 namespace {
 
-// The left operand at the end of `text`: number characters, and a minus sign in front of them if it is the sign of the
-// number, because nothing is in front of it or something that is no part of a number.
+// The left operand: the longest run of number characters (digits, blanks, "," and ".") at the end of `text`. A minus
+// sign before the run belongs to it if the text begins there or if the last character before the sign, apart from
+// blanks, is not a number character.
 std::string_view LeftOperand(std::string_view text) {
   std::size_t begin = text.size();
-  bool seen = false;
+  bool hasNumber = false;
   for (; begin > 0 && IsIn(text[begin - 1], numberCharacter); --begin) {
-    if (text[begin - 1] != ' ') seen = true;
+    if (text[begin - 1] != ' ') hasNumber = true;
   }
-  if (begin > 0 && seen && text[begin - 1] == '-') {
+  if (begin > 0 && hasNumber && text[begin - 1] == '-') {
     std::size_t ahead = begin - 1;
     while (ahead > 0 && text[ahead - 1] == ' ') --ahead;
     if (ahead == 0 || !IsIn(text[ahead - 1], numberCharacter)) --begin;
@@ -32,26 +33,27 @@ std::string_view LeftOperand(std::string_view text) {
 // The right operand at the beginning of `text`: minus signs and blanks, then number characters. Nothing if the text
 // ends before a number begins.
 std::optional<std::string_view> RightOperand(std::string_view text) {
-  bool seen = false;
+  bool hasNumber = false;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char c = text[i];
-    if (c == ' ' || (!seen && c == '-')) continue;
+    if (c == ' ' || (!hasNumber && c == '-')) continue;
     if (!IsIn(c, numberCharacter)) return text.substr(0, i);
-    seen = true;
+    hasNumber = true;
   }
-  if (!seen) return {};
+  if (!hasNumber) return {};
   return text;
 }
 
 }  // namespace
 
 // Moves the cursor in front of the next operator. Returns false if none is left. `level` is the current level of
-// precedence, 0 for a new text. It never decreases, because no value contains an operator that binds tighter.
+// precedence, 0 for a new text. It never decreases, because a value
+// contains no operator but a minus sign, which has the lowest precedence.
 bool MathClass::LookupNextOp(RewriteBuffer& text, std::size_t& level) {
   constexpr std::array<CharacterSet, 3> signsByLevel{powerSign, productSign, sumSign};
   for (; level < signsByLevel.size(); ++level) {
     const CharacterSet signs = signsByLevel[level];
-    if (text.Held(signs) && text.MoveTo(signs)) return true;
+    if (text.MayContain(signs) && text.MoveTo(signs)) return true;
     text.Rewind();
   }
   return false;
@@ -59,8 +61,8 @@ bool MathClass::LookupNextOp(RewriteBuffer& text, std::size_t& level) {
 
 // The cursor is in front of the operator.
 //
-// Fails for an operator without a right operand. This includes a "-" followed by minus signs only, as in "3--", which
-// rewriting would repeat for ever.
+// Fails if no text precedes the operator or if it has no right operand. Minus signs alone are no operand: "3--" would
+// be rewritten to itself again and again.
 MathClass::Ending MathClass::ApplyOperator(RewriteBuffer& text) {
   const std::string_view after = text.After();
   const std::string_view op = after.substr(0, 1);
@@ -69,8 +71,8 @@ MathClass::Ending MathClass::ApplyOperator(RewriteBuffer& text) {
   const std::string_view left = LeftOperand(text.Before());
   String value = DoOperation(left, *right, op);
   if (ResultIsError(value)) return value;
-  text.Replace(left.size(), 1 + right->size(), value, SeamTrim::Blanks);
-  // Behind other text, the minus sign of a negative value is the next operator of its level.
+  text.Replace(left.size(), 1 + right->size(), value, TrimMode::Blanks);
+  // The minus sign of a negative value is an operator unless the value begins the text, so the search must find it.
   text.StepBackOverValue();
   return {};
 }

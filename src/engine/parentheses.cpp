@@ -29,7 +29,7 @@ std::size_t LastOpening(std::string_view before, std::string_view lastValue) {
 // Whether `number` is the value inserted last and is already a number; "nan" and "inf" are not.
 bool IsFinished(std::string_view number, std::string_view lastValue) {
   const bool isLastValue = number.data() == lastValue.data() && number.size() == lastValue.size();
-  return isLastValue && !number.empty() && IsIn(number.back(), plainCharacter);
+  return isLastValue && !number.empty() && IsIn(number.back(), signedNumberCharacter);
 }
 
 bool IsPlainOpening(std::string_view before, std::size_t open) {
@@ -88,7 +88,7 @@ std::size_t MathClass::UnwrapNumber(RewriteBuffer& text) {
   if (!IsFinished(number, lastValue) || !IsPlainOpening(before, open)) return 0;
   const Nest nest = FindNest(before, text.After(), open);
   ResultDetails = String(open == 0 ? std::string_view() : before.substr(open - 1, 1));
-  text.Replace(before.size() - open, nest.bytesAfter, String(number), SeamTrim::WhiteSpace);
+  text.Replace(before.size() - open, nest.bytesAfter, String(number), TrimMode::WhiteSpace);
   return nest.pairs;
 }
 
@@ -115,7 +115,7 @@ MathClass::Ending MathClass::ReduceInnermost(RewriteBuffer& text) {
   }
   const String value = hasComma ? Reduce(inner) : std::move(first);
   if (ResultIsError(value)) return value;
-  text.Replace(before.size() - open, 1, value, SeamTrim::WhiteSpace);
+  text.Replace(before.size() - open, 1, value, TrimMode::WhiteSpace);
   return {};
 }
 
@@ -134,7 +134,7 @@ MathClass::Ending MathClass::ReduceCall(RewriteBuffer& text, const Call& call, s
   }
   // Arguments after the second are dropped, even if only one bar of a pair is in them.
   if ((CountFields(inner, "|") - 1) % 2 == 1) return String(errors::unmatchedBar);
-  text.Replace(before.size() - front.size(), 1, value, SeamTrim::WhiteSpace);
+  text.Replace(before.size() - front.size(), 1, value, TrimMode::WhiteSpace);
   return {};
 }
 
@@ -155,7 +155,7 @@ std::optional<MathClass::Call> MathClass::FindCall(std::string_view front) {
     ResultDetails = front.substr(front.size() - LastCharacterLength(front));
     return {};
   }
-  std::array<std::string_view, longestFunctionName> names;  // by length in characters minus 1; empty if too long
+  std::array<std::string_view, maxFunctionNameLength> names;  // by length in characters minus 1; empty if too long
   std::size_t bytes = 0;
   for (std::string_view& name : names) {
     const std::size_t length = LastCharacterLength(front.substr(0, front.size() - bytes));

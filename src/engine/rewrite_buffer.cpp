@@ -10,7 +10,7 @@ namespace {
 // Room for a few values before inserting one has to move the text.
 constexpr std::size_t spareGap = 64;
 
-bool IsDropped(char c, SeamTrim trim) { return trim == SeamTrim::Blanks ? c == ' ' : IsWhiteSpace(c); }
+bool IsDropped(char c, TrimMode trim) { return trim == TrimMode::Blanks ? c == ' ' : IsWhiteSpace(c); }
 
 }  // namespace
 
@@ -19,7 +19,7 @@ void RewriteBuffer::Assign(std::string_view text) {
   gapEnd_ = end_ = capacity_;
   Reserve(text.size() + spareGap);
   gapEnd_ = end_ - text.size();
-  CharacterSet held = 0;  // a local, because a char written through `out` could alias a member
+  CharacterSet contained = 0;  // a local, because a char written through `out` could alias a member
   char* out = data_ + gapEnd_;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char c = text[i];
@@ -27,10 +27,10 @@ void RewriteBuffer::Assign(std::string_view text) {
       while (text[i + 1] == ' ') ++i;  // the last character is no blank
       if (out[-1] == '-' && text[i + 1] == '-') continue;
     }
-    held |= SetsOf(c);
+    contained |= SetsOf(c);
     *out++ = c;
   }
-  held_ = held;
+  contained_ = contained;
   end_ = static_cast<std::size_t>(out - data_);
   CancelSignsAtHead();
 }
@@ -63,13 +63,13 @@ bool RewriteBuffer::MoveTo(CharacterSet sets) {
   return true;
 }
 
-void RewriteBuffer::Replace(std::size_t before, std::size_t after, std::string_view value, SeamTrim trim) {
+void RewriteBuffer::Replace(std::size_t before, std::size_t after, std::string_view value, TrimMode trim) {
   gapBegin_ -= before;
   gapEnd_ += after;
-  TrimSeam(trim);
+  TrimAroundCursor(trim);
   TrimHead();
   if (value.empty()) {
-    JoinEnds();
+    JoinWithBlank();
     valueBegin_ = valueEnd_ = gapBegin_;
   } else {
     Insert(value);
@@ -86,10 +86,10 @@ void RewriteBuffer::StepBackOverValue() {
 
 void RewriteBuffer::ReplaceBlanks(char sign) {
   Advance(end_ - gapEnd_);
-  TrimSeam(SeamTrim::WhiteSpace);
+  TrimAroundCursor(TrimMode::WhiteSpace);
   TrimHead();
   std::replace(data_ + head_, data_ + gapBegin_, ' ', sign);
-  held_ |= SetsOf(sign);
+  contained_ |= SetsOf(sign);
   Rewind();
 }
 
@@ -107,7 +107,7 @@ void RewriteBuffer::Reserve(std::size_t gap) {
   gapEnd_ = capacity - behind;
 }
 
-void RewriteBuffer::TrimSeam(SeamTrim trim) {
+void RewriteBuffer::TrimAroundCursor(TrimMode trim) {
   while (gapBegin_ > head_ && IsDropped(data_[gapBegin_ - 1], trim)) --gapBegin_;
   while (gapEnd_ < end_ && IsDropped(data_[gapEnd_], trim)) ++gapEnd_;
 }
@@ -119,9 +119,9 @@ void RewriteBuffer::TrimHead() {
 }
 
 // An empty value leaves one blank between the texts before and behind it.
-void RewriteBuffer::JoinEnds() {
+void RewriteBuffer::JoinWithBlank() {
   if (head_ == gapBegin_ || gapEnd_ == end_) {
-    TrimSeam(SeamTrim::WhiteSpace);
+    TrimAroundCursor(TrimMode::WhiteSpace);
     return;
   }
   if (data_[gapBegin_ - 1] == '-' && data_[gapEnd_] == '-') return;
@@ -133,7 +133,7 @@ void RewriteBuffer::Insert(std::string_view value) {
   Reserve(value.size() + 2);
   if (gapBegin_ > head_ && !(data_[gapBegin_ - 1] == '-' && value.front() == '-')) data_[gapBegin_++] = ' ';
   if (gapEnd_ < end_ && !(value.back() == '-' && data_[gapEnd_] == '-')) data_[--gapEnd_] = ' ';
-  held_ |= SetsOf(value.front()) | SetsOf(value.back());  // enough for a number with its sign, and for "inf" and "nan"
+  contained_ |= SetsOf(value.front()) | SetsOf(value.back());  // enough for signed numbers, "inf" and "nan"
   valueBegin_ = gapBegin_;
   std::memcpy(data_ + gapBegin_, value.data(), value.size());
   gapBegin_ += value.size();

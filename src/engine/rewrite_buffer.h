@@ -21,8 +21,8 @@
 
 namespace sumlet {
 
-// What Replace removes on both sides of a value before it inserts blanks there.
-enum class SeamTrim { Blanks, WhiteSpace };
+// Which characters Replace removes on both sides of the replaced range: " " only, or all white space.
+enum class TrimMode { Blanks, WhiteSpace };
 
 class RewriteBuffer {
  public:
@@ -31,8 +31,8 @@ class RewriteBuffer {
   RewriteBuffer(const RewriteBuffer&) = delete;
   RewriteBuffer& operator=(const RewriteBuffer&) = delete;
 
-  // Whether the original text or an inserted value contained a character of these sets.
-  [[nodiscard]] bool Held(CharacterSet sets) const { return (held_ & sets) != 0; }
+  // Returns false only if the text contains no character of these sets. May return true for one that has been replaced.
+  [[nodiscard]] bool MayContain(CharacterSet sets) const { return (contained_ & sets) != 0; }
 
   // The text in front of the cursor and behind it. Every non-const call invalidates these views.
   [[nodiscard]] std::string_view Before() const { return {data_ + head_, gapBegin_ - head_}; }
@@ -49,9 +49,9 @@ class RewriteBuffer {
   // Replaces the last `before` bytes in front of the cursor and the first `after` bytes behind it by `value`, with a
   // blank on either side, and restores the normal form. Then the cursor is behind the value. `value` must not be a view
   // of the buffer.
-  void Replace(std::size_t before, std::size_t after, std::string_view value, SeamTrim trim);
+  void Replace(std::size_t before, std::size_t after, std::string_view value, TrimMode trim);
 
-  // The part of Before() that the last Replace inserted, as long as it is still there.
+  // The value that the last Replace inserted. Empty after Rewind, StepBackOverValue or ReplaceBlanks.
   [[nodiscard]] std::string_view LastValue() const { return {data_ + valueBegin_, valueEnd_ - valueBegin_}; }
   // Moves the cursor in front of the value. Call only directly after Replace.
   void StepBackOverValue();
@@ -62,10 +62,10 @@ class RewriteBuffer {
  private:
   void Assign(std::string_view text);
   void Reserve(std::size_t gap);
-  void TrimSeam(SeamTrim trim);
+  void TrimAroundCursor(TrimMode trim);
   void TrimHead();
   void CancelSignsAtHead();
-  void JoinEnds();
+  void JoinWithBlank();
   void Insert(std::string_view value);
   void PushFront(char c);
   void DropFront(std::size_t count);
@@ -87,7 +87,7 @@ class RewriteBuffer {
 
   std::size_t valueBegin_ = 0;
   std::size_t valueEnd_ = 0;
-  CharacterSet held_ = 0;
+  CharacterSet contained_ = 0;
 };
 
 }  // namespace sumlet

@@ -124,15 +124,15 @@ class StraightLine::Walk {
     const Waiting opened = waiting_.back();
     waiting_.pop_back();
     const std::size_t nameLength = opened.function == nullptr ? 0 : opened.function->name.size();
-    if (nameLength < longestFunctionName) tried_ = {opened.begin, nameLength};
+    if (nameLength < maxFunctionNameLength) tried_ = {opened.begin, nameLength};
     if (opened.function != nullptr && !Call(opened)) return false;
     return ApplySign(opened.isNegated, opened.isFirst);
   }
 
   [[nodiscard]] bool Call(const Waiting& opened) {
     const Function& function = *opened.function;
-    if (opened.hasFirstArgument != (function.ofTwo != nullptr)) return false;
-    return Compute(std::fabs(opened.hasFirstArgument ? function.ofTwo(opened.left, value_) : function.ofOne(value_)));
+    if (opened.hasFirstArgument != (function.binary != nullptr)) return false;
+    return Compute(std::fabs(opened.hasFirstArgument ? function.binary(opened.left, value_) : function.unary(value_)));
   }
 
   // The cursor is at the comma.
