@@ -9,7 +9,7 @@ namespace {
 
 constexpr Int32 longestShortList = 16;  // up to this length a linear search is faster than an index
 
-std::size_t At(Int32 place) { return static_cast<std::size_t>(place); }
+std::size_t ToSize(Int32 position) { return static_cast<std::size_t>(position); }
 
 }  // namespace
 
@@ -29,54 +29,54 @@ const Array<String>& KeyListItems::Values() const {
 }
 
 std::optional<String> KeyListItems::First(std::string_view key) const {
-  const Int32 place = Place(key);
-  if (place < 0) return {};
-  return values_[place];
+  const Int32 position = FindPosition(key);
+  if (position < 0) return {};
+  return values_[position];
 }
 
 std::optional<String> KeyListItems::TakeFirst(std::string_view key) {
-  const Int32 place = Place(key);
-  if (place < 0) return {};
-  std::optional<String> value = std::move(values_[place]);
-  RemoveAt(place, key);
+  const Int32 position = FindPosition(key);
+  if (position < 0) return {};
+  std::optional<String> value = std::move(values_[position]);
+  RemoveAt(position, key);
   return value;
 }
 
 void KeyListItems::Clear() { *this = KeyListItems(); }
 
-// A list keeps its index once it has one, because a short list may have no gaps.
+// A list with an index is not short, even after removals, because only the index skips gaps.
 bool KeyListItems::IsShort() const { return next_.empty() && keys_.Ubound() < longestShortList; }
 
-Int32 KeyListItems::Place(std::string_view key) const {
+Int32 KeyListItems::FindPosition(std::string_view key) const {
   if (IsShort()) return IndexOf(keys_, key);
   ExtendIndex();
   const auto found = index_.find(FoldCase(key));
   return found == index_.end() ? -1 : found->second.first;
 }
 
-void KeyListItems::RemoveAt(Int32 place, std::string_view key) {
+void KeyListItems::RemoveAt(Int32 position, std::string_view key) {
   if (IsShort()) {
-    keys_.Remove(place);
-    values_.Remove(place);
+    keys_.Remove(position);
+    values_.Remove(position);
     return;
   }
-  keys_[place] = {};
-  values_[place] = {};
-  isGap_[At(place)] = true;
+  keys_[position] = {};
+  values_[position] = {};
+  isGap_[ToSize(position)] = true;
   ++gapCount_;
   const auto entry = index_.find(FoldCase(key));
-  entry->second.first = next_[At(place)];
+  entry->second.first = next_[ToSize(position)];
   if (entry->second.first < 0) index_.erase(entry);
 }
 
 void KeyListItems::ExtendIndex() const {
   const Int32 end = keys_.Ubound() + 1;
-  for (auto place = static_cast<Int32>(next_.size()); place < end; ++place) {
+  for (auto position = static_cast<Int32>(next_.size()); position < end; ++position) {
     next_.push_back(-1);
-    const auto [entry, isNew] = index_.try_emplace(FoldCase(keys_[place]), Places{place, place});
+    const auto [entry, isNew] = index_.try_emplace(FoldCase(keys_[position]), Places{position, position});
     if (isNew) continue;
-    next_[At(entry->second.last)] = place;
-    entry->second.last = place;
+    next_[ToSize(entry->second.last)] = position;
+    entry->second.last = position;
   }
   isGap_.resize(next_.size());
 }
@@ -84,11 +84,11 @@ void KeyListItems::ExtendIndex() const {
 void KeyListItems::CloseGaps() const {
   if (gapCount_ == 0) return;
   Int32 end = 0;
-  for (Int32 place = 0; place <= keys_.Ubound(); ++place) {
-    if (At(place) < isGap_.size() && isGap_[At(place)]) continue;
-    if (end != place) {
-      keys_[end] = std::move(keys_[place]);
-      values_[end] = std::move(values_[place]);
+  for (Int32 position = 0; position <= keys_.Ubound(); ++position) {
+    if (ToSize(position) < isGap_.size() && isGap_[ToSize(position)]) continue;
+    if (end != position) {
+      keys_[end] = std::move(keys_[position]);
+      values_[end] = std::move(values_[position]);
     }
     ++end;
   }

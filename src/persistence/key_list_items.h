@@ -24,7 +24,7 @@ class KeyListItems {
   [[nodiscard]] const Array<String>& Keys() const;
   [[nodiscard]] const Array<String>& Values() const;
 
-  [[nodiscard]] bool Has(std::string_view key) const { return Place(key) >= 0; }
+  [[nodiscard]] bool Has(std::string_view key) const { return FindPosition(key) >= 0; }
   // The value of the first item with this key, if any. TakeFirst also removes the item.
   [[nodiscard]] std::optional<String> First(std::string_view key) const;
   std::optional<String> TakeFirst(std::string_view key);
@@ -39,8 +39,8 @@ class KeyListItems {
   };
 
   [[nodiscard]] bool IsShort() const;
-  [[nodiscard]] Int32 Place(std::string_view key) const;
-  void RemoveAt(Int32 place, std::string_view key);
+  [[nodiscard]] Int32 FindPosition(std::string_view key) const;
+  void RemoveAt(Int32 position, std::string_view key);
   void ExtendIndex() const;
   void CloseGaps() const;
 
