@@ -114,7 +114,7 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(evaluate("value.txt", "-h"), evaluate("--help"))
         self.assertRegex(evaluate("--version")[1], rb"^sumlet-eval \d+\.\d+\.\d+\n\Z")
         for *wrong, reason in [("-x", "unknown option -x"), ("--helpx", "unknown option --helpx"),
-                               ("-e", "a value is missing behind -e"),
+                               ("-e", "option -e requires a value"),
                                ("-e", "1", "value.txt", "-e and files exclude each other")]:
             self.assertEqual(evaluate(*wrong), (2, b"", f"sumlet-eval: {reason}\nTry sumlet-eval --help.\n"))
 
