@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Runs the two commands of README.md on a bare Debian: scripts/run.sh, whose window calculates on a virtual display, and
-# scripts/test.sh. Needs root, because it installs and mounts a system.
+# Runs the two commands of README.md on a bare Debian in a chroot: scripts/run.sh, with an equation typed into its
+# window on a virtual display, and scripts/test.sh. Needs root for debootstrap, chroot and mount.
 #
 #   scripts/debian_tree.sh SUITE FOLDER [COMMAND]
 #
-# SUITE is bookworm (Debian 12) or trixie (Debian 13). The script installs the smallest set of packages in FOLDER, which
-# takes a few GB, adds a user who may use sudo, and copies the last commit of this project to that user's home. It uses
+# SUITE is bookworm (Debian 12) or trixie (Debian 13). The script installs the minimal system in FOLDER, where it grows
+# to a few GB, adds a user who may use sudo, and copies the last commit of this project to that user's home. It uses
 # the system of an earlier run again, with a new copy of the project. COMMAND, a line for the shell, replaces the two
 # commands.
 set -euo pipefail
@@ -16,7 +16,7 @@ if (($# < 2 || $# > 3)) || [[ $1 == -* ]]; then
   exit 2
 fi
 if ((EUID != 0)); then
-  echo "debian_tree.sh: only root can make a system; please start this with sudo." >&2
+  echo "debian_tree.sh must run as root, for example with sudo." >&2
   exit 1
 fi
 suite=$1
@@ -39,8 +39,8 @@ chroot "$tree" chown -R newcomer: /home/newcomer/sumlet
 source "$projectRoot/scripts/virtual_display.sh"
 mkdir -p /tmp/.X11-unix
 
-# in_tree COMMAND: runs it in the system as its user. Mounts and processes have namespaces of their own, so they end with
-# the command, even if it is killed.
+# in_tree COMMAND: runs COMMAND in the chroot as the user newcomer, in new mount and PID namespaces. So all mounts and
+# processes end with the command, even if it is killed.
 in_tree() {
   unshare --mount --pid --fork --kill-child bash -euc '
     mount -t proc proc "$0/proc"
@@ -56,6 +56,8 @@ if (($# == 3)); then
   exit
 fi
 
+# These replace the functions of virtual_display.sh, which find the window by the process ID: the program has a PID
+# namespace of its own.
 window_is_active_or_gone() {
   kill -0 "$program" || return 0
   window=$(xdotool getactivewindow) && xdotool search --onlyvisible --class '^sumlet$' | grep -qx "$window"
@@ -73,6 +75,6 @@ press Tab
 expect_text 42
 press ctrl+q
 wait "$program" || give_up "$suite: run.sh ends with status $?"
-echo "$suite, $commit: run.sh has built Sumlet, its window calculates and quits."
+echo "$suite, $commit: run.sh has built Sumlet; its window has shown the result and quit."
 in_tree scripts/test.sh
 echo "$suite, $commit: test.sh has passed."

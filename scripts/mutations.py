@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Puts each fault of scripts/mutations.txt into a copy of the sources and says which test sees it.
+"""Puts each fault of scripts/mutations.txt into a copy of the sources and reports which test detects it.
 
-    scripts/mutations.py [TEXT...]     only mutations with one of the texts in their folder or their old text
+    scripts/mutations.py [TEXT...]     only the mutations whose folder or old text contains one of the texts
 
-Builds below build/mutations at the lowest priority. A mutation is seen when it does not compile, or when a test fails,
-crashes or takes too long. Exits with 1 when a mutation that is not marked as unseen passes all tests, or when its old
-text is not found exactly once.
+Builds below build/mutations at the lowest priority. A mutation is detected if it does not compile, or if a test fails,
+crashes or takes too long. Exits with 1 if no test detects a mutation that is not marked as unseen, if an old text does
+not occur exactly once, or if a test fails without a mutation.
 """
 
 import os
@@ -20,8 +20,8 @@ SCRATCH = PROJECT / "build" / "mutations"
 SECONDS_PER_TEST = 60
 SECONDS_OF_SYSTEM_TESTS = 300
 
-# The tests that cover a folder, quick ones first: a CMake target and its arguments. Those of the target "sumlet" are a
-# regular expression for ctest.
+# The tests that cover a folder, in the order of running: a CMake target and its arguments. Those of "sumlet" are a
+# regular expression that ctest matches against the names of tests.
 CORPUS = SCRATCH / "source" / "fuzz" / "corpus"
 ENGINE = [
     ["engine_tests", "--gtest_filter=Language.*"],
@@ -60,29 +60,29 @@ TESTS = {
 }
 
 # How the test programs, the replays and ctest name what failed.
-FAILURES = [r"^\[  FAILED  \] ([\w.]+)$", r"^Broken: (.*)", r"^\t *\d+ - (\S+) \("]
+FAILURE_PATTERNS = [r"^\[  FAILED  \] ([\w.]+)$", r"^Broken: (.*)", r"^\t *\d+ - (\S+) \("]
 
 
 class Mutation:
     def __init__(self, block):
         lines = block.splitlines()
-        self.folder = lines[0]  # or a file
+        self.path = lines[0]  # of a folder or file
         self.old = lines[1].removeprefix("- ")
         self.new = lines[2].removeprefix("+").removeprefix(" ")
         self.unseen = lines[3].removeprefix("unseen ") if len(lines) > 3 else None
 
     def __str__(self):
-        return f"{self.folder}: {self.old}  ->  {self.new or '(nothing)'}"
+        return f"{self.path}: {self.old}  ->  {self.new or '(nothing)'}"
 
     def tests(self):
-        return next(tests for folder, tests in TESTS.items() if self.folder.startswith(folder))
+        return next(tests for folder, tests in TESTS.items() if self.path.startswith(folder))
 
     def pattern(self):
         return re.compile(r"\s+".join(re.escape(word) for word in self.old.split()))
 
     def place(self):
         """The file that holds the old text; None unless it is found exactly once."""
-        place = SCRATCH / "source" / self.folder
+        place = SCRATCH / "source" / self.path
         files = [place] if place.is_file() else [*place.rglob("*.cpp"), *place.rglob("*.h")]
         found = [file for file in files for _ in self.pattern().findall(file.read_text(encoding="utf-8"))]
         return found[0] if len(found) == 1 else None
@@ -116,7 +116,7 @@ def prepare(with_windows):
     for name in filter(None, files.split("\0")):
         copy = SCRATCH / "source" / name
         copy.parent.mkdir(parents=True, exist_ok=True)
-        shutil.copy(PROJECT / name, copy, follow_symlinks=False)  # with a new time, so that all is built
+        shutil.copy(PROJECT / name, copy, follow_symlinks=False)  # with a new time, so that Ninja builds it again
     status, output = run([
         "cmake", "-G", "Ninja", "-S", "source", "-B", "build", "-DCMAKE_BUILD_TYPE=RelWithDebInfo",
         "-DCMAKE_CXX_FLAGS_RELWITHDEBINFO=-O1", f"-DSUMLET_BUILD_GUI={'ON' if with_windows else 'OFF'}",
@@ -132,7 +132,7 @@ def test_command(target, *arguments):
 
 
 def first_failure(tests):
-    """Which of the tests fails, building each one first; None when all pass."""
+    """Builds and runs one test after the other and returns what failed first, or None."""
     for command in tests:
         if build(command[0])[0] != 0:
             return "the compiler"
@@ -141,13 +141,13 @@ def first_failure(tests):
         if status is None:
             return f"{command[0]} hangs"
         if status != 0:
-            failed = [name for line in FAILURES for name in re.findall(line, output, re.M)]
+            failed = [name for pattern in FAILURE_PATTERNS for name in re.findall(pattern, output, re.M)]
             return ", ".join(sorted(set(failed))) or f"{command[0]} crashes"
     return None
 
 
 def try_mutation(mutation):
-    """What sees it; None when nothing does."""
+    """Runs the tests with the mutation and returns what detects it, or None."""
     path = mutation.place()
     if path is None:
         raise ValueError("the old text is not there exactly once")
@@ -160,7 +160,7 @@ def try_mutation(mutation):
 
 
 def main():
-    chosen = [m for m in read_mutations() if not sys.argv[1:] or any(t in m.folder + m.old for t in sys.argv[1:])]
+    chosen = [m for m in read_mutations() if not sys.argv[1:] or any(t in m.path + m.old for t in sys.argv[1:])]
     prepare(any("ui_tests" in command for mutation in chosen for command in mutation.tests()))
     every_test = {tuple(command): command for mutation in chosen for command in mutation.tests()}
     if failure := first_failure(every_test.values()):
@@ -179,7 +179,7 @@ def main():
         unseen += 1
         wrong += mutation.unseen is None
         print(f"UNSEEN  {mutation}\n        {mutation.unseen or 'by any test'}", flush=True)
-    print(f"{len(chosen)} mutations, {unseen} unseen, {wrong} of them unexpected or not applicable")
+    print(f"{len(chosen)} mutations, {unseen} unseen, {wrong} faults of the list or the tests")
     return 1 if wrong else 0
 
 
