@@ -50,12 +50,11 @@ function(sumlet_library target)
   sumlet_options(${target})
 endfunction()
 
-# sumlet_test(NAME SOURCES... LIBRARIES...): one GoogleTest binary with an environment of its own, each of its cases a
-# CTest test.
+# sumlet_test(NAME SOURCES... LIBRARIES...): one GoogleTest binary, each of its cases a CTest test.
 function(sumlet_test target)
   cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${target} ${ARG_SOURCES})
-  target_link_libraries(${target} PRIVATE ${ARG_LIBRARIES} GTest::gtest fixed_environment)
+  target_link_libraries(${target} PRIVATE ${ARG_LIBRARIES} GTest::gtest)
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   sumlet_options(${target})
   gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
