@@ -70,21 +70,6 @@ TEST_F(ApplicationLife, QuitSavesBeforeWindowsClose) {
   application.QuitRequested = nullptr;
 }
 
-TEST_F(ApplicationLife, QuitDoesNotPromptAndClosesAlerts) {
-  const auto desktop = InstallDesktop();
-  DialogButton answer = DialogButton::Action;
-  app.Event_Open();
-  Run([&] {
-    QTimer::singleShot(0, [&] { app.Quit(); });
-    MessageDialog question;
-    question.CancelButton = true;
-    answer = question.ShowModal();
-    MsgBox("And no other comes up.");
-  });
-  EXPECT_EQ(answer, DialogButton::Cancel);
-  EXPECT_EQ(record, "save with 1;");
-}
-
 // One second after the last key, and every five seconds while the user types without a pause.
 TEST_F(ApplicationLife, WritesTheRecoveryFileWhenTypingPauses) {
   app.Event_Open();
@@ -172,14 +157,12 @@ TEST_F(ApplicationLife, AsksForAReviewOnceAtTheFifthStart) {
 
 TEST_F(ApplicationLife, WebAddressesReachTheDesktopEncoded) {
   QTextBrowser desktop;  // receives the addresses in place of the desktop
-  constexpr const char* schemes[] = {"https", "macappstore", "file"};
+  constexpr const char* schemes[] = {"https", "macappstore"};
   for (const char* scheme : schemes) QDesktopServices::setUrlHandler(scheme, &desktop, "setSource");
   const auto desktopHooks = InstallDesktop();
   const auto opened = [&desktop] { return desktop.source().toEncoded().toStdString(); };
   app.AppendMenuItems();
   app.BindMenuHandlers();
-  MenuBar1().Choose("HelpLanguage");
-  EXPECT_TRUE(opened().ends_with("/language.md") || opened() == "https://www.sumlet.example/sumlet/language.html");
   MenuBar1().Choose("Share");
   EXPECT_EQ(opened(), "https://share.sumlet.example/sharer.php?u=https%3A%2F%2Fwww.sumlet.example%2Fsumlet%2F");
   const String store = "macappstore://store.sumlet.example/us/app/sumlet/id0?ls=1&mt=12";

@@ -18,14 +18,19 @@
 namespace sumlet {
 namespace {
 
+struct AppWithMenus : App {
+  AppWithMenus() {
+    BindMenuHandlers();
+    AppendMenuItems();
+  }
+};
+
 class Menus : public WindowFixture {
   const HookGuard menus_ = AttachMenus.Set([](Window& window) { MenuBar1().AttachTo(window); });
 
  protected:
   Menus() {
-    static App app;  // the menus exist once in the process, and so do their handlers
-    static const bool bound = (app.BindMenuHandlers(), app.AppendMenuItems(), true);
-    EXPECT_TRUE(bound);
+    static AppWithMenus app;  // the menus exist once in the process, and so do their handlers
   }
   static winSumlet& NewEquation(std::string_view text) {
     const winTemplates::Template equation{"", String(text)};
@@ -109,7 +114,8 @@ TEST_F(Menus, EditItemsActOnTheTextWithTheFocus) {
   window.Show();
   window.textOutput().setFocus();
   choose({"EditSelectAll", "EditClear"});
-  EXPECT_EQ(window.textInput().Text() + " is " + window.textOutput().Text(), "7x=2 is 2");
+  EXPECT_EQ(window.textInput().Text(), "7x=2");
+  EXPECT_EQ(window.textOutput().Text(), "2");
 }
 
 TEST_F(Menus, ResultCommandsUseTheCurrentText) {
@@ -122,12 +128,12 @@ TEST_F(Menus, ResultCommandsUseTheCurrentText) {
     MenuBar1().Update();
     EXPECT_EQ(MenuBar1().Item("EditShowLineValues").isChecked(), shown);
     EXPECT_EQ(window.valueDisplay() != nullptr, shown);
-    QTest::keyClicks(&window.textInput(), "1");
-    MenuBar1().Choose("EditCopyWithValues");
-    EXPECT_EQ(ClipboardText(), shown ? "7*16  → 112\n" : "7*116  → 812\n");
-    MenuBar1().Choose("EditCopyLineValue");
-    EXPECT_EQ(window.textInput().accessibleDescription().toStdString(), "Copied " + ClipboardText());
   }
+  QTest::keyClicks(&window.textInput(), "1");
+  MenuBar1().Choose("EditCopyWithValues");
+  EXPECT_EQ(ClipboardText(), "7*16  → 112\n");
+  MenuBar1().Choose("EditCopyLineValue");
+  EXPECT_EQ(window.textInput().accessibleDescription(), "Copied 112");
   window.SetEquation("", "1\nfoo\n" + String(100, '\n'));
   window.textInput().moveCursor(QTextCursor::End);
   window.textOutput().setFocus();
@@ -150,11 +156,13 @@ TEST_F(Menus, ReopensTheLastClosedEquationFirst) {
     window.Close();
   }
   Preferences::TextSize = 16;
-  for (const String text : {"2", "1"}) {
+  for (const char* text : {"2", "1"}) {
     MenuBar1().Choose("FileReopenClosed");
     const winSumlet& window = *Front<winSumlet>();
-    EXPECT_EQ(window.FromTemplate + window.textInput().Text(), text + text);
-    EXPECT_EQ(QSize(window.TextSize, window.Height()), QSize(16, 300)) << "the current text size";
+    EXPECT_EQ(window.textInput().Text(), text);
+    EXPECT_EQ(window.FromTemplate, text);
+    EXPECT_EQ(window.Height(), 300);
+    EXPECT_EQ(window.TextSize, 16) << "the current text size";
   }
   Preferences::TextSize = Preferences::defaultTextSize;
 }
@@ -177,28 +185,21 @@ TEST_F(Menus, KeysReachTheTextAfterAMenu) {
 
 TEST_F(Menus, ImportOpensFilesAndListsFailures) {
   std::vector<FolderItem> files;
-  const std::pair<const char*, std::string> contents[] = {{"budget.txt", "\n\n 1+1\n\n2*\u00A021 \n"},
-                                                          {"empty.txt", " \n"},
-                                                          {"utf16.TXT", {"\xFF\xFE\x31\x00+\x00\x32\x00", 8}},
-                                                          {"latin.txt.txt", "# caf\xE9 \x80\n3"}};
-  for (const auto& [name, content] : contents) {
+  for (const char* name : {"budget.txt.txt", "empty.txt", "gone.txt"})
     files.emplace_back(folder.filePath(name).toStdString());
-    std::ofstream(files.back().Path(), std::ios::binary) << content;
-  }
-  files.emplace_back(folder.filePath("gone.txt").toStdString());
+  std::ofstream(files[0].Path()) << "\n\n # caf\xE9\n\n2*21 \n";
+  std::ofstream(files[1].Path()) << " \n";
   const HookGuard chosen = ShowOpenDialog.Set([&files](const OpenDialog&) { return files; });
-  String told, opened;
+  String told;
   const HookGuard alert = ShowDialog.Set([&told](const MessageDialog& dialog) {
     told += dialog.Message + "|" + dialog.Explanation;
     return DialogButton::Action;
   });
   MenuBar1().Choose("FileImport");
   EXPECT_EQ(told, "The following items couldn't be opened, or were empty:|empty.txt\ngone.txt");
-  while (const auto* window = Front<winSumlet>()) {
-    opened += window->FromTemplate + ":" + window->textInput().Text() + ";";
-    WindowAt(0).Close();
-  }
-  EXPECT_EQ(opened, "latin.txt:# café €\n3;utf16:1+2;budget:1+1\n\n2*\u00A021;");
+  EXPECT_EQ(WindowCount(), 1);
+  EXPECT_EQ(Front<winSumlet>()->FromTemplate, "budget.txt");
+  EXPECT_EQ(Front<winSumlet>()->textInput().Text(), "# café\n\n2*21");
   const FolderItem picture(folder.filePath("dropped.txt.png").toStdString());
   std::ofstream(picture.Path(), std::ios::binary) << "\x89PNG\r\n\x1A\n 1";
   EXPECT_EQ(OpenTextFiles({picture, files[0]}, FileKinds::Text), Array<String>{"dropped.txt.png"});

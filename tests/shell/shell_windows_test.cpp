@@ -59,11 +59,16 @@ TEST_F(ShellWindows, PreferencesShowAndChangeTheSettings) {
   winPreferences::ChooseTextSize(24);
   for (const winSumlet* equation : {behind, front}) EXPECT_EQ(equation->textOutput().font().pointSize(), 24);
   EXPECT_EQ(winPreferences::Instance().popSize().currentText(), "24");
-  // a size, the next smaller one and the next larger one
-  for (const auto& [size, smaller, larger] :
-       {std::tuple(13, 11, 16), {11, 11, 13}, {96, 72, 96}, {15, 13, 16}, {-1, -1, 11}, {200, 96, 200}}) {
-    EXPECT_EQ(winPreferences::TextSizeAfter(size, -1), smaller);
-    EXPECT_EQ(winPreferences::TextSizeAfter(size, 1), larger);
+  const std::tuple<Int32, Int32, Int32> steps[] = {
+      // a size, the next smaller one and the next larger one
+      {13, 11, 16},
+      {11, 11, 13},    // the smallest that is offered
+      {15, 13, 16},    // between two that are offered
+      {200, 96, 200},  // larger than the largest
+  };
+  for (const auto& [size, smaller, larger] : steps) {
+    EXPECT_EQ(winPreferences::TextSizeAfter(size, -1), smaller) << size;
+    EXPECT_EQ(winPreferences::TextSizeAfter(size, 1), larger) << size;
   }
 }
 

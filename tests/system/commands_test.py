@@ -1,4 +1,4 @@
-"""Works the window program as a user does: drags, pastes, exports and imports, enters full screen."""
+"""Works the window program as a user does: drags, pastes, exports and imports."""
 
 import unittest
 
@@ -47,18 +47,6 @@ class Commands(Desktop):
         self.type(f'"{exported}" "{other}"')
         self.press("Return")
         self.expect_text("2+2")
-
-    def test_full_screen_is_restored(self):
-        def is_full_screen():
-            return xdotool("getactivewindow", "getwindowgeometry").endswith("Geometry: 1024x768")
-
-        self.press("F11")
-        self.expect(True, is_full_screen)
-        self.quit_program()
-        self.open()
-        self.expect(True, is_full_screen)
-        self.press("F11")
-        self.expect(True, lambda: "Geometry: 365x" in xdotool("getactivewindow", "getwindowgeometry"))
 
 
 if __name__ == "__main__":

@@ -57,11 +57,14 @@ TEST(Dialogs, AlertText) {
   for (int i = 1; i <= 25; ++i) lines += std::to_string(i) + "\n";
   for (int i = 0; i < 100; ++i) tens += "123 56789 ";
   const std::pair<String, String> rows[] = {
-      {"<b>bold</b> & more", "<b>bold</b> & more"}, {"a\r\nb\rc\x01\x7F\td\xFF", "a\nb\nc   d\uFFFD"},
-      {word + word, word + "\u200B" + word},        {lines, lines.substr(0, lines.find("\n21")) + "…"},
-      {tens + "1", tens.substr(0, 999) + "…"},      {String(999, ' ') + "😀😀", "…"},  // no half character
+      {"<b>bold</b> & more", "<b>bold</b> & more"},        // no markup
+      {"a\r\nb\rc\x01\x7F\td\xFF", "a\nb\nc   d\uFFFD"},   // controls
+      {word + word, word + "\u200B" + word},               // a place to break a long word
+      {lines, lines.substr(0, lines.find("\n21")) + "…"},  // too many lines
+      {tens + "1", tens.substr(0, 999) + "…"},             // too many characters
+      {String(999, ' ') + "😀😀", "…"},                      // no half character
   };
-  for (const auto& [text, shown] : rows) EXPECT_EQ(FromQString(AlertText(text)), shown);
+  for (const auto& [text, shown] : rows) EXPECT_EQ(FromQString(AlertText(text)), shown) << text;
 }
 
 }  // namespace
