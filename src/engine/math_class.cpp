@@ -1,7 +1,7 @@
 // The evaluation of an equation: splits it into lines, and checks, assigns or rewrites each of them.
 //
 // Rewriting replaces the innermost parenthesis that closes first, then the first pair of bars, then the leftmost of the
-// operators that bind tightest. No step brings back what an earlier kind of step has removed, so each kind is one walk
+// operators that bind tightest. No step brings back what an earlier kind of step has removed, so each kind is one pass
 // over a RewriteBuffer from left to right. Reduce calls itself for the right side of an assignment, for the
 // text inside a parenthesis, which contains no parenthesis, and for the text inside bars, which contains no bar either.
 // So these calls nest at most four deep.
@@ -78,7 +78,7 @@ String MathClass::Evaluate() {
     LastLineEvaluated = index;
     line = Trimmed(line);
     if (line.empty() || IsComment(line)) continue;
-    if (!EvaluateStraight(line, lastValue)) {
+    if (!EvaluateByParser(line, lastValue)) {
       ReduceLevel = 0;
       lastValue = Reduce(line);
       if (ResultIsError(lastValue)) break;
@@ -89,9 +89,9 @@ String MathClass::Evaluate() {
   return Result;
 }
 
-// Evaluates an expression or assignment by the fast path of straight_line.h. Returns false and changes nothing when the
-// line must be rewritten. Looks for "Error" in the assigned name only: the fast path accepts no expression with it.
-bool MathClass::EvaluateStraight(std::string_view line, String& value) {
+// Evaluates an expression or assignment by the ExpressionParser. Returns false and changes nothing if the line must be
+// rewritten. Looks for "Error" in the assigned name only: the parser accepts no expression that contains it.
+bool MathClass::EvaluateByParser(std::string_view line, String& value) {
   const std::size_t equalsSign = line.find('=');
   const bool isAssignment = equalsSign != std::string_view::npos;
   const std::string_view name = isAssignment ? Trimmed(line.substr(0, equalsSign)) : std::string_view();
@@ -100,8 +100,8 @@ bool MathClass::EvaluateStraight(std::string_view line, String& value) {
         !name.empty() && std::none_of(name.begin(), name.end(), [](char c) { return IsIn(c, delimiter); });
     if (!isWord || ResultIsError(name) || FindFunction(name) != nullptr) return false;
   }
-  const std::optional<StraightLine::Value> result =
-      straightLine_.Evaluate(isAssignment ? line.substr(equalsSign + 1) : line);
+  const std::optional<ExpressionParser::Value> result =
+      parser_.Evaluate(isAssignment ? line.substr(equalsSign + 1) : line);
   if (!result) return false;
   if (result->variable >= 0) {
     value = varValue[result->variable];
@@ -113,7 +113,7 @@ bool MathClass::EvaluateStraight(std::string_view line, String& value) {
   if (isAssignment) {
     ResultDetails = name;
     AddVariable(name, value, {.number = result->number, .isLong = value.size() > shortNumberLength});
-  } else if (std::optional<String> tried = straightLine_.NameTriedLast()) {
+  } else if (std::optional<String> tried = parser_.NameTriedLast()) {
     ResultDetails = *std::move(tried);
   }
   return true;

@@ -15,7 +15,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "engine/straight_line.h"
+#include "engine/expression_parser.h"
 #include "engine/variable_index.h"
 #include "framework/text/array.h"
 #include "framework/text/text.h"
@@ -82,7 +82,7 @@ class MathClass {
     const Function* function;  // nullptr for dec, which takes its argument as text
   };
 
-  [[nodiscard]] bool EvaluateStraight(std::string_view line, String& value);
+  [[nodiscard]] bool EvaluateByParser(std::string_view line, String& value);
 
   // Evaluates one text to its value or error.
   [[nodiscard]] String Reduce(std::string_view expression);
@@ -132,7 +132,7 @@ class MathClass {
   [[nodiscard]] static String SubstituteMultiplication(std::string_view text);
 
   VariableIndex variables_;  // variable i is element i of varKey and varValue
-  StraightLine straightLine_{variables_};
+  ExpressionParser parser_{variables_};
   std::unordered_map<Int32, AbridgedValue> abridgedValues_;  // cache, by variable
   std::size_t longValueBytes_ = 0;                           // of long values substituted during the run
   Int32 randomIndex_ = -1;                                   // of RND, whose value is never read

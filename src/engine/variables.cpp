@@ -1,7 +1,7 @@
 // Replaces the names of variables by their values, each between blanks.
 //
 // A value can contain names in turn, which are replaced, too. Few values do (infinities, fractions in quotation marks),
-// and the text in front of a replaced name contains no names any more. So one walk suffices, which enters such a value
+// and the text in front of a replaced name contains no names any more. So one pass suffices, which enters such a value
 // before it continues behind it. A name inside its own value is an error, because replacing it would never end.
 
 #include <algorithm>

@@ -187,7 +187,7 @@ void plist::Dump() const {
 // ---- The search
 //
 // Always begins at the top and marks each key that it has reported, so that FindNext continues after the last one. The
-// walk uses the cursors of the nodes to find its way back, and so needs no recursion.
+// traversal uses the cursors of the nodes to return to their parents, and so needs no recursion.
 
 bool plist::Find(std::string_view text) {
   foundDict = nullptr;

@@ -1,8 +1,8 @@
 // Writes the tree as the lines of a property list: to a file, or to the clipboard for debugging.
 //
-// Both use one walk. A file has each container's lines between its opening and its closing tag; the clipboard gets the
-// text of a node when the node is finished, after that of its children. The walk keeps its levels on a stack of its
-// own, because a deep tree would exhaust the call stack.
+// Both use one traversal. A file has each container's lines between its opening and its closing tag; the clipboard gets
+// the text of a node when the node is finished, after that of its children. The traversal keeps its levels on a stack
+// of its own, because a deep tree would exhaust the call stack.
 #include <algorithm>
 #include <cstddef>
 #include <deque>

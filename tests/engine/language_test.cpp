@@ -1,8 +1,8 @@
 // The line language by its worked examples, and the interface of MathClass.
 #include <gtest/gtest.h>
 
+#include "engine/expression_parser.h"
 #include "engine/math_class.h"
-#include "engine/straight_line.h"
 #include "engine/variable_index.h"
 #include "engine/worked_examples.h"
 #include "framework/text/numbers.h"
@@ -22,7 +22,7 @@ TEST(Language, WorkedExamples) {
   }
 }
 
-// One line of each kind that has a value, evaluated by the walk and by rewriting, and of each kind that has none.
+// One line of each kind that has a value, evaluated by the parser and by rewriting, and of each kind that has none.
 TEST(Language, ObserverReceivesTheValueOfEachLine) {
   MathClass math("x = 2\n# 1\r\n x*21\r\n\nfrac(2.5)\r2x\n()\ny = -x\n y\n2+*3\n7");
   String values;
@@ -56,23 +56,23 @@ TEST(Language, ErrorsContainTheWord) {
   EXPECT_TRUE(!math.ResultIsError() && math.ResultIsError("an eRRoR inside") && !math.ResultIsError("err or"));
 }
 
-// The fuzz target `rewriting` checks that the walk and rewriting give the same values; this test, that ordinary lines
-// take the walk.
+// The fuzz target `rewriting` checks that the parser and rewriting give the same values; this test, that ordinary lines
+// take the parser.
 TEST(Language, OrdinaryExpressionsAreNotRewritten) {
   VariableIndex variables;
   variables.Add("x", {.number = -2.5});
   variables.Add("mod", {});
-  StraightLine line(variables);
+  ExpressionParser parser(variables);
   for (const char* text : {"1+2*3^4-5/6\\7%8", " -x ^ 2 - -1.5", "-(-(x))*(3.+.5)", "2-max( 1 , -x )*SIN(-1)",
                            "atan2(x,1)", "5--3", "((1.50))", "(x)", "-5"}) {
-    EXPECT_TRUE(line.Evaluate(text)) << text;
+    EXPECT_TRUE(parser.Evaluate(text)) << text;
   }
   for (const char* text :
        {"",       "1+",       "+1",         "2 3",      "2x",        "x(1)",       "|x|",   "1,000",
         "1.2.3",  "--5",      "2*-x",       "-x2",      "1/0",       "()",         "(1",    "1)",
         "max(1)", "sin(1,2)", "max(1,2,3)", "mod(5,3)", "frac(0.5)", "dec(1 1/2)", "mod+1", "unknown",
         "-(1-1)", "- 5",      "-x",         "\t1",      "sqrt (4)",  "ab\u017F(1)"}) {
-    EXPECT_FALSE(line.Evaluate(text)) << text;
+    EXPECT_FALSE(parser.Evaluate(text)) << text;
   }
 }
 

@@ -1,4 +1,4 @@
-#include "engine/straight_line.h"
+#include "engine/expression_parser.h"
 
 #include <cmath>
 #include <cstddef>
@@ -17,16 +17,16 @@ static_assert(powerSign < productSign && productSign < sumSign && sumSign < grou
 
 }  // namespace
 
-// One walk. The first element of the stack represents the whole expression, as if it were in parentheses.
-class StraightLine::Walk {
+// One pass. The first element of the stack represents the whole expression, as if it were in parentheses.
+class ExpressionParser::Pass {
  public:
-  Walk(std::string_view expression, const VariableIndex& variables, std::vector<Waiting>& waiting)
+  Pass(std::string_view expression, const VariableIndex& variables, std::vector<Waiting>& waiting)
       : at_(expression.data()), end_(at_ + expression.size()), variables_(variables), waiting_(waiting) {
     waiting_.clear();
     waiting_.push_back({.level = group});
   }
 
-  // Returns whether the walk reached the end of the expression and applied all operators.
+  // Returns whether the pass reached the end of the expression and applied all operators.
   [[nodiscard]] bool Run() {
     bool isFirst = true;  // the next operand begins its expression
     for (;;) {
@@ -189,12 +189,12 @@ std::string_view LoneOperand(std::string_view expression) {
 
 }  // namespace
 
-std::optional<StraightLine::Value> StraightLine::Evaluate(std::string_view expression) {
-  Walk walk(expression, variables_, waiting_);
-  if (!walk.Run()) return {};
+std::optional<ExpressionParser::Value> ExpressionParser::Evaluate(std::string_view expression) {
+  Pass pass(expression, variables_, waiting_);
+  if (!pass.Run()) return {};
   Value value;
-  value.number = walk.Number();
-  if (walk.IsComputed()) {
+  value.number = pass.Number();
+  if (pass.IsComputed()) {
     if (value.number == 0 && std::signbit(value.number)) return {};
   } else {
     const std::string_view operand = LoneOperand(expression);
@@ -207,14 +207,14 @@ std::optional<StraightLine::Value> StraightLine::Evaluate(std::string_view expre
     }
   }
   expression_ = expression;
-  tried_ = walk.Tried();
+  tried_ = pass.Tried();
   return value;
 }
 
 // The last name that rewriting tries before it finds the function has one character more. It tries texts in normal form
 // (rewrite_buffer.h): no white space at the beginning, no two blanks in a row, and no blank behind a "-" at the
 // beginning.
-std::optional<String> StraightLine::NameTriedLast() const {
+std::optional<String> ExpressionParser::NameTriedLast() const {
   if (tried_.data() == nullptr) return {};
   const std::string_view front = expression_.substr(0, static_cast<std::size_t>(tried_.data() - expression_.data()));
   const std::string_view trimmed = Trimmed(front);

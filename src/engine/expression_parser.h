@@ -1,9 +1,9 @@
-// StraightLine: evaluates an expression in one walk from left to right, if rewriting would give the same value.
+// ExpressionParser: evaluates an expression in one pass from left to right, if rewriting would give the same value.
 //
-// The language is defined by rewriting the text of a line (math_class.cpp). Most lines do not need that. The walk is an
+// The language is defined by rewriting the text of a line (math_class.cpp). Most lines do not need that. This is an
 // ordinary operator-precedence parser: values are doubles, and operators, parentheses and calls wait on a stack until
-// their right side has been read. It either returns the value or declines and changes nothing; the caller then rewrites
-// the expression.
+// their right side has been read. It either returns the value, or rejects the expression and changes nothing; the
+// caller then rewrites the expression.
 //
 // Which expressions it accepts
 //
@@ -12,27 +12,30 @@
 //   number     = digits with at most one "." among or around them
 //
 // The value of a variable must be a number, possibly with a "-" in front. A function must have exactly as many
-// arguments as it takes. Blanks may be around operands and operators, other white space may not. The walk declines
+// arguments as it takes. Blanks may be around operands and operators, other white space may not. The parser rejects
 // everything else: operands side by side, bars, frac, dec, RND, several signs in a row, commas elsewhere, every error,
 // and the cases named below.
 //
 // Why the value is the same
 //
 //   1. Intermediate values need no text. Rewriting writes each computed value with ten decimals and reads it back;
-//      RoundToTenPlaces gives the same double. A value that is not finite would become a word: declined.
+//      RoundToTenPlaces gives the same double. A value that is not finite would become a word, so the parser rejects
+//      the expression.
 //   2. Rewriting finds the same operands as the grammar. It looks for the ends of an operand among digits, blanks and
 //      signs. In these expressions an operator, a parenthesis or a comma separates operands and so ends that search,
 //      and a text with a value inserted is again such an expression.
-//   3. A "-" in front of an operand is a part of it, in rewriting as in the walk, so it binds tighter than a power. In
+//   3. A "-" in front of an operand is a part of it, in rewriting as in the parser, so it binds tighter than a power.
+//   In
 //      front of a negative value there are then two signs. At the beginning of a text they cancel. Elsewhere a power
-//      uses only the second one: for x = -3, `2*-x^2` becomes `2*--3^2` and then `2*-9`. So the walk accepts "-" in
+//      uses only the second one: for x = -3, `2*-x^2` becomes `2*--3^2` and then `2*-9`. So the parser accepts "-" in
 //      front of a negative value only where the operand begins the expression, a parenthesis or an argument.
 //   4. A function's value loses its sign, because rewriting writes its magnitude.
 //
 // Why the result text and ResultDetails are the same
 //
 //   5. The text of a computed value is ValueText of its double. A value that was not computed keeps its text from the
-//      line or from its variable. "-0" would be another text: a computed negative zero is declined.
+//      line or from its variable. "-0" would be another text: the parser rejects an expression that computes a negative
+//      zero.
 //   6. Rewriting tries names in front of each parenthesis, the longest first. It stores the last one
 //      that is no function in ResultDetails: see NameTriedLast.
 #pragma once
@@ -49,10 +52,10 @@ namespace sumlet {
 
 struct Function;
 
-class StraightLine {
+class ExpressionParser {
  public:
   // `variables` must outlive the object; each evaluation reads its present content.
-  explicit StraightLine(const VariableIndex& variables) : variables_(variables) {}
+  explicit ExpressionParser(const VariableIndex& variables) : variables_(variables) {}
 
   struct Value {
     double number = 0;
@@ -60,7 +63,7 @@ class StraightLine {
     std::string_view text;
     Int32 variable = -1;
   };
-  // The value, or nothing if the walk declines the expression.
+  // The value, or nothing if the parser rejects the expression.
   [[nodiscard]] std::optional<Value> Evaluate(std::string_view expression);
 
   // Returns what rewriting would store in ResultDetails for the last parenthesis, or nothing if it stores nothing. Call
@@ -79,7 +82,7 @@ class StraightLine {
     const Function* function = nullptr;  // the called function; null for a plain parenthesis
     const char* begin = nullptr;         // of the function's name, or of the parenthesis
   };
-  class Walk;
+  class Pass;
 
   const VariableIndex& variables_;
   std::vector<Waiting> waiting_;  // a member only to reuse its memory
