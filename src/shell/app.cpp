@@ -85,8 +85,8 @@ void SaveTimer::Event_Action() { Preferences::Save(); }
 
 App::App() : windowList_(MyWindowManager::WindowList.Set(StoredWindows)) {
   tmrRecovery_.SetPeriod(recoveryDelay);
-  tmrRecoveryLatest_.SetPeriod(longestRecoveryDelay);
-  tmrRecovery_.Action = tmrRecoveryLatest_.Action = [this](Timer&) { WriteRecovery(); };
+  tmrRecoveryDeadline_.SetPeriod(longestRecoveryDelay);
+  tmrRecovery_.Action = tmrRecoveryDeadline_.Action = [this](Timer&) { WriteRecovery(); };
 }
 
 // The settings file stores the sections in this order.
@@ -147,7 +147,7 @@ bool App::Event_CancelClose() {
 void App::SaveBeforeEnd() {
   if (!loaded_ || quitting_) return;
   tmrRecovery_.SetMode(TimerMode::Off);
-  tmrRecoveryLatest_.SetMode(TimerMode::Off);
+  tmrRecoveryDeadline_.SetMode(TimerMode::Off);
   Preferences::Save();
   Preferences::FinishSaving();
 }
@@ -178,7 +178,7 @@ void App::ScheduleSave() {
 void App::ScheduleRecovery() {
   if (!loaded_ || quitting_) return;
   tmrRecovery_.SetMode(TimerMode::Single);
-  if (tmrRecoveryLatest_.Mode() == TimerMode::Off) tmrRecoveryLatest_.SetMode(TimerMode::Single);
+  if (tmrRecoveryDeadline_.Mode() == TimerMode::Off) tmrRecoveryDeadline_.SetMode(TimerMode::Single);
 }
 
 // Does nothing until the start has finished and made tmrReview, because the settings file already holds the restored
@@ -191,7 +191,7 @@ void App::WindowListChanged() {
 // If the disk is still busy with the previous write, tries again a second later.
 void App::WriteRecovery() {
   tmrRecovery_.SetMode(TimerMode::Off);
-  tmrRecoveryLatest_.SetMode(TimerMode::Off);
+  tmrRecoveryDeadline_.SetMode(TimerMode::Off);
   if (!Preferences::SaveRecovery()) ScheduleRecovery();
 }
 

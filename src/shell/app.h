@@ -25,7 +25,7 @@ class App {
 
   // Created by the first ScheduleSave.
   std::unique_ptr<SaveTimer> tmrSave;
-  // Created at the end of Event_Open.
+  // Asks for a review at the fifth start. Created at the end of Event_Open.
   std::unique_ptr<ReviewTimer> tmrReview;
   // The text files that Event_Open opens as equations, in front of the restored windows.
   std::vector<FolderItem> FilesToOpen;
@@ -85,10 +85,11 @@ class App {
   // nothing before the settings are loaded and after Quit.
   void ScheduleRecovery();
 
-  // Handles the opening or closing of a window. Calls ScheduleRecovery if the recovery file holds windows.
+  // Handles the opening or closing of a window. Calls ScheduleRecovery if windows are remembered or if there is a
+  // recovery file. Does nothing before the start has finished.
   void WindowListChanged();
 
-  // Opens the share page, or the store's page, in the browser.
+  // Open a web page in the browser: to share Sumlet with friends, and Sumlet's page in the application store.
   static void ShareOnFacebook();
   static void LaunchReview();
 
@@ -100,8 +101,8 @@ class App {
  private:
   void WriteRecovery();
 
-  Timer tmrRecovery_;        // since the last change
-  Timer tmrRecoveryLatest_;  // since the first change that the recovery file lacks
+  Timer tmrRecovery_;          // since the last change
+  Timer tmrRecoveryDeadline_;  // since the first change that the recovery file lacks
   HookGuard windowList_;
   bool loaded_ = false;
   bool quitting_ = false;

@@ -1,8 +1,8 @@
-// The first process holds an advisory lock on a file in the settings folder, which excludes every session and sandbox
-// that can write the settings. The system releases the lock when the process ends in any way. The first listens at a
-// socket and writes the socket's path into the lock file, because the socket's folder, $XDG_RUNTIME_DIR, differs
-// between a desktop and a remote shell. Only the user can create files in these folders. The lock file is never
-// deleted: two processes could then lock two files of the same name.
+// The first process holds an advisory lock on a file in the settings folder. Only one process can hold it, also across
+// login sessions and sandboxes that share the folder. The system releases the lock when the process ends in any way.
+// The first listens at a socket and writes the socket's path into the lock file, because the socket's folder,
+// $XDG_RUNTIME_DIR, differs between a desktop and a remote shell. Only the user can create files in these folders. The
+// lock file is never deleted: two processes could then lock two files of the same name.
 //
 // A start that gets the lock still tries the sockets: the folder of the lock may have been deleted and created again
 // while the first runs. If the file system does not support locks, or the settings folder is read-only, a lock file
@@ -71,7 +71,7 @@ class Address {
 
 Descriptor NewSocket() { return Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)); }
 
-enum class Reply { Acknowledged, Nobody, None };
+enum class Reply { Acknowledged, NoListener, NoAnswer };
 
 // Returns whether the expected answer arrives before `end`.
 bool AwaitAnswer(const Descriptor& socket, steady_clock::time_point end) {
@@ -109,26 +109,26 @@ bool SendAll(const Descriptor& socket, std::string_view message, steady_clock::t
 Reply Ask(const fs::path& path, std::string_view message, steady_clock::time_point end) {
   const Descriptor socket = NewSocket();
   const Address address(path);
-  if (!socket.IsOpen()) return Reply::None;
+  if (!socket.IsOpen()) return Reply::NoAnswer;
   if (connect(socket.Number(), address.Get(), Address::Length()) != 0)
-    return errno == EAGAIN ? Reply::None : Reply::Nobody;  // EAGAIN: many others are waiting as well
-  if (!IsOwnPeer(socket)) return Reply::Nobody;
-  return SendAll(socket, message, end) && AwaitAnswer(socket, end) ? Reply::Acknowledged : Reply::None;
+    return errno == EAGAIN ? Reply::NoAnswer : Reply::NoListener;  // EAGAIN: many others are waiting as well
+  if (!IsOwnPeer(socket)) return Reply::NoListener;
+  return SendAll(socket, message, end) && AwaitAnswer(socket, end) ? Reply::Acknowledged : Reply::NoAnswer;
 }
 
 Reply AskAll(const std::vector<fs::path>& sockets, std::string_view message, steady_clock::time_point end) {
-  Reply last = Reply::Nobody;
+  Reply last = Reply::NoListener;
   for (const fs::path& socket : sockets) {
     const Reply reply = Ask(socket, message, end);
     if (reply == Reply::Acknowledged) return reply;
-    if (reply == Reply::None) last = reply;
+    if (reply == Reply::NoAnswer) last = reply;
   }
   return last;
 }
 
 struct Lock {
   fs::path path;    // of the lock file; empty where no file can be locked
-  Descriptor file;  // open when this process holds the lock; otherwise another one does
+  Descriptor file;  // open if this process holds the lock; if closed and `path` is set, another one does
 };
 
 // Tries a file opened for reading first: one that is open for writing prevents remounting its file system read-only.
@@ -181,31 +181,31 @@ String NameOf(const fs::path& folder) {
 
 }  // namespace
 
-MeetingPlace MeetingPlaceOfSettings() {
-  MeetingPlace place;
+InstancePaths PathsForSettings() {
+  InstancePaths paths;
   const std::optional<FolderItem> library = SpecialFolder::UserLibrary();
   const std::optional<FolderItem> settings = Preferences::GetPrefFile(true);
-  if (settings) place.locks.push_back(settings->Path().parent_path() / "lock");
+  if (settings) paths.locks.push_back(settings->Path().parent_path() / "lock");
   if (const std::optional<fs::path> runtime = RuntimeFolder()) {
     const String name = NameOf(library ? library->Path() : fs::path());
-    place.locks.push_back(*runtime / (name + ".lock"));
-    place.sockets.push_back(*runtime / name);
+    paths.locks.push_back(*runtime / (name + ".lock"));
+    paths.sockets.push_back(*runtime / name);
   }
-  if (settings) place.sockets.push_back(settings->Path().parent_path() / "socket");
-  return place;
+  if (settings) paths.sockets.push_back(settings->Path().parent_path() / "socket");
+  return paths;
 }
 
-Claim ClaimInstance(const MeetingPlace& place, std::string_view message, milliseconds patience) {
-  const auto end = steady_clock::now() + patience;
+Claim ClaimInstance(const InstancePaths& paths, std::string_view message, milliseconds timeout) {
+  const auto end = steady_clock::now() + timeout;
   do {
-    Lock lock = TryLock(place.locks);
-    std::vector<fs::path> sockets = place.sockets;
+    Lock lock = TryLock(paths.locks);
+    std::vector<fs::path> sockets = paths.sockets;
     const bool isTaken = !lock.path.empty() && !lock.file.IsOpen();
     if (isTaken) sockets.insert(sockets.begin(), fs::path(ReadContent(lock.path).value_or("")));
     const Reply reply = AskAll(sockets, message, end);
     if (reply == Reply::Acknowledged) return {Start::HandedOver, {}, {}};
-    if (reply == Reply::Nobody && !isTaken) {
-      Descriptor requests = Listen(place.sockets, lock);
+    if (reply == Reply::NoListener && !isTaken) {
+      Descriptor requests = Listen(paths.sockets, lock);
       const bool isFirst = requests.IsOpen() || lock.file.IsOpen();
       return {isFirst ? Start::First : Start::Alone, std::move(requests), std::move(lock.file)};
     }
@@ -225,11 +225,11 @@ bool IsOwnPeer(const Descriptor& socket) {
 
 #else
 
-// On other systems the desktop starts a program only once, or nobody expects that.
+// On other systems every start runs alone. macOS itself starts a program only once.
 namespace sumlet {
-MeetingPlace MeetingPlaceOfSettings() { return {}; }
-Claim ClaimInstance(const MeetingPlace& /*place*/, std::string_view /*message*/,
-                    std::chrono::milliseconds /*patience*/) {
+InstancePaths PathsForSettings() { return {}; }
+Claim ClaimInstance(const InstancePaths& /*paths*/, std::string_view /*message*/,
+                    std::chrono::milliseconds /*timeout*/) {
   return {};
 }
 bool IsOwnPeer(const Descriptor& /*socket*/) { return false; }

@@ -26,18 +26,18 @@ struct Claim {
 };
 
 // The files by which the processes of one user and settings folder find each other, in order of preference.
-struct MeetingPlace {
+struct InstancePaths {
   std::vector<std::filesystem::path> locks;
   std::vector<std::filesystem::path> sockets;
 };
 
-// Returns the place for the settings folder of this environment. Creates that folder.
-[[nodiscard]] MeetingPlace MeetingPlaceOfSettings();
+// Returns the paths for the settings folder of this environment. Creates that folder.
+[[nodiscard]] InstancePaths PathsForSettings();
 
 // Makes exactly one of several processes the first, until that process ends in any way. The others send it `message`
-// (start_message.h) and wait for an answer, at most `patience`: the running program may itself be starting or quitting.
-[[nodiscard]] Claim ClaimInstance(const MeetingPlace& place, std::string_view message,
-                                  std::chrono::milliseconds patience);
+// (start_message.h) and wait for an answer, at most `timeout`: the running program may itself be starting or quitting.
+[[nodiscard]] Claim ClaimInstance(const InstancePaths& paths, std::string_view message,
+                                  std::chrono::milliseconds timeout);
 
 // Whether the process at the other end of a connected local socket belongs to the user of this one.
 [[nodiscard]] bool IsOwnPeer(const Descriptor& socket);

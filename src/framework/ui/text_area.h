@@ -1,5 +1,5 @@
-// TextArea: a plain text of many lines, wrapped at the area's width: at words, but anywhere in a read-only text without
-// letters, which is a number.
+// TextArea: a control for plain text of many lines. Wraps lines at words. Wraps anywhere if a line is very long, or if
+// a read-only text has no letters: it is then a number.
 //
 // When the area or its text changes size, a caret that was visible stays visible. A read-only text that fits does not
 // scroll.
@@ -39,11 +39,11 @@ class TextArea : public QPlainTextEdit {
   // Read only, the text can still be selected and copied, by mouse and by keyboard.
   void SetReadOnly(bool readOnly);
 
-  // Passes text that the user types or composes into this read-only area to `receiver`, with the focus. The receiver
-  // must outlive this area.
+  // Passes text that the user types or composes into this read-only area to `receiver`, and moves the focus there. The
+  // receiver must outlive this area.
   void SetTypingReceiver(TextArea& receiver);
 
-  // Whether a vertical scroll bar shows when the text is higher than the area. There is never a horizontal one.
+  // Sets whether a vertical scroll bar appears when the text is higher than the area. There is never a horizontal one.
   void SetScrollbarVertical(bool shown);
 
   // Returns the display line, 1-based, of the position after the first `position` characters. A wrapped line counts as
@@ -53,15 +53,15 @@ class TextArea : public QPlainTextEdit {
   // Moves the caret to the end of a line, 0-based, or of the last line if there is no such line, and scrolls to it.
   void MoveCaretToLineEnd(Int32 line);
 
-  // The room that is free beside the text of a line, in the last of its display lines, on the side that has more of it.
+  // The wider of the free spaces to the left and to the right of a line's text, beside the last of its display lines.
   struct FreeRoom {
     int line;     // 0-based
-    QRectF room;  // in pixels of the viewport; has no width where the text takes it all
+    QRectF room;  // in pixels of the viewport; its width is 0 if the text fills the line
     qreal baseline;
-    bool isLeftOfText;  // where the text is at the right edge
+    bool isLeftOfText;  // the text is at the right edge
   };
-  // Returns the rooms of the visible lines between two heights of the viewport, from top to bottom. Omits a line in
-  // which an input method composes.
+  // Returns the rooms of the visible lines between two y coordinates of the viewport, from top to bottom. Omits a line
+  // in which an input method composes.
   [[nodiscard]] std::vector<FreeRoom> RoomsBesideLines(int top, int bottom) const;
 
   // Colours line i in colors[i]; an invalid colour, or none, is black. No change of the text, and what is typed into a
@@ -93,7 +93,9 @@ class TextArea : public QPlainTextEdit {
   void wheelEvent(QWheelEvent* event) override;
 
  private:
-  // The height in pixels that the viewport should have: that of a read-only text that fits, else that of whole lines.
+  // Returns the height in pixels that the viewport should have: that of the text if it is read-only and fits into
+  // `space` pixels, else that of one line, or of all whole lines that fit if it is read-only. `line` is a line's
+  // height.
   [[nodiscard]] int HeightToShow(int space, int line) const;
   [[nodiscard]] bool IsCaretVisible(const QSize& viewportSize) const;
   [[nodiscard]] FreeRoom RoomBeside(const QTextBlock& block, qreal top) const;
@@ -106,7 +108,7 @@ class TextArea : public QPlainTextEdit {
 
   LineFormats* lineFormats_;
   TokenSelection tokens_{*this};
-  bool dragIsOver_ = false;  // a drag from here has ended, and no button was pressed since
+  bool dragHasEnded_ = false;  // a drag that began here has ended, and no button was pressed since
   TextArea* typingReceiver_ = nullptr;
 };
 

@@ -52,7 +52,7 @@ void TextArea::dropEvent(QDropEvent* event) {
 }
 
 void TextArea::mousePressEvent(QMouseEvent* event) {
-  dragIsOver_ = false;
+  dragHasEnded_ = false;
   QPlainTextEdit::mousePressEvent(event);
   tokens_.Press(*event);
 }
@@ -61,18 +61,18 @@ void TextArea::mousePressEvent(QMouseEvent* event) {
 // scrolls, starts another drag without an end, and clears the selection on the release. So this sends a release of no
 // button, which only stops the scrolling, and ignores further events of this button.
 void TextArea::mouseMoveEvent(QMouseEvent* event) {
-  if (dragIsOver_) return;
+  if (dragHasEnded_) return;
   QPlainTextEdit::mouseMoveEvent(event);
   tokens_.Move(*event);
-  dragIsOver_ = viewport()->findChild<QDrag*>() != nullptr;
-  if (!dragIsOver_) return;
+  dragHasEnded_ = viewport()->findChild<QDrag*>() != nullptr;
+  if (!dragHasEnded_) return;
   QMouseEvent release(QEvent::MouseButtonRelease, event->position(), event->globalPosition(), Qt::NoButton,
                       Qt::NoButton, event->modifiers());
   QPlainTextEdit::mouseReleaseEvent(&release);
 }
 
 void TextArea::mouseReleaseEvent(QMouseEvent* event) {
-  if (dragIsOver_ && event->button() == Qt::LeftButton) return;
+  if (dragHasEnded_ && event->button() == Qt::LeftButton) return;
   QPlainTextEdit::mouseReleaseEvent(event);
   // Replaces Qt's own word as the text that a middle click pastes.
   QClipboard& clipboard = *QGuiApplication::clipboard();
