@@ -25,9 +25,9 @@ class MathClassPeer {
 
 namespace {
 
-const String digitsAndSigns = "0123456789,. -";
+const String signedNumberCharacters = "0123456789,. -";
 const String numberCharacters = "0123456789 ,.";
-const String delimiters = " ,.0123456789)(^*/\\+-%|";
+const String delimiterCharacters = " ,.0123456789)(^*/\\+-%|";
 
 struct OutOfBudget {};
 
@@ -71,7 +71,7 @@ class PlainRewriting {
       if (IsError(running)) break;
     }
     outcome_.result = running;
-    outcome_.details = leaves_.ResultDetails;
+    outcome_.details = operations_.ResultDetails;
     return outcome_;
   }
 
@@ -83,7 +83,7 @@ class PlainRewriting {
   static Step End(std::string_view text) { return {true, String(text)}; }
   static Step GoOn(const String& text) { return {false, text}; }
   Step Fail(std::string_view error, const String& details) {
-    leaves_.ResultDetails = details;
+    operations_.ResultDetails = details;
     return End(error);
   }
 
@@ -120,7 +120,7 @@ class PlainRewriting {
     if (Has(name, " ")) return Fail(errors::nameContainsSpace, name);
     const String value = Reduce(SubstituteVariables(Mid(text, p + 1)));
     if (!IsError(value) && !name.empty()) {
-      if (MathClassPeer::DoFunction(leaves_, "", "", name) != errors::functionUnknown)
+      if (MathClassPeer::DoFunction(operations_, "", "", name) != errors::functionUnknown)
         return Fail(errors::nameIsFunction, name);
       AddVariable(name, value);
     }
@@ -142,7 +142,7 @@ class PlainRewriting {
     for (Int32 i = 5; i >= 1 && !found; --i) {
       candidate = Mid(text, open - i, i);
       if (SameText(candidate, "dec")) return End(MathClassPeer::FractionToDecimal(inner));
-      const String r = MathClassPeer::DoFunction(leaves_, a, b, candidate);
+      const String r = MathClassPeer::DoFunction(operations_, a, b, candidate);
       if (r == errors::functionUnknown) continue;
       found = true;
       open -= i;
@@ -171,7 +171,7 @@ class PlainRewriting {
   Step NoOperatorStep(const String& untrimmed) {
     const String text = Trim(untrimmed);
     const Int32 n = Len(text);
-    const auto isKnown = [&text](Int32 i) { return Has(digitsAndSigns, Mid(text, i, 1)); };
+    const auto isKnown = [&text](Int32 i) { return Has(signedNumberCharacters, Mid(text, i, 1)); };
     Int32 begin = 1;
     while (begin <= n && isKnown(begin)) ++begin;
     Int32 end = begin;
@@ -189,20 +189,21 @@ class PlainRewriting {
     Int32 start = pos;
     while (start > 1 && isNumber(start - 1)) --start;
     if (start > 1 && Mid(text, start - 1, 1) == "-" && !Trim(Mid(text, start, pos - start)).empty()) {
-      Int32 ahead = start - 2;
-      while (ahead >= 1 && isSpace(ahead)) --ahead;
-      if (ahead < 1 || !isNumber(ahead)) --start;
+      Int32 before = start - 2;
+      while (before >= 1 && isSpace(before)) --before;
+      if (before < 1 || !isNumber(before)) --start;
     }
     const String left = Mid(text, start, pos - start);
-    Int32 behind = pos + 1;
-    while (behind <= n && (isSpace(behind) || Mid(text, behind, 1) == "-")) ++behind;
-    // A "-" followed by signs only would be rewritten for ever.
-    if (pos == 1 || behind > n) return Fail(errors::twoArgumentsRequired, op);
-    while (behind <= n && isNumber(behind)) ++behind;
-    const String right = Mid(text, pos + 1, behind - pos - 1);
-    const String value = MathClassPeer::DoOperation(leaves_, left, right, op);
+    Int32 after = pos + 1;
+    while (after <= n && (isSpace(after) || Mid(text, after, 1) == "-")) ++after;
+    // An operator needs text on both sides. Without this check a "-" followed only by signs would be rewritten for
+    // ever.
+    if (pos == 1 || after > n) return Fail(errors::twoArgumentsRequired, op);
+    while (after <= n && isNumber(after)) ++after;
+    const String right = Mid(text, pos + 1, after - pos - 1);
+    const String value = MathClassPeer::DoOperation(operations_, left, right, op);
     if (IsError(value)) return End(value);
-    return GoOn(Trim(Left(text, start - 1) + " " + value + " " + Mid(text, behind)));
+    return GoOn(Trim(Left(text, start - 1) + " " + value + " " + Mid(text, after)));
   }
 
   void AddVariable(const String& name, const String& value) {
@@ -214,7 +215,7 @@ class PlainRewriting {
   }
 
   String SubstituteVariables(String text) {
-    // The variables whose values are being read, each with the number of characters behind its value.
+    // The variables whose values are being read, each with the number of characters after its value.
     std::vector<std::pair<Int32, Int32>> inside;
     for (;;) {
       Spend(text);
@@ -225,7 +226,7 @@ class PlainRewriting {
       Int32 i = 0;
       while (index < 0 && ++i <= n) {
         const String c = Mid(text, i, 1);
-        const bool isDelimiter = Has(delimiters, c);
+        const bool isDelimiter = Has(delimiterCharacters, c);
         if (!isDelimiter) {
           if (name.empty()) start = i;
           name += c;
@@ -235,14 +236,14 @@ class PlainRewriting {
         if (index < 0) name.clear();
       }
       if (index < 0) return Trim(text);
-      const Int32 behind = n - (start + Len(name) - 1);
-      while (!inside.empty() && inside.back().second > behind) inside.pop_back();
+      const Int32 after = n - (start + Len(name) - 1);
+      while (!inside.empty() && inside.back().second > after) inside.pop_back();
       for (const auto& entry : inside) {
         if (entry.first == index) return String(errors::twoArgumentsRequired);
       }
-      inside.emplace_back(index, behind);
+      inside.emplace_back(index, after);
       const String value = SameText(name, "RND") ? Str(Rnd()) : outcome_.varValue[index];
-      text = Join({Left(text, start - 1), value, Right(text, behind)}, " ");
+      text = Join({Left(text, start - 1), value, Right(text, after)}, " ");
     }
   }
 
@@ -251,7 +252,7 @@ class PlainRewriting {
     budget_ -= text.size();
   }
 
-  MathClass leaves_;  // evaluates single operators, functions and fractions, and keeps the details of an error
+  MathClass operations_;  // evaluates single operators, functions and fractions, and keeps the details of an error
   std::size_t budget_;
   Int32 reduceLevel_ = 0;
   Outcome outcome_;

@@ -19,8 +19,8 @@
 // Why the value is the same
 //
 //   1. Intermediate values need no text. Rewriting writes each computed value with ten decimals and reads it back;
-//      RoundToTenPlaces gives the same double. A value that is not finite would become a word, so the parser rejects
-//      the expression.
+//      RoundToTenPlaces gives the same double. Rewriting would write an infinity or NaN as a word, so the parser
+//      rejects the expression.
 //   2. Rewriting finds the same operands as the grammar. It looks for the ends of an operand among digits, blanks and
 //      signs. In these expressions an operator, a parenthesis or a comma separates operands and so ends that search,
 //      and a text with a value inserted is again such an expression.
@@ -73,8 +73,8 @@ class ExpressionParser {
  private:
   // An operator with its left operand, or an opening parenthesis.
   struct Waiting {
-    std::uint16_t level;     // precedence, as a CharacterSet of language.h: a smaller number binds tighter
-    char sign = '\0';        // the operator
+    std::uint16_t level;     // precedence: its CharacterSet (language.h), of which the smaller binds tighter
+    char sign = '\0';        // the operator's character
     bool isNegated = false;  // the parenthesis has a "-" in front
     bool isFirst = false;    // the parenthesis, or the "-" in front of it, begins its text
     bool hasFirstArgument = false;

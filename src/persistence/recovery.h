@@ -21,7 +21,7 @@ namespace sumlet::Recovery {
 
 // Whether a write is running in the background.
 [[nodiscard]] bool IsBusy();
-// Blocks until no write is running, as long as the disk takes.
+// Blocks until no write is running, without a time limit.
 void Wait();
 
 // Writes the recovery file in the background, so that a slow disk does not block the event thread. Waits for an earlier

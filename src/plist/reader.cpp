@@ -60,7 +60,7 @@ class plistDict::Reader {
     String type;
     String tag;      // the last one cut from a line
     String closing;  // the tag that closes it
-    String value;    // collected of a value that runs over several lines
+    String value;    // as far as it has been read; may run over several lines
     bool inValue = false;
     bool selfClosed = false;
   };
@@ -122,8 +122,8 @@ bool plistDict::Reader::IsDone(const Level& level) const {
   return stream_.AtEnd() || SameText(level.line, EndTag(level)) || SameText(level.line, "<dict/>");
 }
 
-// Parses adjacent tags one by one, except that a closing tag stays with the tag before it. The index of an array
-// element counts the lines read, not the elements.
+// Reads a line and splits it between adjacent tags, but not before a closing tag. The index of an array element counts
+// the lines read, not the elements.
 void plistDict::Reader::ReadLine(Level& level) {
   if (level.node.isArray_ && !level.inValue) SetKey(level, Str(++level.node.indexOf_));
   const std::string_view line = LStripNonPrintingChars(stream_.ReadLine());
@@ -141,7 +141,7 @@ void plistDict::Reader::TakePiece(Level& level) {
   if (const Match tagEnd = FindText(level.line, ">", 0); tagEnd.found) TakeTag(level, tagEnd);
 }
 
-// Also applies within a value of several lines.
+// Sets the key and returns true if the piece begins with one, also within a value of several lines.
 bool plistDict::Reader::TakeKey(Level& level) {
   constexpr std::string_view opening = "<key>";
   constexpr std::string_view closing = "</key>";
@@ -183,7 +183,7 @@ void plistDict::Reader::ContinueValue(Level& level) {
 }
 
 // Attributes are part of the tag's name. The type of the last value stays valid until another tag opens, so a stray
-// closing tag after a container opens one more.
+// closing tag after a container opens a second container of its type.
 void plistDict::Reader::TakeTag(Level& level, const Match& tagEnd) {
   level.tag = level.line.substr(0, tagEnd.begin);
   if (level.tag.starts_with('<')) level.tag.erase(0, 1);
@@ -235,7 +235,7 @@ void plistDict::Reader::OpenChild(Level& level) {
   if (!level.selfClosed) {
     levels_.emplace_back(child);
   } else if (!asArray) {
-    level.line.clear();  // or it would end this node, too
+    level.line.clear();  // the line "<dict/>" would end this node, too
   }
 }
 

@@ -1,6 +1,6 @@
 // A template may be megabytes long, and a row is painted at each move of the scroll bar. So the preview lays out no
-// more than the cell can show: as many lines as fit into its height, and of one line as many characters as fill the
-// cell at one pixel each.
+// more than the cell can show: as many lines as fit into its height, and of each line as many characters as would fill
+// the cell if each were one pixel wide.
 #include "templates/win_templates.h"
 
 #include <QGuiApplication>
@@ -30,15 +30,15 @@ constexpr Int32 previewLeftMargin = 2;  // pixels
 
 String ShownText(Int32 index) { return ReplaceLineEndings(TemplatesManager::EquationText[index], EndOfLine); }
 
-// Deep blue behind a mask that lets less of it through from top to bottom.
+// One pixel wide, in shadeColor, more transparent from top to bottom.
 QImage FadingShade(Int32 height) {
-  constexpr double maskAtTop = 175;
-  constexpr double maskAtBottom = 255;
+  constexpr double transparencyAtTop = 175;
+  constexpr double transparencyAtBottom = 255;
   QImage shade(1, height, QImage::Format_ARGB32);
   for (Int32 y = 0; y < height; ++y) {
     const double t = static_cast<double>(y) / height;
-    const int mask = static_cast<int>(maskAtTop * (1 - t) + maskAtBottom * t);
-    shade.setPixelColor(0, y, QColor(shadeColor.red(), shadeColor.green(), shadeColor.blue(), 255 - mask));
+    const int transparency = static_cast<int>(transparencyAtTop * (1 - t) + transparencyAtBottom * t);
+    shade.setPixelColor(0, y, QColor(shadeColor.red(), shadeColor.green(), shadeColor.blue(), 255 - transparency));
   }
   return shade;
 }
@@ -155,7 +155,7 @@ void winTemplates::Event_Open() {
   LoadList();
   list_->setFocus();
   SetupControls();
-  storeChanges_ = TemplatesManager::NotifyOfChanges([this] { FollowStore(); });
+  storeChanges_ = TemplatesManager::NotifyOfChanges([this] { UpdateListFromTemplates(); });
 }
 
 void winTemplates::Event_EnableMenuItems(MenuBar& menuBar) {
@@ -187,7 +187,7 @@ bool winTemplates::Event_CancelClose(bool appQuitting) {
   return false;
 }
 
-// Saves the templates that were renamed or deleted since the pointer left.
+// Saves everything, because templates may have been renamed or deleted since the last save.
 void winTemplates::Event_MouseEnter() { Preferences::Save(); }
 
 void winTemplates::LoadList() {
@@ -199,7 +199,7 @@ void winTemplates::LoadList() {
 
 // Changes only the cells that differ, so that the selection, the edit mode and the scroll position stay. After a
 // removal, selects the row that is now at the same position, or the last row.
-void winTemplates::FollowStore() {
+void winTemplates::UpdateListFromTemplates() {
   const Int32 count = TemplatesManager::Key.Ubound() + 1;
   if (const Int32 selected = list_->ListIndex(); list_->ListCount() - 1 > count) {
     LoadList();
@@ -263,7 +263,8 @@ void winTemplates::list_Change() {
   SettupEditMode();
 }
 
-// Moves the focus to the list first, because a button that is hidden or disabled would pass it on, finally to "Choose".
+// Moves the focus to the list first. When Qt hides or disables the button with the focus, it moves the focus along the
+// tab order, in the end to "Choose".
 void winTemplates::SettupEditMode() {
   const bool canEdit = list_->ListIndex() >= 1;
   if (!bEditMode && (btnRename_->hasFocus() || btnDelete_->hasFocus() || (btnEdit_->hasFocus() && !canEdit)))

@@ -76,7 +76,7 @@ class winTemplates final : public BaseWindow, public MyWindowManager::StoredWind
 
   PushButton* CreateButton(const QString& caption, const QRect& bounds, Locks locks, void (winTemplates::*action)());
   void CreateList();
-  void FollowStore();
+  void UpdateListFromTemplates();
   bool UndoDelete();
   void list_Change();
   bool list_CellBackgroundPaint(CellGraphics& g, Int32 row, Int32 column);
