@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Measures Sumlet on this machine. docs/performance.md shows the results of one machine.
 #
-#   scripts/bench.sh [SECTION...]     all sections without one
+#   scripts/bench.sh [SECTION...]     without arguments all sections
 #
 #   engine         the calculation alone: the cost of a line, an operator and a parenthesis as a text grows
 #   storage        saving and loading many templates and windows

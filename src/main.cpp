@@ -141,7 +141,7 @@ int main(int count, char** arguments) {
     Complain(program, "the names of the files", "too long for one start");
     return 2;
   }
-  Claim claim = ClaimInstance(MeetingPlaceOfSettings(), *message, handOverPatience);
+  Claim claim = ClaimInstance(PathsForSettings(), *message, handOverPatience);
   if (claim.start == Start::HandedOver) {
     EndStartupNotice();
     return EXIT_SUCCESS;
