@@ -38,29 +38,22 @@ inline constexpr Example workedExamples[] = {
     {"x=Terrors\n1", "x=Terrors", "", 0},
     // operators
     {"2*-3^2", "18"},
-    {"2.5.1+1", "3.5"},
     {"1 2 3*2", "246"},
     // integer operators truncate their operands; division by zero is no error
     {"7\\0.5", "0"},
-    {"-2147483648\\-1", "2147483648"},
     {"99999999999\\1", "2147483647"},
     // clusters of minus signs
     {"---5", "-5"},
     {"2^--3", "8"},
     {"-", "-"},
-    {"--", ""},
-    {"--\t2*-3", "-6"},
     // missing operands
     {"5-", twoOperands, "-"},
     {"3+x", twoOperands, "+"},
     {"3-x", unknown, "x"},
-    {"5-\t3", unknown, "\t"},
     // values that are no numbers
     {"0/0", unknown, "nan"},
-    {"1/0-1", twoOperands, "-"},
     // endless rewriting
     {"3--", twoOperands, "-"},
-    {"|3--|", twoOperands, ""},
     // values side by side
     {"1+2(3)", "24"},
     {"2 3+1", "24"},
@@ -69,25 +62,16 @@ inline constexpr Example workedExamples[] = {
     {"Π", longPi},
     // parentheses
     {"()", ""},
-    {"(-)-5", "5"},
-    {"-()-(1)", "1"},
     {"(1,2)", "1,2"},
-    {"(1,2)(3)", "36"},
     {"1+2)", parenthesis, ""},
     {")(", parenthesis, ")"},
-    {")1(2", parenthesis, "1"},
     {"1(2)\n(1", parenthesis, "1", 1},  // details of an earlier line stay
     // absolute bars
     {"2=3\n|3", bar, "2", 1},
     {"|2||3|", "6"},
     {"-|3|", "-3"},
-    {"|-|", ""},
     {"||", ""},
-    {"|1+|2||", twoOperands, ""},
-    {"|\u22123|", unknown, ""},
     {"3\u22122", unknown, "\u2212"},
-    {"(|1)|", bar, ""},
-    {"max(1,2,|3)|", bar, ""},
     {"max(|-3|,2)", "3"},
     // assignments
     {"=5", "5", ""},
@@ -97,23 +81,14 @@ inline constexpr Example workedExamples[] = {
     {"frac=3", nameIsFunction, "frac"},
     {"2=3", "3", "2"},
     {"x=(1,5)\nx+1", "16"},
-    {"x=-\n3x", twoOperands, "-"},
     // variables are words, replaced by the text of their values
     {"ab=3\nAB", "3"},
     {"_é=4\n_É+1", "5"},
-    {"a\tb=3\na\tb", "3"},
     {"pi=3\npi", "3"},
     {"x=-2\n3-x", "5"},
     {"x1=3\nx=2\nx1", "2"},
     {"\"=3\nx=frac(0.5)\nx", "1.347826087"},  // values can contain names: "1/2" becomes 3 1/2 3
-    // a variable inside its own value
-    {"inf=dec(1 1/. 5)", "inf", "inf"},
-    {"inf=dec(1 1/. 5)\ninf", twoOperands, "inf", 1},
-    {"nan=dec(1 0/. 5)\n1+nan", twoOperands, "nan", 1},
-    {"\"=frac(0.5)\n\"", twoOperands, "\"", 1},
-    {"\"=dec(1 1/. 5)\ninf=frac(0.5)\n2inf", twoOperands, "inf", 2},
     // functions
-    {"ab\u017F(-4)", "4"},  // the long s
     {"sqrt(4)sqrt(9)", "6"},
     {"abs(2,3)", "2"},
     {"pow(2,10)", "1024"},
@@ -132,11 +107,7 @@ inline constexpr Example workedExamples[] = {
     // calls that fail
     {"sqrt()", oneArgument, "sqrt"},
     {"atan2(1,)", twoArguments, "atan2"},
-    {"x(sqrt(-1))", unknown, "nan"},
-    {"(log(0))()/()", unknown, "inf"},
     {"mod(7,3)", twoOperands, "%"},
-    {"xmod(7,3)", unknown, "x"},
-    {"xmod(7)", twoArguments, "mod"},
     // decimals to fractions
     {"frac(0.999)", "\"1 0/9\""},
     {"frac()", "0"},
@@ -144,14 +115,11 @@ inline constexpr Example workedExamples[] = {
     {"frac(1234567891)", "\"1234567891 1/1\""},  // seven digits and an exponent: 1.234568e+9
     {"frac(0.00001234)", "\"1/5\""},             // 1.234000e-5
     {"1+frac(0.5)", notAlone, "+frac"},
-    {"-- frac(0.5)", "\"1/2\"", " frac"},
     // fractions to decimals; the rest of the line is ignored
     {"Dec( 2  3/4 )", "2.75"},
     {"dec(1 1/2 3)", "1.5"},
     {"x=3\ndec(x 1/2)", "3.5"},
-    {"dec=3\ndec(1 1/2)", "16.5"},
     {"dec(1,2)", notAFraction, ""},
-    {"dec( 1 1/)", twoOperands, "/"},
 };
 
 }  // namespace sumlet
