@@ -31,11 +31,8 @@ inline constexpr Example workedExamples[] = {
     {"1\r\n2\r3", "3", "", 2},
     {"  # x\n7", "7"},
     {"5 // c", twoOperands, "/", 0},
-    {"/ /5", twoOperands, "/"},
     // a line that contains the word "error" is an error
     {"error", "error", ""},
-    {"1+error", "1+error", ""},
-    {"x=Terrors\n1", "x=Terrors", "", 0},
     // operators
     {"2*-3^2", "18"},
     {"1 2 3*2", "246"},
@@ -45,7 +42,6 @@ inline constexpr Example workedExamples[] = {
     // clusters of minus signs
     {"---5", "-5"},
     {"2^--3", "8"},
-    {"-", "-"},
     // missing operands
     {"5-", twoOperands, "-"},
     {"3+x", twoOperands, "+"},
@@ -56,38 +52,26 @@ inline constexpr Example workedExamples[] = {
     {"3--", twoOperands, "-"},
     // values side by side
     {"1+2(3)", "24"},
-    {"2 3+1", "24"},
-    {"1 000", "0"},
     // without an operation a number keeps its form
     {"Π", longPi},
     // parentheses
     {"()", ""},
-    {"(1,2)", "1,2"},
     {"1+2)", parenthesis, ""},
-    {")(", parenthesis, ")"},
     {"1(2)\n(1", parenthesis, "1", 1},  // details of an earlier line stay
     // absolute bars
     {"2=3\n|3", bar, "2", 1},
-    {"|2||3|", "6"},
     {"-|3|", "-3"},
-    {"||", ""},
-    {"3\u22122", unknown, "\u2212"},
     {"max(|-3|,2)", "3"},
     // assignments
     {"=5", "5", ""},
-    {"x=", "", "x"},
-    {"x=\nx", ""},
     {"a b=3", "Error: Variable Name Contains Space", "a b"},
     {"frac=3", nameIsFunction, "frac"},
-    {"2=3", "3", "2"},
     {"x=(1,5)\nx+1", "16"},
     // variables are words, replaced by the text of their values
     {"ab=3\nAB", "3"},
-    {"_é=4\n_É+1", "5"},
     {"pi=3\npi", "3"},
     {"x=-2\n3-x", "5"},
     {"x1=3\nx=2\nx1", "2"},
-    {"\"=3\nx=frac(0.5)\nx", "1.347826087"},  // values can contain names: "1/2" becomes 3 1/2 3
     // functions
     {"sqrt(4)sqrt(9)", "6"},
     {"abs(2,3)", "2"},
