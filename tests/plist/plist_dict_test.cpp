@@ -99,10 +99,6 @@ TEST_F(PropertyListNode, ArrayElements) {
   EXPECT_EQ(list, (Array<String>{"", "y", "z"}));
 }
 
-TEST_F(PropertyListNode, PathsBeginAtTheLastRoot) {
-  EXPECT_EQ(root_.child("a").child("Root").child("b").AbsolutePath(), ":root:b");
-}
-
 TEST_F(PropertyListNode, Removing) {
   AddExamples();
   root_.Remove("S");

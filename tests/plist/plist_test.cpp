@@ -124,20 +124,17 @@ TEST_F(PropertyListFile, Dumping) {
 
 TEST_F(PropertyListFile, Searching) {
   plist document(FolderItem(folder_ / "list"));
-  plistDict& root = document.root();
-  root.SetString("s", "one");
-  root.child("d").child("e").SetBoolean("b", true);
-  root.child("d").SetString("t", "One more");
+  document.root().SetString("s", "one");
+  document.root().child("d").SetString("t", "One more");
   EXPECT_TRUE(document.Find("ONE"));
-  EXPECT_EQ(document.foundKey + "=" + document.foundValue, "s=one");
-  EXPECT_EQ(document.foundType, "string");
+  EXPECT_EQ(document.foundKey + ":" + document.foundType + "=" + document.foundValue, "s:string=one");
   EXPECT_TRUE(document.FindNext("one"));
   EXPECT_EQ(document.foundDict->AbsolutePath(), ":root:d");
   EXPECT_FALSE(document.FindNext("one"));
   EXPECT_TRUE(document.FindNext("e"));  // another word
   EXPECT_EQ(document.foundKey, "s");
-  EXPECT_TRUE(document.Find("true"));
-  root.child("d").Remove("e");
+  EXPECT_TRUE(document.Find("more"));
+  document.root().Remove("d");
   EXPECT_EQ(document.foundDict, nullptr);
 }
 
