@@ -1,12 +1,104 @@
-"""Works in several windows, and checks that the next start shows them as they were."""
+"""Works the window program as a user does, quits it, and checks that the next start shows everything as it was."""
 
-import plistlib
 import signal
 import subprocess
 import unittest
 
 import settings_file
 from desktop import Desktop, xdotool
+
+
+class Commands(Desktop):
+    def setUp(self):
+        super().setUp()
+        self.open_windows("100 80 365 234 1+1")
+
+    def test_the_dragged_result_arrives_once(self):
+        def drag():
+            self.calculate("x=2\nx*21", "42")
+            self.press("Tab", "ctrl+a")
+            self.point(15, 236, "mousedown", 1)
+            for y in (220, 190, 160, 120):
+                self.point(15, y, "sleep", 0.05)
+            xdotool("mouseup", 1)
+            self.type("+7")  # the equation takes what is typed while the result has the focus
+            return self.eventually("x=2\nx*2142+7", self.text, patience=5)
+
+        self.expect("x=2\nx*2142+7", drag)
+        self.point(15, 242, "click", 1)
+        self.type("8")
+        self.expect_text("x=2\nx*2142+78")
+
+    def test_a_text_survives_paste_export_and_import(self):
+        text = "// 1\u00A0000 € 𝜋 😀\n\n6*7\n"
+        self.paste(text, "42")
+        exported, other = self.folder / "exported.txt", self.folder / "other.txt"
+        self.press("ctrl+shift+s")
+        self.expect(True, lambda: self.title() in ("Save As", "Save File"))
+        self.press("ctrl+a")
+        self.type(str(exported))
+        self.press("Return")
+        self.expect(text.encode(), lambda: exported.exists() and exported.read_bytes())
+        other.write_text("2+2\n")
+        self.expect_title("Sumlet")
+        self.press("ctrl+o")
+        self.expect_title("Select Text (.txt) files to import as equations.")
+        self.type(f'"{exported}" "{other}"')
+        self.press("Return")
+        self.expect_text("2+2")
+
+
+class Ends(Desktop):
+    """Quits while something else is open. The program saves the text and ends with status 0."""
+
+    def shown(self):
+        return xdotool("search", "--onlyvisible", "--pid", self.program.pid, "--class", ".").split()
+
+    def expect_popup(self, open_popup):
+        before = len(self.shown())
+        open_popup()
+        self.expect(True, lambda: len(self.shown()) > before)
+
+    def expect_window(self, title, *keys):
+        self.press(*keys)
+        self.expect_title(title)
+
+    def open_file_dialog(self):
+        self.expect_window("Select Text (.txt) files to import as equations.", "ctrl+o")
+
+    def open_alert(self):
+        self.open_file_dialog()
+        (self.folder / "empty.txt").touch()
+        self.type(str(self.folder / "empty.txt"))
+        self.expect_window("Sumlet", "Return")
+
+    def open_list(self):
+        self.expect_window("Preferences", "ctrl+comma")
+        self.expect_popup(lambda: self.press("Tab", "space"))
+
+    def begin_drag(self):
+        self.point(20, 45, "mousedown", 1, "mousemove_relative", 5, 0, "sleep", 0.2, "mousemove_relative", 40, 40)
+
+    def test_saves_whatever_is_open(self):
+        for name, action in [
+            ("menu", lambda: self.expect_popup(lambda: self.press("alt+e"))),
+            ("context menu", lambda: self.expect_popup(lambda: self.point(60, 60, "click", 3))),
+            ("sheet", lambda: self.expect_window("Untitled", "alt+f", "Down", "Down", "Return")),
+            ("file dialog", self.open_file_dialog),
+            ("list", self.open_list),
+            ("alert", self.open_alert),
+            ("drag", self.begin_drag),
+            ("full screen", lambda: self.press("F11")),
+        ]:
+            with self.subTest(name):
+                self.open_windows("100 80 365 234 1+1")
+                self.press("ctrl+a")
+                self.type("6*7")
+                self.expect_text("6*7")  # and selects it
+                action()
+                self.quit_program()
+                xdotool("mouseup", 1)
+                self.expect_stored("100 80 365 234 6*7")
 
 
 class Session(Desktop):
@@ -75,22 +167,6 @@ class Session(Desktop):
             self.expect_windows(9)
             self.quit_program()
             self.expect_stored(*windows)
-
-    def test_takes_over_a_binary_older_file(self):
-        def window(left, top, width, height, equation):
-            return {"left": left, "top": top, "width": width, "height": height, "size": 13, "equation": equation}
-
-        older = self.folder / ".config" / "com.fernhill.sumlet.plist"
-        older.parent.mkdir()
-        older.write_bytes(plistlib.dumps(fmt=plistlib.FMT_BINARY, value={
-            "RunCount": 1, "TemplateList": {"0": {"name": "Three & a half", "equation": "price%3D19.99%0Aprice*3"}},
-            "WindowList": {"0": window(100, 80, 365, 234, "6*7"), "1": window(420, 300, 300, 200, "x%3D5%0Ax%2F2")}}))
-        before = older.read_bytes()
-        self.open()
-        self.expect_text("6*7")
-        self.quit_program()
-        self.expect_stored("Three &amp; a half: price=19.99\nprice*3", "100 80 365 234 6*7", "420 300 300 200 x=5\nx/2")
-        self.assertEqual(older.read_bytes(), before)
 
     def test_does_not_overwrite_what_it_could_not_load(self):
         settings_file.write(self.settings)
