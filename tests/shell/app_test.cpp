@@ -11,7 +11,6 @@
 #include "framework/ui/desktop.h"
 #include "framework/ui/window_fixture.h"
 #include "persistence/preferences.h"
-#include "shell/menus.h"
 #include "shell/review.h"
 #include "shell/web_addresses.h"
 
@@ -96,19 +95,16 @@ TEST_F(ApplicationLife, WritesTheRecoveryFileWhenTypingPauses) {
 }
 
 TEST_F(ApplicationLife, QuitSavesWhatAnInputMethodComposes) {
-  Preferences::RegisterSection({"Probe", [this] { return record = Front<winSumlet>()->textInput().Text(); },
-                                [](const auto&) {}, [](const auto&) {}});
   app.Event_Open();
-  Run([this] {
-    TextArea& input = (new winSumlet)->textInput();
-    QTest::keyClick(&input, Qt::Key_1);
-    EXPECT_TRUE(QTest::qWaitForWindowActive(input.window()));
-    input.setFocus();
-    QInputMethodEvent composing(QStringLiteral("\uD55C"), {});
-    QCoreApplication::sendEvent(&input, &composing);
-    app.Quit();
-  });
-  EXPECT_EQ(record, "1\uD55C");
+  TextArea& input = (new winSumlet)->textInput();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(input.window()));
+  input.setFocus();
+  QInputMethodEvent composing(QStringLiteral("\uD55C"), {});
+  QCoreApplication::sendEvent(&input, &composing);
+  const auto ignore = [](const auto&) {};
+  Preferences::RegisterSection({"Probe", [&] { return record = input.Text(); }, ignore, ignore});
+  app.Quit();
+  EXPECT_EQ(record, "\uD55C");
 }
 
 // An alert about damage may be open while some windows are not restored yet: a save would lose those.
@@ -161,9 +157,7 @@ TEST_F(ApplicationLife, WebAddressesReachTheDesktopEncoded) {
   for (const char* scheme : schemes) QDesktopServices::setUrlHandler(scheme, &desktop, "setSource");
   const auto desktopHooks = InstallDesktop();
   const auto opened = [&desktop] { return desktop.source().toEncoded().toStdString(); };
-  app.AppendMenuItems();
-  app.BindMenuHandlers();
-  MenuBar1().Choose("Share");
+  ShowURL(WebAddresses::Share());
   EXPECT_EQ(opened(), "https://share.sumlet.example/sharer.php?u=https%3A%2F%2Fwww.sumlet.example%2Fsumlet%2F");
   const String store = "macappstore://store.sumlet.example/us/app/sumlet/id0?ls=1&mt=12";
   for (const String& address : {WebAddresses::Store(), String("https://www.sumlet.example/50%")}) {

@@ -1,6 +1,6 @@
-"""Runs the command-line program, also on the examples of the documents: sumlet_eval_test.py PROGRAM DATA.
+"""Runs the command-line program, also on the examples of the documents: sumlet_eval_test.py PROGRAM.
 
-DATA is the build folder of data/. A fenced block marked "sumlet" in a document contains examples: each is an equation, a
+A fenced block marked "sumlet" in a document contains examples: each is an equation, a
 "→", and the result on the same line. An equation in examples/ states its result in a comment, "# Result: ...".
 """
 
@@ -13,14 +13,20 @@ import sys
 import tempfile
 import unittest
 
-PROGRAM, DATA = (os.path.abspath(sys.argv.pop(1)) for _ in range(2))
+PROGRAM = os.path.abspath(sys.argv.pop(1))
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 FOLDER = tempfile.TemporaryDirectory()
-BASH_COMPLETION = "/usr/share/bash-completion/bash_completion"
 
-for name, content in [("value.txt", b"\xef\xbb\xbfx=2\r\nx*21\r\n"), ("error.txt", b"1\nfoo\n3"), ("empty.txt", b""),
-                      ("-dash.txt", b"7"), ("latin.txt", b"gr\xf6\xdfe=3\ngr\xc3\xb6\xdfe*2"),
-                      ("utf16.txt", "\ufeff2*π".encode("utf-16-le")), ("\x1b[2J", b"\x1b[31m")]:
+FILES = {
+    "value.txt": b"\xef\xbb\xbfx=2\r\nx*21\r\n",
+    "error.txt": b"1\nfoo\n3",
+    "empty.txt": b"",
+    "-dash.txt": b"7",
+    "latin.txt": b"gr\xf6\xdfe=3\ngr\xc3\xb6\xdfe*2",
+    "utf16.txt": "\ufeff2*π".encode("utf-16-le"),
+    "\x1b[2J": b"\x1b[31m",
+}
+for name, content in FILES.items():
     (pathlib.Path(FOLDER.name) / name).write_bytes(content)
 
 
@@ -30,9 +36,9 @@ def evaluate(*arguments, stdin=b"", stdout=subprocess.PIPE):
     return run.returncode, run.stdout, run.stderr.decode()
 
 
-def on_terminal(*command, keys="", **environment):
+def on_terminal(*command, keys=""):
     run = subprocess.run(["script", "-qec", shlex.join(command), "/dev/null"], input=keys.encode(), stdout=subprocess.PIPE,
-                         cwd=FOLDER.name, env=os.environ | environment | {"SHELL": "/bin/sh"}, timeout=60, check=False)
+                         cwd=FOLDER.name, env=os.environ | {"SHELL": "/bin/sh"}, timeout=60, check=False)
     return run.stdout.decode().replace("\r\n", "\n")
 
 
@@ -98,16 +104,6 @@ class CommandLine(unittest.TestCase):
         # Names and errors cannot send commands to the terminal.
         shown = on_terminal(PROGRAM, "\x1b[2J", "\x1b[H")
         self.assertEqual(shown, '\\x1B[2J: "\\x1B[" Error: Variable Unknown\nsumlet-eval: \\x1B[H: No such file or directory\n')
-
-    @unittest.skipUnless(os.path.exists(BASH_COMPLETION), "there is no bash-completion, which finds the file of a command")
-    def test_bash_completes_options_and_files(self):
-        subprocess.run(["cmake", "-DCMAKE_INSTALL_PREFIX=" + FOLDER.name, "-P", DATA + "/cmake_install.cmake"],
-                       stdout=subprocess.DEVNULL, check=True)
-        for program in (pathlib.Path(FOLDER.name) / "share/bash-completion/completions").iterdir():
-            keys = f"source {BASH_COMPLETION}\n{program.name} --vers\t\n{program.name} 'val\t\nexit\n"
-            shown = on_terminal("bash", "--norc", keys=keys, XDG_DATA_DIRS=FOLDER.name + "/share", TERM="dumb")
-            self.assertIn(f"{program.name} --version ", shown)
-            self.assertIn(f"{program.name} 'value.txt' ", shown)
 
     def test_options(self):
         self.assertTrue(evaluate("value.txt", "--help")[1].startswith(b"Usage: sumlet-eval [--lines] [FILE...]\n"))

@@ -1,10 +1,12 @@
 #include "framework/ui/application.h"
 
 #include <QPaintEvent>
+#include <QPlainTextEdit>
 #include <QTimer>
 
 #include "framework/desktop.h"
 #include "framework/fault.h"
+#include "framework/ui/caret_rest.h"
 #include "framework/ui/desktop.h"
 #include "framework/ui/qt_text.h"
 #include "framework/ui/window_fixture.h"
@@ -50,6 +52,20 @@ TEST_F(Faults, EndTheirEventAndShowOneAlert) {
 }
 
 TEST(Application, RegistersUnderTheNameOfItsSession) { EXPECT_EQ(qApp->sessionId(), "session"); }
+
+TEST(CaretRest, BlinksUntilTheUserPauses) {
+  ManualClock clock;
+  const int desktops = QApplication::cursorFlashTime();
+  ASSERT_GT(desktops, 0);
+  const CaretRest caretRest;
+  QPlainTextEdit area;
+  area.show();
+  QTest::keyClick(&area, Qt::Key_1);
+  clock.Advance(CaretRest::BlinkingTime);
+  EXPECT_EQ(QApplication::cursorFlashTime(), 0);
+  QTest::mouseClick(area.viewport(), Qt::LeftButton);
+  EXPECT_EQ(QApplication::cursorFlashTime(), desktops);
+}
 
 TEST(Dialogs, AlertText) {
   const String word(40, 'w');

@@ -9,35 +9,32 @@ namespace {
 using namespace std::string_literals;
 
 TEST(Listbox, SelectsOneRow) {
-  using Keys = Qt::KeyboardModifier;
-  // Row 2 of 5, each 60 pixels high, is selected before each click.
-  const std::tuple<int, bool, Keys, bool, const char*> rows[] = {
-      // the place, whether the click is double, whether a selection is required, and the events
-      {150, false, Qt::ControlModifier, true, ""},
-      {150, false, Qt::ControlModifier, false, "Change -1;"},
-      {30, true, Qt::NoModifier, true, "Change 0;DoubleClick 0;"},
-      {350, true, Qt::NoModifier, true, ""},  // below the rows
-  };
-  for (const auto& [y, twice, keys, required, expected] : rows) {
-    Listbox list(nullptr);
-    list.resize(300, 400);
-    list.SetDefaultRowHeight(60);
-    for (Int32 i = 0; i < 5; ++i) list.AddRow("name", "text");
-    list.show();
-    QCoreApplication::processEvents();
-    list.RequiresSelection = required;
-    list.SetListIndex(2);
-    std::string log;
-    list.Change = [&log](Listbox& sender) { log += "Change " + std::to_string(sender.ListIndex()) + ";"; };
-    list.DoubleClick = [&log](Listbox& sender) { log += "DoubleClick " + std::to_string(sender.ListIndex()) + ";"; };
-    if (twice)
-      QTest::mouseDClick(list.viewport(), Qt::LeftButton, keys, {150, y});
-    else
-      QTest::mouseClick(list.viewport(), Qt::LeftButton, keys, {150, y});
-    EXPECT_EQ(log, expected) << y;
-    list.DeleteAllRows();
-    EXPECT_EQ(list.ListIndex(), -1);
-  }
+  Listbox list(nullptr);
+  list.resize(300, 400);
+  list.SetDefaultRowHeight(60);
+  for (Int32 i = 0; i < 5; ++i) list.AddRow("name", "text");
+  list.show();
+  QCoreApplication::processEvents();
+  std::string log;
+  list.Change = [&log](Listbox& sender) { log += "Change " + std::to_string(sender.ListIndex()) + ";"; };
+  list.DoubleClick = [&log](Listbox& sender) { log += "DoubleClick " + std::to_string(sender.ListIndex()) + ";"; };
+  const QPoint firstRow(150, 30);
+  const QPoint thirdRow(150, 150);
+  const QPoint belowTheRows(150, 350);
+
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, thirdRow);
+  EXPECT_EQ(std::exchange(log, {}), "Change 2;");
+  list.RequiresSelection = true;
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, thirdRow);
+  QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, belowTheRows);
+  QTest::mouseDClick(list.viewport(), Qt::RightButton, {}, thirdRow);
+  EXPECT_EQ(log, "") << "the row stays selected";
+  list.RequiresSelection = false;
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, thirdRow);
+  QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, firstRow);
+  EXPECT_EQ(log, "Change -1;Change 0;DoubleClick 0;");
+  list.DeleteAllRows();
+  EXPECT_EQ(list.ListIndex(), -1);
 }
 
 // A list that reads all of this text would exceed the time limit of the test run.

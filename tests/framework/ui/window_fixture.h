@@ -23,8 +23,6 @@ class ManualClock final : public Clock {
   void Arm(Timer& timer, Int32 milliseconds) override { due_[&timer] = now_ + milliseconds; }
   void Disarm(Timer& timer) override { due_.erase(&timer); }
 
-  [[nodiscard]] Int32 Now() const { return now_; }  // in milliseconds
-
   // Lets time pass; what falls due meanwhile expires.
   void Advance(Int32 milliseconds) {
     for (; milliseconds > 0; --milliseconds) {
