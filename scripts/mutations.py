@@ -45,7 +45,7 @@ WINDOWS = [
     ["template_window_tests"],
     ["shell_tests"],
 ]
-SYSTEM = [["sumlet", r"^System\.(commands|ends|session|second_start)_test$"]]
+SYSTEM = [["sumlet", r"^System\.(session|second_start)_test$"]]
 TESTS = {
     "src/engine": ENGINE,
     "src/equationwindow": WINDOWS + SYSTEM,
