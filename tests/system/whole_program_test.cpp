@@ -44,11 +44,6 @@ class WholeProgram : public WindowFixture {
 
 class Soak : public WholeProgram {
  protected:
-  static void CloseAll() {
-    while (WindowCount() > 0) WindowAt(0).Close(true);
-    HandleEvents();
-  }
-
   // Types, chooses commands, saves, and restores the session, and closes everything.
   void RunCycle() {
     QGuiApplication::clipboard()->setText("\u03C0 \u00A0\U0001D70B\n# \u20AC\r\n6*7");
@@ -68,6 +63,7 @@ class Soak : public WholeProgram {
     Preferences::Load();
     HandleEvents();
     CloseAll();
+    HandleEvents();
     TemplatesManager::Load("\x01");
   }
 

@@ -43,9 +43,12 @@ class WindowFixture : public testing::Test {
     for (const char* variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"}) qputenv(variable, folder.path().toUtf8());
   }
   void TearDown() override {
+    CloseAll();
+    QApplication::setPalette(QPalette());
+  }
+  static void CloseAll() {
     while (WindowCount() > 0) WindowAt(0).Close(true);
     DestroyClosed();
-    QApplication::setPalette(QPalette());
   }
   static void DestroyClosed() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
   static void SetDarkDesktop() { QApplication::setPalette(QColor(0x30, 0x30, 0x30)); }
