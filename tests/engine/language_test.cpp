@@ -51,11 +51,6 @@ TEST(Language, RandomNumbers) {
   EXPECT_EQ(EvaluateRandom("x=RND\nx-x"), "0") << "a stored number does not change";
 }
 
-TEST(Language, ErrorsContainTheWord) {
-  const MathClass math("|");
-  EXPECT_TRUE(!math.ResultIsError() && math.ResultIsError("an eRRoR inside") && !math.ResultIsError("err or"));
-}
-
 // The fuzz target `rewriting` checks that the parser and rewriting give the same values; this test, that ordinary lines
 // take the parser.
 TEST(Language, OrdinaryExpressionsAreNotRewritten) {

@@ -31,47 +31,39 @@ inline constexpr Example workedExamples[] = {
     {"1\r\n2\r3", "3", "", 2},
     {"  # x\n7", "7"},
     {"5 // c", twoOperands, "/", 0},
+    {"/ /5", twoOperands, "/"},
     // a line that contains the word "error" is an error
     {"error", "error", ""},
     // operators
-    {"2*-3^2", "18"},
     {"1 2 3*2", "246"},
     // integer operators truncate their operands; division by zero is no error
     {"7\\0.5", "0"},
     {"99999999999\\1", "2147483647"},
     // clusters of minus signs
     {"---5", "-5"},
-    {"2^--3", "8"},
     // missing operands
     {"5-", twoOperands, "-"},
     {"3+x", twoOperands, "+"},
     {"3-x", unknown, "x"},
     // values that are no numbers
     {"0/0", unknown, "nan"},
-    // endless rewriting
-    {"3--", twoOperands, "-"},
     // values side by side
     {"1+2(3)", "24"},
     // without an operation a number keeps its form
     {"Π", longPi},
     // parentheses
-    {"()", ""},
     {"1+2)", parenthesis, ""},
-    {"1(2)\n(1", parenthesis, "1", 1},  // details of an earlier line stay
     // absolute bars
     {"2=3\n|3", bar, "2", 1},
-    {"-|3|", "-3"},
     {"max(|-3|,2)", "3"},
     // assignments
     {"=5", "5", ""},
     {"a b=3", "Error: Variable Name Contains Space", "a b"},
     {"frac=3", nameIsFunction, "frac"},
-    {"x=(1,5)\nx+1", "16"},
     // variables are words, replaced by the text of their values
     {"ab=3\nAB", "3"},
     {"pi=3\npi", "3"},
     {"x=-2\n3-x", "5"},
-    {"x1=3\nx=2\nx1", "2"},
     // functions
     {"sqrt(4)sqrt(9)", "6"},
     {"abs(2,3)", "2"},
