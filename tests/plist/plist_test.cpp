@@ -5,7 +5,6 @@
 #include <fstream>
 #include <tuple>
 
-#include "framework/desktop.h"
 #include "framework/file/program.h"
 #include "plist/plist.h"
 #include "temporary_folder.h"
@@ -113,13 +112,6 @@ TEST_F(PropertyListFile, Writing) {
       "\t<key>d</key>\n\t<dict>\n\t\t<key>x</key>\n\t\t<data>\n\t\tAA==\n\t\t</data>\n\t</dict>\n";
   document.Save();
   EXPECT_EQ(Content(document.savePath), newHeaders + body + "</dict>\n</plist>\n");
-}
-
-// Children are listed before their parent, which has their opening and closing tags.
-TEST_F(PropertyListFile, Dumping) {
-  plist document(File("list", "<plist>\n<dict>\n<key>r</key>\n<true/>\n</dict>\n"));
-  document.Dump();
-  EXPECT_EQ(ClipboardText(), "<plist>\r<dict>\r\t<key>r</key>\r\t<nosearch/>\r\t<true/>\r</dict>\r</plist>\r");
 }
 
 TEST_F(PropertyListFile, Searching) {

@@ -16,6 +16,8 @@ TEST(PropertyListReader, Layouts) {
        "a&lt;:boolean=false, b:date=2026, c:x y=\"1\""},
       // several lines: each followed by CR, except in data
       {"<key>a</key>\n\t<string>1\n\t\t  2\n\n3</string>\n</dict>", "a:string=1\r  2\r3\r"},
+      {"<key>a</key>\n<string>1>2\n3</string>\n</dict>", "a:string=3\r"},
+      {"<key>a</key>\n<string>1\n<key>b</key>\n2</string>\n</dict>", "a:string, b:=1\r2\r"},
       {"<key>a</key>\n<data>\n\tAAEC\n\tAwQ=\n\t</data>\n</dict>", "a:data=AAECAwQ="},
       // empty and self-closed
       {"<key>a</key>\n<string></string>\n<key>b</key>\n<dict/>\n<key>c</key>\n<array/>\n<key>d</key>\n<true/>\n</dict>",
