@@ -100,8 +100,11 @@ TEST_F(Settings, LineValuesAreStoredOnlyWhileTheyAreShown) {
   Preferences::ShowLineValues = true;
   const String with = Saved();
   EXPECT_EQ(ReplaceAll(with, "\x0EShowLineValues\x04True", ""), without);
-  EXPECT_TRUE(AlertsOfLoading(without).empty() && !Preferences::ShowLineValues);
-  EXPECT_TRUE(AlertsOfLoading(with).empty() && std::exchange(Preferences::ShowLineValues, false));
+  EXPECT_TRUE(AlertsOfLoading(without).empty());
+  EXPECT_FALSE(Preferences::ShowLineValues);
+  EXPECT_TRUE(AlertsOfLoading(with).empty());
+  EXPECT_TRUE(Preferences::ShowLineValues);
+  Preferences::ShowLineValues = false;
 }
 
 TEST_F(Settings, ATextFileResultsInTheDefaults) {
