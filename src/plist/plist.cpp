@@ -31,11 +31,11 @@ enum class Form { Xml, Binary };
 // Converts the property list in `file` in place, with plutil or, where that is missing, plistutil. Takes at most ten
 // seconds. Does not report success, because the exit status of these tools is unreliable.
 void Convert(const FolderItem& file, Form form) {
-  constexpr std::chrono::seconds patience(10);
+  constexpr std::chrono::seconds timeout(10);
   const bool toXml = form == Form::Xml;
   const String path = file.AbsolutePath();
-  if (RunProgram({"plutil", "-convert", toXml ? "xml1" : "binary1", path}, patience) != ProgramEnd::NotFound) return;
-  RunProgram({"plistutil", "-i", path, "-o", path, "-f", toXml ? "xml" : "bin"}, patience);
+  if (RunProgram({"plutil", "-convert", toXml ? "xml1" : "binary1", path}, timeout) != ProgramEnd::NotFound) return;
+  RunProgram({"plistutil", "-i", path, "-o", path, "-f", toXml ? "xml" : "bin"}, timeout);
 }
 
 // Deletes a temporary file at the end of the block.

@@ -51,16 +51,17 @@ class plistDict {
   [[nodiscard]] bool eof() const { return eof_; }                // the cursor has moved past the last key
 
   // Fills the node, and the nodes below it, from the lines of a property list up to the node's end tag or the end of
-  // the stream. The caller has read the line with the node's own tag. Drops the node's keys but not its children. If
-  // `read` is false, leaves the node empty; `stream` may then be nullptr, which throws a Fault otherwise. `parent` and
-  // `document` must outlive the node. reader.cpp describes the layout.
+  // the stream. The caller has read the line with the node's own tag. First clears the node's values and types; its
+  // children stay. If `read` is false, does nothing more, and `stream` may be nullptr, which throws a Fault otherwise.
+  // `parent` and `document` must outlive the node. reader.cpp describes the layout.
   void Load(TextInputStream* stream, std::string_view name, bool asArray, plistDict* parent, plist* document,
             bool read);
 
   // The first child of this key, or a new empty dictionary. Throws a Fault when the key holds a plain value.
   plistDict& child(std::string_view key);
 
-  // The text of a key. Like every getter, first stores `fallback` when the key is absent.
+  // The text of a key. If the key is absent, first stores `fallback` there. So does every getter that has a
+  // `fallback`.
   String GetValue(std::string_view key, std::string_view fallback = {});
   // Throws a Fault for an absent key.
   [[nodiscard]] String GetType(std::string_view key) const;
@@ -112,11 +113,11 @@ class plistDict {
   bool CheckArray();
 
   // Removes a key, given as text, or an array element, given as a number, and destroys its value. For a key, neither
-  // reports nor clears an error. Reports an error and throws a Fault for a number out of range, and for an element
-  // after plain values that is a container.
+  // reports nor clears an error. Reports an error and throws a Fault if a number is out of range, and also for a
+  // container in an array that has plain values before it.
   void Remove(const Variant& key);
 
-  // ---- The cursor, and what a key is
+  // ---- The cursor, look-up, and helpers
 
   [[nodiscard]] Int32 count() const { return types_.Count(); }
   void MoveNext();
@@ -124,11 +125,12 @@ class plistDict {
   void MoveLast();
   // The key at the cursor. Past the last key returns an empty text, sets eof() and moves the cursor to the first key.
   String CurrentKey();
-  // Stores one decimal place, without the sign. A second call for the same key finds the type "real" and reports a
-  // mismatch.
+  // Stores one decimal place, without the sign. Stores the type "real" but replaces only a "double", so a second
+  // call for the same key reports an error.
   void SetReal(std::string_view key, double value);
   double GetReal(std::string_view key, double fallback = 0);
   [[nodiscard]] bool Exists(std::string_view key) const { return types_.HasKey(String(key)); }
+  // Escapes "<" and ">" as "&lt;" and "&gt;", and the reverse.
   [[nodiscard]] static String BracketsToCode(std::string_view text);
   [[nodiscard]] static String CodeToBrackets(std::string_view text);
 
@@ -162,7 +164,7 @@ class plistDict {
   void AppendPopup(const QComboBox& popup);
   // Stores the elements from index `first` to `last`, each limited to the list's last index.
   void SetList(std::string_view key, const Array<String>& list, Int32 first, Int32 last);
-  // Reads all elements; with `keepFirst` from index 1 on, after an empty element 0.
+  // Replaces `list` by all elements. With `keepFirst`, inserts an empty element 0 before them.
   void GetList(std::string_view key, Array<String>& list, bool keepFirst);
   void AppendList(const Array<String>& list, Int32 first, Int32 last);
   void SetEditField(const TextArea& field);
@@ -176,15 +178,15 @@ class plistDict {
 
   // ---- Place in the tree, and restructuring
 
-  // A path such as ":root:a:b", for a node below the top. Starts at the last key named "root".
+  // A path such as ":root:a:b", for a node below the top. Starts at the nearest ancestor named "root".
   [[nodiscard]] String AbsolutePath() const;
-  // Prepends the names of `node` and its ancestors to `path`, up to the first one named "root".
+  // Prepends the names of `node` and its ancestors to `path`, up to and including the nearest one named "root".
   static void BuildPath(const plistDict* node, String& path);
 
   // Copies a key, with everything below it, to `destination` under `newKey`, or under its own key if `newKey` is empty.
-  // With `remove`, then removes it here, even when the destination could not store it; a key moved onto itself is so
-  // removed. An array destination appends the value. A copied array becomes a dictionary. The copy of a container adds
-  // to a container that the destination has under that key. Throws a Fault when source and destination contain one
+  // With `remove`, then removes it here, even when the destination could not store it. So moving a key onto itself
+  // removes it. An array destination appends the value. A copied array becomes a dictionary. The copy of a container
+  // adds to a container that the destination has under that key. Throws a Fault when source and destination contain one
   // another, or when a container would replace a plain value; keys copied before that stay.
   void Move(std::string_view key, plistDict* destination, bool remove, std::string_view newKey);
   void Move(std::string_view key, plistDict* destination) { Move(key, destination, true, {}); }
@@ -203,14 +205,14 @@ class plistDict {
   class Reader;
   class Writer;
 
-  void Store(std::string_view key, std::string_view word, std::string_view text);
-  void StoreChecked(std::string_view key, std::string_view checkedWord, std::string_view text, std::string_view word);
+  void Store(std::string_view key, std::string_view type, std::string_view text);
+  void StoreChecked(std::string_view key, std::string_view expectedType, std::string_view text, std::string_view type);
   void ReportMismatch(std::string_view key) const;
-  // Sets `text` to the text of a number. Returns false, reports an error and sets `otherwise` to the getter's result
-  // when the key holds none.
-  bool NumberText(std::string_view key, String& text, double& otherwise);
-  void AppendValue(std::string_view word, std::string_view text);
-  bool AppendKey(std::string_view word, String& key);
+  // Sets `text` to the text of a number. If the key holds no number, returns false, reports an error and sets
+  // `errorValue` to what the getter returns.
+  bool NumberText(std::string_view key, String& text, double& errorValue);
+  void AppendValue(std::string_view type, std::string_view text);
+  bool AppendKey(std::string_view type, String& key);
   void AppendTexts(const Array<String>& list, Int32 first, Int32 last);
 
   bool AddNode(std::string_view key, bool asArray);

@@ -49,13 +49,13 @@ String plistDict::GetString(std::string_view key, std::string_view fallback) { r
 
 String plistDict::GetData(std::string_view key, std::string_view fallback) { return GetValue(key, fallback); }
 
-bool plistDict::NumberText(std::string_view key, String& text, double& otherwise) {
+bool plistDict::NumberText(std::string_view key, String& text, double& errorValue) {
   SetError(false, {});
-  otherwise = 0;
+  errorValue = 0;
   if (!TypeOK(key)) return false;
   if (SameText(GetType(key), "date")) {
     ReportMismatch(key);
-    otherwise = -1;
+    errorValue = -1;
     return false;
   }
   text = GetValue(key);
@@ -70,8 +70,8 @@ Int32 plistDict::GetInteger(std::string_view key, Int32 fallback) {
 double plistDict::GetDouble(std::string_view key, double fallback) {
   if (!Exists(key)) SetDouble(key, fallback);
   String text;
-  double otherwise = 0;
-  return NumberText(key, text, otherwise) ? CDbl(text) : otherwise;
+  double errorValue = 0;
+  return NumberText(key, text, errorValue) ? CDbl(text) : errorValue;
 }
 
 double plistDict::GetReal(std::string_view key, double fallback) {
@@ -104,15 +104,15 @@ Color plistDict::GetColor(std::string_view key, Color fallback) {
 
 // ---- Setters
 
-void plistDict::Store(std::string_view key, std::string_view word, std::string_view text) {
+void plistDict::Store(std::string_view key, std::string_view type, std::string_view text) {
   values_.SetValue(String(key), String(text));
-  types_.SetValue(String(key), String(word));
+  types_.SetValue(String(key), String(type));
   searched_.SetValue(String(key), BooleanToVariant(false));
 }
 
-void plistDict::StoreChecked(std::string_view key, std::string_view checkedWord, std::string_view text,
-                             std::string_view word) {
-  if (CheckType(key, checkedWord) != 0) Store(key, word, text);
+void plistDict::StoreChecked(std::string_view key, std::string_view expectedType, std::string_view text,
+                             std::string_view type) {
+  if (CheckType(key, expectedType) != 0) Store(key, type, text);
 }
 
 void plistDict::SetString(std::string_view key, std::string_view text) { StoreChecked(key, "string", text, "string"); }
@@ -154,17 +154,17 @@ bool plistDict::CheckArray() {
   return isArray_;
 }
 
-bool plistDict::AppendKey(std::string_view word, String& key) {
+bool plistDict::AppendKey(std::string_view type, String& key) {
   if (!CheckArray()) return false;
   indexOf_ = count();
   key = Str(indexOf_);
-  types_.SetValue(key, String(word));
+  types_.SetValue(key, String(type));
   return true;
 }
 
-void plistDict::AppendValue(std::string_view word, std::string_view text) {
+void plistDict::AppendValue(std::string_view type, std::string_view text) {
   String key;
-  if (AppendKey(word, key)) values_.SetValue(key, String(text));
+  if (AppendKey(type, key)) values_.SetValue(key, String(text));
 }
 
 void plistDict::AppendString(std::string_view text) { AppendValue("string", text); }
