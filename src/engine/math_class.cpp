@@ -20,15 +20,15 @@
 namespace sumlet {
 namespace {
 
-struct SignCounts {
+struct BracketCounts {
   std::size_t opening = 0;
   std::size_t closing = 0;
   std::size_t bars = 0;
-  bool hasWords = false;  // false: no letters, so no "Error"
+  bool hasWords = false;  // there are word characters; without them the text cannot contain "Error"
 };
 
-SignCounts CountSigns(std::string_view text) {
-  SignCounts counts;
+BracketCounts CountBrackets(std::string_view text) {
+  BracketCounts counts;
   for (const char c : text) {
     const CharacterSet sets = SetsOf(c);
     if ((sets & delimiter) == 0) counts.hasWords = true;
@@ -90,7 +90,8 @@ String MathClass::Evaluate() {
 }
 
 // Evaluates an expression or assignment by the ExpressionParser. Returns false and changes nothing if the line must be
-// rewritten. Looks for "Error" in the assigned name only: the parser accepts no expression that contains it.
+// rewritten. Every text that contains "Error" is an error. Looks only at the assigned name, because the parser accepts
+// no expression that contains the word.
 bool MathClass::EvaluateByParser(std::string_view line, String& value) {
   const std::size_t equalsSign = line.find('=');
   const bool isAssignment = equalsSign != std::string_view::npos;
@@ -114,15 +115,15 @@ bool MathClass::EvaluateByParser(std::string_view line, String& value) {
     ResultDetails = name;
     AddVariable(name, value, {.number = result->number, .isLong = value.size() > shortNumberLength});
   } else if (std::optional<String> tried = parser_.NameTriedLast()) {
-    ResultDetails = *std::move(tried);
+    ResultDetails = *std::move(tried);  // rewriting leaves it there, too; an error without details shows it
   }
   return true;
 }
 
 bool MathClass::ResultIsError() const { return ResultIsError(Result); }
 
-// Called after every step, so it is fast for texts without the word. The word has five letters, so a text that contains
-// it has one of them at index 4, 9, 14 or so on. Only then the slow search runs.
+// Called after every step, so it must be fast for texts without "Error". The word has five letters, so a text that
+// contains it has one of them at index 4, 9, 14 or so on. Only then the slow search runs.
 bool MathClass::ResultIsError(std::string_view text) const {
   constexpr std::string_view word = "Error";
   for (std::size_t i = word.size() - 1; i < text.size(); i += word.size()) {
@@ -137,7 +138,7 @@ String MathClass::Reduce(std::string_view expression) {
   if (ReduceLevel > 0) {
     if (std::optional<String> number = LoneNumber(expression)) return *std::move(number);
   }
-  const SignCounts counts = CountSigns(expression);
+  const BracketCounts counts = CountBrackets(expression);
   if (counts.hasWords && ResultIsError(expression)) return String(expression);
   if (counts.opening != counts.closing) return String(errors::unmatchedParenthesis);
   if (counts.bars % 2 != 0) return String(errors::unmatchedBar);

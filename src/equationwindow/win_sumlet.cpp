@@ -108,7 +108,7 @@ void winSumlet::Announce(std::string_view text) {
   textInput().setAccessibleDescription(SpokenText(text));
 }
 
-void winSumlet::AnnounceForAMoment(std::string_view notice) {
+void winSumlet::AnnounceTemporarily(std::string_view notice) {
   Announce(notice);
   tmrNotice_.SetMode(TimerMode::Single);
 }

@@ -23,11 +23,11 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   // Opens an empty equation window, which owns itself. A window that is not `visible` waits for Show.
   explicit winSumlet(bool visible = true);
 
-  // The name that the equation came from; empty for a new one.
+  // The name of the template or file that the equation came from; empty for a new one.
   String FromTemplate;
   // In points. ApplyTextSize applies it to the text.
   Int32 TextSize = 13;
-  // Part of the class's record; nothing sets or reads it. The guard is Loading.
+  // Unused. Loading is what keeps changes by program from counting as typing.
   bool bIgnoreTextChange = false;
   // True while a caller fills textInput by program.
   bool Loading = false;
@@ -56,22 +56,24 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   // The first line of the equation that is not blank, trimmed; empty when there is none.
   [[nodiscard]] String GetFirstLine() const;
 
-  // Asks for a file name and writes the text there. Reports a failure by an alert. Always True: handled.
+  // The commands. Each returns true: handled.
+
+  // Asks for a file name and writes the text there. Reports a failure by an alert.
   bool _FileExport_Action();
 
-  // Asks for a name on a sheet and, if the user gives one, adds the equation to the templates. Always True: handled.
+  // Asks for a name on a sheet and, if the user gives one, adds the equation to the templates.
   bool _FileSaveAsTemplate_Action();
 
-  // Copies the result, or the error, as the strip shows it. Always True: handled.
+  // Copies the result, or the error, as the strip shows it.
   bool _EditCopyResult_Action();
 
   // Moves the focus to the equation and the caret to the end of the line that failed. Does nothing without an error.
-  // Always True: handled.
   bool _EditGoToError_Action();
 
-  // Copies the value of the line with the caret, or the selected lines, or else all, with their values (value_text.h).
-  // Always True: handled.
+  // Copies the value of the line with the caret.
   bool _EditCopyLineValue_Action();
+
+  // Copies the selected lines, or all without a selection, each with its value (value_text.h).
   bool _EditCopyWithValues_Action();
 
   // Shows an equation that was not typed, and its result. Schedules no save. `name` is that of its template or file.
@@ -116,8 +118,8 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   void CalculateIfDue();
   void ShowResult();
   void Announce(std::string_view text);
-  // Announces the result again afterwards.
-  void AnnounceForAMoment(std::string_view notice);
+  // Tells screen readers `notice`, and the result again two seconds later.
+  void AnnounceTemporarily(std::string_view notice);
   [[nodiscard]] LineValues CurrentValues();
   [[nodiscard]] bool LineMayHaveValue(Int32 line) const;
   void CopyValue(Int32 line, std::string_view value);
@@ -135,7 +137,7 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   NameProviderDialog TemplateSaver_;
   Timer tmrDelayToggleFullscreen_;
   int wheelTurn_ = 0;                    // the rest of a step, in eighths of a degree
-  std::optional<QRect> restoredBounds_;  // of a restored window until it enters full screen
+  std::optional<QRect> restoredBounds_;  // of a window about to be restored to full screen; see delayToggleFullscreen
 };
 
 }  // namespace sumlet

@@ -86,7 +86,7 @@ LineValues winSumlet::CurrentValues() {
 void winSumlet::CopyValue(Int32 line, std::string_view value) {
   if (value.empty()) return;
   SetClipboardText(value);
-  AnnounceForAMoment("Copied " + String(value));
+  AnnounceTemporarily("Copied " + String(value));
   if (valueDisplay_ != nullptr) valueDisplay_->Flash(line, line);
 }
 
@@ -110,7 +110,7 @@ bool winSumlet::_EditCopyWithValues_Action() {
   const LineValues values = CurrentValues();
   SetClipboardText(TextWithValues(math->equationText, values, first, last));
   const Int32 count = last - first + 1;
-  AnnounceForAMoment("Copied " + Str(count) + (count == 1 ? " line" : " lines") + " with values");
+  AnnounceTemporarily("Copied " + Str(count) + (count == 1 ? " line" : " lines") + " with values");
   if (valueDisplay_ != nullptr) valueDisplay_->Flash(first, last);
   return true;
 }

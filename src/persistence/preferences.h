@@ -27,7 +27,7 @@ inline constexpr Int32 defaultTextSize = 13;  // points
 
 extern Int32 RunCount;          // the number of runs that have saved, as read at start
 extern bool TemplatesOpen;      // the template chooser is open
-extern Int32 TextSize;          // of new equation windows, in points; the stored value, which may be out of 1 to 1000
+extern Int32 TextSize;          // of new equation windows, in points; as stored: may be below 1 or above 1000
 extern bool RememberEquations;  // restore the open equations at the next start
 extern bool ShownReviewDialog;  // the review prompt has been shown
 extern bool ShowLineValues;     // beside the lines of equations; stored only while it is set
@@ -38,15 +38,15 @@ struct Section {
   String key;
   std::function<String()> Store;                    // returns the value to write
   std::function<void(std::string_view data)> Load;  // `data` is empty if the file has no such section
-  std::function<void(plistDict& dict)> LoadOlder;   // called instead of Load if there is no settings file
+  std::function<void(plistDict& dict)> LoadOlder;   // called instead of Load if the older file is read
 };
 void RegisterSection(Section section);
 
-// The path of the settings file, which need not exist. Empty if its folder does not exist and, with `create`, cannot be
-// created.
+// The path of the settings file, which need not exist. With `create`, creates its folder. Returns nothing if the folder
+// does not exist or cannot be created.
 [[nodiscard]] std::optional<FolderItem> GetPrefFile(bool create);
 
-// The older settings file, a property list, if Load has read it. Nothing else uses it.
+// The older settings file, a property list; nullptr unless Load has tried to read it. Only Load uses it.
 extern std::unique_ptr<plist> pref;
 
 // Reads the recovery file, if there is one, or else the settings file. Missing values take their defaults; KeyList

@@ -22,14 +22,15 @@
 namespace sumlet {
 namespace {
 
-// The toolkit's own handler. NoDisplayEndsProgram and LastSave do not live at the same time.
-QtMessageHandler otherMessages = nullptr;
+// Qt's own message handler. One variable is enough, because NoDisplayEndsProgram and LastSave never exist at the same
+// time.
+QtMessageHandler defaultMessageHandler = nullptr;
 
-// The toolkit calls abort() when it has no display, whatever the reason: no server named, one that does not answer, a
-// missing plug-in. Checking for a display first would have to repeat how the toolkit finds one.
+// Qt calls abort() when it has no display, whatever the reason: no server named, one that does not answer, a
+// missing plug-in. Checking for a display first would have to repeat how Qt finds one.
 void EndOnFatal(QtMsgType type, const QMessageLogContext& context, const QString& message) {
   if (type != QtFatalMsg) {
-    otherMessages(type, context, message);
+    defaultMessageHandler(type, context, message);
     return;
   }
   std::fputs("sumlet: there is no display to show a window on\n", stderr);
@@ -40,14 +41,14 @@ void EndOnFatal(QtMsgType type, const QMessageLogContext& context, const QString
   std::_Exit(EXIT_FAILURE);
 }
 
-constexpr std::chrono::seconds patience(5);
+constexpr std::chrono::seconds saveTimeout(5);
 
 std::function<void()>& SaveCallback() {
   static std::function<void()> save;
   return save;
 }
 
-// exit would go on to destroy what the toolkit's threads still use; _Exit does not.
+// exit would go on to destroy what Qt's threads still use; _Exit does not.
 void SaveAndEnd() {
   const std::function<void()> save = std::exchange(SaveCallback(), nullptr);
   if (!save) return;
@@ -59,34 +60,34 @@ void SaveAndEnd() {
   std::_Exit(EXIT_FAILURE);
 }
 
-// When the Wayland compositor ends, the toolkit logs "The Wayland connection ..." and calls _exit, often on a thread of
+// When the Wayland compositor ends, Qt logs "The Wayland connection ..." and calls _exit, often on a thread of
 // its own. Exit handlers do not run then. Only the event thread can read the windows, so that thread has to save. The
 // other thread waits for it, but only for a few seconds, because the compositor may have blocked the event thread.
 void SaveWithoutCompositor(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-  otherMessages(type, context, message);
+  defaultMessageHandler(type, context, message);
   if (!message.startsWith(QLatin1String("The Wayland connection "))) return;
   if (QThread::currentThread() == qApp->thread()) SaveAndEnd();
   QMetaObject::invokeMethod(qApp, SaveAndEnd, Qt::QueuedConnection);
-  std::this_thread::sleep_for(patience);
+  std::this_thread::sleep_for(saveTimeout);
 }
 
 }  // namespace
 
-NoDisplayEndsProgram::NoDisplayEndsProgram() { otherMessages = qInstallMessageHandler(EndOnFatal); }
+NoDisplayEndsProgram::NoDisplayEndsProgram() { defaultMessageHandler = qInstallMessageHandler(EndOnFatal); }
 
-NoDisplayEndsProgram::~NoDisplayEndsProgram() { qInstallMessageHandler(otherMessages); }
+NoDisplayEndsProgram::~NoDisplayEndsProgram() { qInstallMessageHandler(defaultMessageHandler); }
 
-// Registers an exit handler, because the toolkit calls exit when it loses the X display. No signal reports a crashed
-// server or a broken connection, and watching the connection beside the toolkit would race with it.
+// Registers an exit handler, because Qt calls exit when it loses the X display. No signal reports a crashed
+// server or a broken connection, and watching the connection beside Qt would race with it.
 LastSave::LastSave(std::function<void()> save) {
   SaveCallback() = std::move(save);
   static const bool registered = std::atexit(SaveAndEnd) == 0;
   (void)registered;
-  otherMessages = qInstallMessageHandler(SaveWithoutCompositor);
+  defaultMessageHandler = qInstallMessageHandler(SaveWithoutCompositor);
 }
 
 LastSave::~LastSave() {
-  qInstallMessageHandler(otherMessages);
+  qInstallMessageHandler(defaultMessageHandler);
   SaveCallback() = nullptr;
 }
 
@@ -161,7 +162,8 @@ QuitSignals::~QuitSignals() {
   for (const int end : pipeEnds) close(end);
 }
 
-// open returns the lowest free number, that of the closed stream. RunProgram restores SIGPIPE for child processes.
+// Each open returns the lowest free number, so this opens every closed standard stream. RunProgram
+// (framework/file/program.h) restores SIGPIPE for child processes.
 void SurviveLostStreams() {
   int stream = 0;
   do stream = open("/dev/null", O_RDWR);

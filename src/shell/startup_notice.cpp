@@ -17,7 +17,7 @@
 namespace sumlet {
 namespace {
 
-constexpr unsigned patience = 2;  // seconds
+constexpr unsigned timeout = 2;  // seconds
 
 xcb_atom_t Atom(xcb_connection_t* display, std::string_view name) {
   const auto cookie = xcb_intern_atom(display, 0, static_cast<std::uint16_t>(name.size()), name.data());
@@ -59,7 +59,7 @@ void EndStartupNotice() {
   const char* id = std::getenv("DESKTOP_STARTUP_ID");
   if (id == nullptr || *id == '\0' || std::getenv("DISPLAY") == nullptr) return;
   std::signal(SIGALRM, [](int) { std::_Exit(EXIT_SUCCESS); });
-  alarm(patience);
+  alarm(timeout);
   xcb_connection_t* display = xcb_connect(nullptr, nullptr);
   if (!xcb_connection_has_error(display)) {
     for (auto screen = xcb_setup_roots_iterator(xcb_get_setup(display)); screen.rem > 0; xcb_screen_next(&screen))

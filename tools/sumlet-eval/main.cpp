@@ -59,15 +59,16 @@ constexpr Program program{"sumlet-eval", SUMLET_VERSION, help, options};
 
 // The source of a text.
 struct Source {
-  const char* name;               // of a file; "-" is standard input
+  const char* name;               // of the file; "-" for standard input, "-e" for a text from the command line
   const String* typed = nullptr;  // the text itself, if it comes from the command line
 };
 
 // Appends the content of `file` to `text`. Returns nullptr, or the reason why reading failed.
 [[nodiscard]] const char* ReadAll(std::FILE* file, String& text) {
-  std::array<char, 64 * 1024> buffer;  // not initialised, which would touch more memory than most texts need
+  std::array<char, 64 * 1024> buffer;  // not cleared: that would touch more memory than most texts need
   std::size_t length = buffer.size();
-  while (length == buffer.size()) {  // fewer bytes are the last ones; reading on would make a terminal ask for more
+  // After fewer bytes the input has ended. Another read would make a terminal wait for more input.
+  while (length == buffer.size()) {
     length = std::fread(buffer.data(), 1, buffer.size(), file);
     if (text.size() + length > largestText) return "The text is longer than 256 MiB";
     text.append(buffer.data(), length);

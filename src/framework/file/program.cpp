@@ -5,7 +5,7 @@
 namespace sumlet {
 
 // Windows has no tools for property lists.
-ProgramEnd RunProgram(const std::vector<String>& /*command*/, std::chrono::milliseconds /*patience*/) {
+ProgramEnd RunProgram(const std::vector<String>& /*command*/, std::chrono::milliseconds /*timeout*/) {
   return ProgramEnd::NotFound;
 }
 
@@ -98,8 +98,8 @@ void End(pid_t process) {
 
 // Polls every millisecond, which is cheap because the tools end within milliseconds. A handler for SIGCHLD would
 // replace that of the toolkit.
-ProgramEnd RunProgram(const std::vector<String>& command, std::chrono::milliseconds patience) {
-  const Clock::time_point deadline = Clock::now() + patience;
+ProgramEnd RunProgram(const std::vector<String>& command, std::chrono::milliseconds timeout) {
+  const Clock::time_point deadline = Clock::now() + timeout;
   const pid_t process = command.empty() ? 0 : Spawn(command);
   if (process == 0) return ProgramEnd::NotFound;
   Limit(process);

@@ -80,9 +80,9 @@ class Window : public QWidget {
   Window();
 
   // Calls Layout, attaches the menus, places the window, calls CreateControls, AddMenuHandlers and Event_Open, and
-  // shows the window. Does not show a sheet (see ShowWithin), nor a window that is not `visible` (see Show). A window
-  // whose position is set before it first shows gets exactly that position; while it comes up, its frame's size is
-  // unknown.
+  // shows the window. Does not show a sheet (see ShowWithin), nor a window that is not `visible` (see Show). A
+  // position set before the window first shows is applied exactly. Until the window manager has added the frame, Left()
+  // and Top() may be off by its size.
   void Create(bool visible = true);
 
   // The limits of the content's size in pixels, smallest and largest.
@@ -90,7 +90,8 @@ class Window : public QWidget {
   void SetPlacement(Placement placement) { placement_ = placement; }
   void SetFrame(Frame frame) { frame_ = frame; }
 
-  // A small window of one size, in pixels of content: without a drawn menu bar, not minimised, not maximised, centred.
+  // Gives the window a fixed size, in pixels of content. Such a window is centred, shows no menu bar, and cannot be
+  // minimised or maximised.
   void SetFixed(const QSize& size);
   // Escape closes the window, as long as no control makes use of the key.
   void SetEscapeCloses() { escapeCloses_ = true; }
@@ -99,6 +100,7 @@ class Window : public QWidget {
   void BindMenuHandler(const std::string& name, std::function<bool()> handler) { handlers_[name] = std::move(handler); }
 
   // Places a new control, which has been created with Content() as its parent. Tab follows the order of creation.
+  // `locks` are the edges of the window to which the control keeps its distance (placement.h).
   [[nodiscard]] QWidget* Content() const { return content_; }
   void AddControl(QWidget& control, const QRect& bounds, Locks locks);
 
