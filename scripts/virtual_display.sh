@@ -1,14 +1,15 @@
 #!/usr/bin/env bash
-# A virtual display with a window manager. Everything that runs on it ends with the script, and has a home of its own.
+# A virtual display with a window manager. When the script ends, it stops everything that it has started on the display.
+# The programs there use a temporary home.
 #
 #   scripts/virtual_display.sh WIDTHxHEIGHT COMMAND...    runs a command on the display
 #
-# Sourced, it defines functions that work the window program:
+# Sourced, it defines functions that control the window program:
 #
 #   start_display WIDTHxHEIGHT      sets DISPLAY
-#   start_window PROGRAM [FILE...]  starts the window program and sets `window` once its window has the keyboard
-#   open_equation                   after a first start: leaves the chooser for an empty equation, and sets `window`
-#   type_keys TEXT, press KEY...    works the keyboard
+#   start_window PROGRAM [FILE...]  starts the window program and sets `window` once its window has the focus
+#   open_equation                   opens an empty equation from the chooser of a first start, and sets `window`
+#   type_keys TEXT, press KEY...    sends keys
 #   put_clipboard, get_clipboard    from standard input, to standard output
 #   expect_text TEXT                waits until the area with the focus holds TEXT
 #   skip_without TOOL...            ends with status 77, "skipped" to the test runner, where a tool is missing
@@ -78,7 +79,7 @@ start_display() {
   # The server chooses a free number and prints it once it accepts clients. Without -noreset it would restart, and reject
   # clients meanwhile, whenever its last client disconnects.
   in_background Xvfb sh -c 'exec Xvfb -displayfd 3 -screen 0 "$1"x24 -nolisten tcp -noreset 3>"$2"' sh "$1" "$number"
-  export VIRTUAL_DISPLAY=$! VIRTUAL_WINDOW_MANAGER  # the process IDs
+  export VIRTUAL_DISPLAY=$! VIRTUAL_WINDOW_MANAGER  # process IDs, for tests that kill them
   wait_for 20 test -s "$number" || give_up "the virtual display does not start"
   DISPLAY=:$(<"$number")
   export DISPLAY
@@ -120,12 +121,13 @@ put_clipboard() {
 clipboard_is_set() { get_clipboard | cmp -s - "$virtualFolder/clipboard"; }
 get_clipboard() { timeout 5 xclip -selection clipboard -o; }
 
-# Copies what the area with the focus holds. An empty area leaves the clipboard unchanged.
-area_reads() {
+# Whether the area with the focus holds TEXT. Copies its text to compare it, but an empty area leaves the clipboard
+# unchanged.
+focused_area_holds() {
   press ctrl+a ctrl+c
   [[ $(get_clipboard && echo .) == "$1." ]]
 }
-expect_text() { wait_for 30 area_reads "$1" || give_up "expected '$1', but the area reads '$(get_clipboard)'"; }
+expect_text() { wait_for 30 focused_area_holds "$1" || give_up "expected '$1', but the area reads '$(get_clipboard)'"; }
 
 if [[ ${BASH_SOURCE[0]} == "$0" ]]; then
   set -euo pipefail
