@@ -63,7 +63,6 @@ class Soak : public WholeProgram {
     Preferences::Load();
     HandleEvents();
     CloseAll();
-    HandleEvents();
     TemplatesManager::Load("\x01");
   }
 
