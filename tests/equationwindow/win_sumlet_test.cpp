@@ -12,7 +12,6 @@
 #include "equationwindow/value_text.h"
 #include "framework/desktop.h"
 #include "framework/ui/window_fixture.h"
-#include "persistence/preferences.h"
 #include "templates/templates_manager.h"
 #include "templates/win_save.h"
 
