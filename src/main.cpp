@@ -1,4 +1,6 @@
 // The window program: connects the parts and runs them.
+#include <QMetaObject>
+#include <QString>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -9,6 +11,7 @@
 #include "equationwindow/win_sumlet.h"
 #include "framework/command_line.h"
 #include "framework/desktop.h"
+#include "framework/fault.h"
 #include "framework/file/descriptor.h"
 #include "framework/file/folder_item.h"
 #include "framework/hook.h"

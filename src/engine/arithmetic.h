@@ -1,6 +1,7 @@
 // The arithmetic of the operators, and the text form of computed values.
 #pragma once
 
+#include "framework/text/mathematics.h"
 #include "framework/text/numbers.h"
 #include "framework/text/text.h"
 

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "engine/arithmetic.h"
+#include "framework/text/mathematics.h"
 #include "framework/text/numbers.h"
 
 namespace sumlet {

@@ -1,5 +1,6 @@
 #include "equationwindow/area_layout.h"
 
+#include "framework/text/mathematics.h"
 #include "framework/text/numbers.h"
 
 namespace sumlet {

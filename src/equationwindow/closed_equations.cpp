@@ -1,9 +1,14 @@
 // Each equation is kept as the record that the session would store.
 #include "equationwindow/closed_equations.h"
 
+#include <cstddef>
 #include <deque>
 
 #include "equationwindow/win_sumlet.h"
+#include "framework/text/text.h"
+#include "framework/ui/window.h"
+#include "persistence/key_list.h"
+#include "persistence/my_window_manager.h"
 
 namespace sumlet::ClosedEquations {
 namespace {

@@ -1,10 +1,18 @@
 #include "equationwindow/value_display.h"
 
 #include <QApplication>
+#include <QChar>
+#include <QEvent>
+#include <QFontMetricsF>
 #include <QHelpEvent>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
+#include <QPalette>
+#include <QTextDocument>
 #include <QToolTip>
+#include <cstddef>
+#include <string_view>
 #include <utility>
 
 #include "equationwindow/value_text.h"

@@ -7,13 +7,16 @@
 #include <QColor>
 #include <QCursor>
 #include <QObject>
+#include <QPoint>
 #include <QPointer>
 #include <QRectF>
+#include <QString>
 #include <functional>
 #include <optional>
 #include <vector>
 
 #include "equationwindow/line_values.h"
+#include "framework/text/text.h"
 #include "framework/ui/text_area.h"
 #include "framework/ui/timer.h"
 

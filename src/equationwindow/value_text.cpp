@@ -1,6 +1,9 @@
 #include "equationwindow/value_text.h"
 
+#include <QChar>
 #include <algorithm>
+#include <cstddef>
+#include <vector>
 
 #include "equationwindow/line_values.h"
 

@@ -4,14 +4,18 @@
 
 #include <QEvent>
 #include <QShowEvent>
+#include <QString>
 
 #include "equationwindow/area_layout.h"
 #include "equationwindow/closed_equations.h"
 #include "equationwindow/line_colors.h"
 #include "framework/text/bytes.h"
 #include "framework/text/variant.h"
+#include "framework/ui/placement.h"
 #include "framework/ui/qt_text.h"
+#include "persistence/key_list.h"
 #include "persistence/preferences.h"
+#include "persistence/record.h"
 
 namespace sumlet {
 namespace {

@@ -4,12 +4,16 @@
 // clears Loading and calls Calculate. The text then does not count as typed, and the result is shown immediately.
 #pragma once
 
+#include <QRect>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 #include "engine/math_class.h"
+#include "equationwindow/line_values.h"
 #include "equationwindow/value_display.h"
 #include "framework/hook.h"
+#include "framework/text/text.h"
 #include "framework/ui/base_window.h"
 #include "framework/ui/text_area.h"
 #include "framework/ui/timer.h"

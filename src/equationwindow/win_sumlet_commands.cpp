@@ -1,15 +1,21 @@
 // The commands of an equation window: its menu items, and the mouse actions that its text areas do not handle.
+#include <QEvent>
 #include <QFileInfo>
+#include <QIODevice>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QSaveFile>
+#include <QString>
 #include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
 #include <QWheelEvent>
 
 #include "engine/language.h"
 #include "equationwindow/value_text.h"
 #include "equationwindow/win_sumlet.h"
 #include "framework/desktop.h"
+#include "framework/file/folder_item.h"
 #include "framework/text/numbers.h"
 #include "framework/ui/file_dialogs.h"
 #include "framework/ui/menu_bar.h"

@@ -16,6 +16,7 @@
 #include "persistence/key_list.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>

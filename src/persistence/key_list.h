@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "framework/desktop.h"
+#include "framework/hook.h"
 #include "framework/text/array.h"
 #include "framework/text/text.h"
 #include "framework/text/variant.h"

@@ -1,5 +1,6 @@
 #include "persistence/key_list_items.h"
 
+#include <cstddef>
 #include <utility>
 
 #include "framework/text/utf8.h"

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "framework/text/numbers.h"
+#include "framework/text/variant.h"
 #include "persistence/preferences.h"
 #include "plist/plist_dict.h"
 

@@ -10,6 +10,7 @@
 #include "persistence/record.h"
 #include "persistence/recovery.h"
 #include "plist/plist.h"
+#include "plist/plist_dict.h"
 
 namespace sumlet::Preferences {
 

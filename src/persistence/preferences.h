@@ -13,7 +13,6 @@
 #include <vector>
 
 #include "framework/file/folder_item.h"
-#include "framework/text/numbers.h"
 #include "framework/text/text.h"
 
 namespace sumlet {

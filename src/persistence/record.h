@@ -4,7 +4,6 @@
 
 #include <string_view>
 
-#include "framework/text/numbers.h"
 #include "framework/text/text.h"
 #include "persistence/key_list.h"
 

@@ -12,7 +12,9 @@
 #include "persistence/recovery.h"
 
 #include <chrono>
+#include <filesystem>
 #include <future>
+#include <system_error>
 #include <utility>
 
 #include "framework/file/file_content.h"

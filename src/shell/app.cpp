@@ -5,6 +5,8 @@
 #include <QMenu>
 #include <QPointer>
 #include <QScopeGuard>
+#include <QString>
+#include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -12,6 +14,7 @@
 #include "equationwindow/closed_equations.h"
 #include "equationwindow/win_sumlet.h"
 #include "framework/desktop.h"
+#include "framework/text/array.h"
 #include "framework/ui/edit_items.h"
 #include "framework/ui/menu_bar.h"
 #include "framework/ui/window.h"

@@ -6,6 +6,7 @@
 
 #include "framework/file/folder_item.h"
 #include "framework/hook.h"
+#include "framework/text/text.h"
 #include "framework/ui/timer.h"
 #include "shell/review.h"
 #include "templates/win_templates.h"

@@ -1,5 +1,6 @@
 #include "shell/application_icon.h"
 
+#include <QSize>
 #include <QString>
 #include <initializer_list>
 

@@ -5,10 +5,13 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
+#include <QString>
+#include <cstddef>
 #include <utility>
 #include <vector>
 
 #include "equationwindow/win_sumlet.h"
+#include "framework/text/text.h"
 #include "framework/ui/edit_items.h"
 #include "framework/ui/qt_text.h"
 #include "framework/ui/window.h"

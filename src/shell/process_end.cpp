@@ -2,7 +2,9 @@
 
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QMetaObject>
 #include <QSocketNotifier>
+#include <QString>
 #include <QThread>
 #include <chrono>
 #include <cstdio>

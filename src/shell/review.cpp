@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "framework/desktop.h"
+#include "framework/text/text.h"
 #include "persistence/preferences.h"
 
 namespace sumlet {

@@ -9,6 +9,7 @@
 // beside the socket is used.
 #include "shell/single_instance.h"
 
+#include <QByteArray>
 #include <QCryptographicHash>
 #include <algorithm>
 #include <cstdlib>
@@ -18,6 +19,7 @@
 #include <utility>
 
 #include "framework/file/folder_item.h"
+#include "framework/text/text.h"
 #include "persistence/preferences.h"
 #include "shell/start_message.h"
 
@@ -33,7 +35,6 @@
 
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <thread>
 
 #include "framework/file/file_content.h"

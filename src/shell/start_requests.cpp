@@ -1,5 +1,8 @@
 #include "shell/start_requests.h"
 
+#include <QByteArray>
+#include <cstddef>
+
 #if defined(__linux__)
 
 #include <sys/socket.h>

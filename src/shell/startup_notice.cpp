@@ -1,6 +1,8 @@
 // Sends the message "remove: ID=..." of the Startup Notification Protocol 0.1 of freedesktop.org to the root windows.
 #include "shell/startup_notice.h"
 
+#include <string_view>
+
 #if defined(SUMLET_HAS_XCB)
 
 #include <unistd.h>

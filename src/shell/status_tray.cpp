@@ -1,6 +1,8 @@
 #include "shell/status_tray.h"
 
+#include <QAction>
 #include <QCoreApplication>
+#include <QString>
 
 #include "equationwindow/closed_equations.h"
 #include "framework/ui/window.h"

@@ -1,7 +1,9 @@
 #include "shell/text_import.h"
 
+#include <QByteArray>
 #include <QDir>
 #include <QMimeDatabase>
+#include <QString>
 #include <algorithm>
 #include <cstddef>
 #include <filesystem>

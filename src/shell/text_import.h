@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "framework/file/folder_item.h"
+#include "framework/text/array.h"
 #include "framework/text/text.h"
 
 namespace sumlet {

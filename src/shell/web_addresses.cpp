@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QString>
 #include <QUrl>
 
 #include "framework/text/bytes.h"

@@ -1,7 +1,10 @@
 #include "shell/win_about.h"
 
 #include <QCoreApplication>
+#include <QIcon>
 #include <QPainter>
+#include <QRect>
+#include <QSize>
 
 #include "framework/ui/fitting_font.h"
 #include "shell/application_icon.h"

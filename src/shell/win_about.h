@@ -1,7 +1,9 @@
 // winAbout: the program's icon, name, version and copyright line.
 #pragma once
 
+#include <QFont>
 #include <QLabel>
+#include <QString>
 
 #include "framework/ui/window.h"
 

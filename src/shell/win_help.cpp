@@ -1,10 +1,15 @@
 #include "shell/win_help.h"
 
+#include <QColor>
 #include <QKeyEvent>
+#include <QModelIndex>
 #include <QPainter>
 #include <QScrollBar>
+#include <QString>
 
 #include "framework/ui/fitting_font.h"
+#include "framework/ui/placement.h"
+#include "framework/ui/window.h"
 
 namespace sumlet {
 namespace {

@@ -1,6 +1,7 @@
 // winHelp: a reference card of the line language, a list of two columns.
 #pragma once
 
+#include "framework/text/text.h"
 #include "framework/ui/base_window.h"
 #include "framework/ui/listbox.h"
 

@@ -1,13 +1,19 @@
 #include "shell/win_preferences.h"
 
+#include <QFont>
 #include <QSignalBlocker>
+#include <QSize>
+#include <QString>
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/text/numbers.h"
 #include "framework/ui/fitting_font.h"
+#include "framework/ui/placement.h"
 #include "framework/ui/qt_text.h"
+#include "framework/ui/window.h"
 #include "persistence/preferences.h"
 
 namespace sumlet {

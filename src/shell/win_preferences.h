@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLabel>
 
+#include "framework/text/text.h"
 #include "framework/ui/base_window.h"
 
 namespace sumlet {

@@ -7,6 +7,7 @@
 #include "framework/desktop.h"
 #include "framework/text/bytes.h"
 #include "framework/text/numbers.h"
+#include "framework/text/variant.h"
 #include "persistence/key_list.h"
 #include "persistence/preferences.h"
 #include "plist/plist_dict.h"

@@ -1,10 +1,18 @@
 #include "templates/win_save.h"
 
+#include <QColor>
 #include <QPainter>
+#include <QPen>
+#include <QPointer>
+#include <QRectF>
+#include <QSize>
+#include <QString>
 #include <limits>
 
 #include "framework/desktop.h"
+#include "framework/text/text.h"
 #include "framework/ui/fitting_font.h"
+#include "framework/ui/placement.h"
 #include "framework/ui/plain_style.h"
 #include "framework/ui/qt_text.h"
 

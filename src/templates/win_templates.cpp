@@ -3,16 +3,27 @@
 // the cell if each were one pixel wide.
 #include "templates/win_templates.h"
 
+#include <QColor>
+#include <QFont>
+#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPainter>
+#include <QPointF>
+#include <QRect>
 #include <QTextLayout>
+#include <QTextOption>
 #include <algorithm>
+#include <cstddef>
 #include <list>
+#include <string_view>
 #include <utility>
 
+#include "framework/text/variant.h"
 #include "framework/ui/fitting_font.h"
 #include "framework/ui/menu_bar.h"
 #include "framework/ui/qt_text.h"
+#include "framework/ui/window.h"
+#include "persistence/key_list.h"
 #include "persistence/preferences.h"
 
 namespace sumlet {

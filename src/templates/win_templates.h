@@ -7,11 +7,14 @@
 #pragma once
 
 #include <QImage>
+#include <QString>
 #include <vector>
 
 #include "framework/hook.h"
+#include "framework/text/text.h"
 #include "framework/ui/base_window.h"
 #include "framework/ui/listbox.h"
+#include "framework/ui/placement.h"
 #include "framework/ui/push_button.h"
 #include "framework/ui/timer.h"
 #include "persistence/my_window_manager.h"

@@ -11,6 +11,8 @@
 #include <random>
 #include <tuple>
 
+#include "framework/text/mathematics.h"
+
 namespace sumlet {
 namespace {
 

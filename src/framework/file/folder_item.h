@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 #include "framework/text/text.h"

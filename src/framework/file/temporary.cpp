@@ -1,10 +1,12 @@
 #include "framework/file/temporary.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <system_error>
 
+#include "framework/text/text.h"
+
 #if defined(_WIN32)
-#include "framework/text/numbers.h"
 #else
 #include <sys/stat.h>
 #include <unistd.h>

@@ -1,6 +1,7 @@
 #include "framework/text/bytes.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <limits>
 
 namespace sumlet {

@@ -1,6 +1,8 @@
 #include "framework/text/encoding.h"
 
 #include <array>
+#include <cstddef>
+#include <string_view>
 #include <utility>
 
 #include "framework/text/utf8.h"

@@ -6,8 +6,13 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
 
 #include "framework/text/numbers.h"
+#include "framework/text/text.h"
 
 namespace sumlet {
 namespace {

@@ -10,8 +10,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <random>
+#include <system_error>
 
 #include "framework/text/utf8.h"
 

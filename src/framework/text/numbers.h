@@ -7,7 +7,6 @@
 #include <optional>
 #include <string_view>
 
-#include "framework/text/mathematics.h"
 #include "framework/text/text.h"
 
 namespace sumlet {

@@ -1,6 +1,7 @@
 #include "framework/text/text.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <limits>
 
 #include "framework/text/search.h"

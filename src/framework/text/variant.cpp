@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstddef>
+#include <string_view>
 
 #include "framework/fault.h"
 #include "framework/text/utf8.h"

@@ -6,10 +6,13 @@
 #include "framework/ui/application.h"
 
 #include <QAccessibleWidget>
+#include <QChar>
+#include <QEvent>
 #include <QMessageBox>
 #include <QMetaObject>
 #include <QScopeGuard>
 #include <QSessionManager>
+#include <QString>
 #include <new>
 
 #include "framework/desktop.h"

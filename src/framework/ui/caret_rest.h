@@ -4,6 +4,7 @@
 
 #include <QObject>
 
+#include "framework/text/text.h"
 #include "framework/ui/timer.h"
 
 namespace sumlet {

@@ -1,6 +1,8 @@
 #include "framework/ui/desktop.h"
 
 #include <QApplication>
+#include <QByteArray>
+#include <QChar>
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QLabel>

@@ -5,11 +5,14 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QInputMethod>
+#include <QInputMethodEvent>
+#include <QKeySequence>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QString>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>

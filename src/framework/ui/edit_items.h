@@ -1,7 +1,8 @@
 // The Edit commands on the text control that has the focus.
 #pragma once
 
-#include <QWidget>
+class QPoint;
+class QWidget;
 
 namespace sumlet {
 

@@ -1,9 +1,13 @@
 #include "framework/ui/file_dialogs.h"
 
+#include <QChar>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPointer>
+#include <QString>
+#include <QStringList>
+#include <string_view>
 
 #include "framework/ui/qt_text.h"
 #include "framework/ui/window.h"

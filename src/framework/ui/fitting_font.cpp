@@ -2,6 +2,7 @@
 
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QRect>
 #include <algorithm>
 
 namespace sumlet {

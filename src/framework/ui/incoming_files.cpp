@@ -1,7 +1,10 @@
 #include "framework/ui/incoming_files.h"
 
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QDropEvent>
+#include <QEvent>
+#include <QMetaObject>
 #include <QMimeData>
 #include <QUrl>
 #include <QWidget>

@@ -7,10 +7,16 @@
 // for Devanagari and related scripts.
 #include "framework/ui/line_formats.h"
 
+#include <QChar>
+#include <QFont>
+#include <QList>
+#include <QStringView>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextFormat>
 #include <QTextLayout>
 #include <algorithm>
+#include <cstddef>
 
 namespace sumlet {
 namespace {

@@ -4,15 +4,27 @@
 #include "framework/ui/listbox.h"
 
 #include <QAbstractTableModel>
+#include <QChar>
+#include <QEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QImage>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
+#include <QRect>
+#include <QSize>
+#include <QString>
 #include <QTextDocument>
 #include <QToolTip>
+#include <QVariant>
 #include <algorithm>
+#include <cstddef>
+#include <string_view>
 #include <utility>
 
+#include "framework/fault.h"
+#include "framework/text/array.h"
 #include "framework/ui/desktop.h"
 #include "framework/ui/plain_style.h"
 #include "framework/ui/qt_text.h"

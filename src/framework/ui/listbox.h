@@ -8,6 +8,7 @@
 // byte for byte. Drawing reads only the visible part of a text, so that any number of rows and any length is fast.
 #pragma once
 
+#include <QItemSelectionModel>
 #include <QTreeView>
 #include <array>
 #include <functional>

@@ -4,11 +4,16 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QEvent>
 #include <QKeyEvent>
+#include <QKeySequence>
 #include <QMenuBar>
 #include <QShortcut>
+#include <QString>
+#include <QStyle>
 #include <QStyleOptionMenuItem>
 #include <algorithm>
+#include <string_view>
 
 #include "framework/fault.h"
 

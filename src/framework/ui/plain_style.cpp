@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScrollBar>
+#include <QString>
 #include <QStyleFactory>
 #include <cstdlib>
 

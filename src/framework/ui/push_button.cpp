@@ -3,7 +3,14 @@
 // at all. The style gets only the option, because it would read both marks from the widget.
 #include "framework/ui/push_button.h"
 
+#include <QFont>
 #include <QKeyEvent>
+#include <QPaintEvent>
+#include <QPalette>
+#include <QPen>
+#include <QRect>
+#include <QSize>
+#include <QStyle>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 

@@ -5,6 +5,7 @@
 // it the focus.
 #pragma once
 
+#include <QString>
 #include <QPushButton>
 
 #include "framework/text/text.h"

@@ -1,5 +1,6 @@
 #include "framework/ui/qt_text.h"
 
+#include <QByteArrayView>
 #include <QStringDecoder>
 
 namespace sumlet {

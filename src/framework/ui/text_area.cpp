@@ -6,12 +6,26 @@
 #include "framework/ui/text_area.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QChar>
+#include <QColor>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QFont>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QKeySequence>
+#include <QMargins>
 #include <QMimeData>
+#include <QPalette>
+#include <QPoint>
+#include <QResizeEvent>
 #include <QScrollBar>
+#include <QString>
 #include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
 #include <QTextLayout>
+#include <QTextOption>
 #include <algorithm>
 
 #include "framework/ui/plain_style.h"

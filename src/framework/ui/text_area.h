@@ -11,6 +11,9 @@
 
 #include <QPlainTextEdit>
 #include <functional>
+#include <QRectF>
+#include <QStringView>
+#include <QVariant>
 #include <string_view>
 #include <vector>
 

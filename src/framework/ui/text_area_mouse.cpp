@@ -2,8 +2,14 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDrag>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QMouseEvent>
+#include <QString>
+#include <QTextCursor>
 #include <QWheelEvent>
 
 #include "framework/ui/edit_items.h"

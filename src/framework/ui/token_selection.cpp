@@ -1,5 +1,8 @@
 #include "framework/ui/token_selection.h"
 
+#include <QChar>
+#include <QPoint>
+#include <QString>
 #include <QTextBlock>
 #include <algorithm>
 

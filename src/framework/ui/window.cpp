@@ -5,15 +5,25 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
+#include <QEvent>
 #include <QKeyEvent>
+#include <QKeySequence>
+#include <QLayout>
 #include <QMenuBar>
+#include <QMetaObject>
+#include <QMoveEvent>
 #include <QPushButton>
+#include <QResizeEvent>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QString>
 #include <QVBoxLayout>
+#include <QWindowStateChangeEvent>
 #include <algorithm>
 #include <optional>
 #include <utility>
+
+#include "framework/text/array.h"
 
 namespace sumlet {
 namespace {

@@ -5,11 +5,15 @@
 // window destroys it once control returns to the event loop.
 #pragma once
 
+#include <QPoint>
 #include <QPointer>
+#include <QRect>
+#include <QSize>
 #include <QWidget>
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "framework/hook.h"
