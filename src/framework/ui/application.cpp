@@ -80,9 +80,9 @@ void Application::RunEvent(const std::function<void()>& action) {
   try {
     action();
   } catch (const Fault& fault) {
-    Tell(fault.what());
+    Report(fault.what());
   } catch (const std::bad_alloc&) {
-    Tell(outOfMemory);
+    Report(outOfMemory);
   }
 }
 
@@ -90,9 +90,9 @@ bool Application::notify(QObject* receiver, QEvent* event) {
   try {
     return QApplication::notify(receiver, event);
   } catch (const Fault& fault) {
-    Tell(fault.what());
+    Report(fault.what());
   } catch (const std::bad_alloc&) {
-    Tell(outOfMemory);
+    Report(outOfMemory);
   }
   return true;
 }
@@ -104,14 +104,14 @@ bool Application::event(QEvent* event) {
   return true;
 }
 
-void Application::Tell(const char* cause) {
-  if (telling_) return;
-  telling_ = true;
-  const auto tell = [this, text = "This could not be done because of " + String(cause) + "."] {
-    const auto told = qScopeGuard([this] { telling_ = false; });
+void Application::Report(const char* cause) {
+  if (isReporting_) return;
+  isReporting_ = true;
+  const auto showAlert = [this, text = "This could not be done because of " + String(cause) + "."] {
+    const auto end = qScopeGuard([this] { isReporting_ = false; });
     MsgBox(text);
   };
-  QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, showAlert, Qt::QueuedConnection);
 }
 
 }  // namespace sumlet

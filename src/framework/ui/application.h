@@ -28,9 +28,9 @@ class Application final : public QApplication {
   bool event(QEvent* event) override;
 
  private:
-  void Tell(const char* cause);
+  void Report(const char* cause);
 
-  bool telling_ = false;
+  bool isReporting_ = false;
 };
 
 }  // namespace sumlet

@@ -1,4 +1,4 @@
-// BaseWindow: the base of the program's main windows. It keeps track of being minimised.
+// BaseWindow: the base class of the program's main windows. Records whether the window is minimised.
 #pragma once
 
 #include "framework/ui/window.h"
@@ -7,7 +7,7 @@ namespace sumlet {
 
 class BaseWindow : public Window {
  public:
-  bool Loading = false;  // for windows that fill their own controls: true while they do
+  bool Loading = false;  // true while the program, not the user, fills the controls
   bool Minimized = false;
 
  protected:

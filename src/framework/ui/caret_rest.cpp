@@ -6,10 +6,10 @@
 namespace sumlet {
 namespace {
 
-constexpr int standingStill = 0;  // milliseconds of a blink
-constexpr int desktopsOwn = -1;
+constexpr int noBlinking = 0;  // as a blink period in ms
+constexpr int desktopDefault = -1;
 
-bool IsWork(QEvent::Type type) {
+bool IsUserInput(QEvent::Type type) {
   switch (type) {
     case QEvent::KeyPress:
     case QEvent::InputMethod:
@@ -26,16 +26,16 @@ bool IsWork(QEvent::Type type) {
 
 CaretRest::CaretRest() {
   rest_.SetPeriod(BlinkingTime);
-  rest_.Action = [](Timer&) { QApplication::setCursorFlashTime(standingStill); };
+  rest_.Action = [](Timer&) { QApplication::setCursorFlashTime(noBlinking); };
   qApp->installEventFilter(this);
 }
 
-CaretRest::~CaretRest() { QApplication::setCursorFlashTime(desktopsOwn); }
+CaretRest::~CaretRest() { QApplication::setCursorFlashTime(desktopDefault); }
 
-// Every caret of the toolkit follows a change of the time at once.
+// All visible carets apply a new blink period immediately.
 bool CaretRest::eventFilter(QObject* /*receiver*/, QEvent* event) {
-  if (!IsWork(event->type())) return false;
-  QApplication::setCursorFlashTime(desktopsOwn);
+  if (!IsUserInput(event->type())) return false;
+  QApplication::setCursorFlashTime(desktopDefault);
   rest_.SetMode(TimerMode::Single);
   return false;
 }

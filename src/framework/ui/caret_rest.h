@@ -11,7 +11,7 @@ namespace sumlet {
 
 class CaretRest final : public QObject {
  public:
-  // In milliseconds from the last key, click or change of the focus.
+  // Time in ms from the last key, click or change of the focus until the carets stop blinking.
   static constexpr Int32 BlinkingTime = 10000;
 
   // Affects all carets of the application, which must exist, while this object lives. The desktop decides whether and

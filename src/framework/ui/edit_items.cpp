@@ -116,7 +116,7 @@ void Edit(QWidget* control, EditCommand command) {
   if (auto* field = qobject_cast<QLineEdit*>(control)) EditField(*field, command);
 }
 
-void ShowEditMenu(QWidget& control, const QPoint& place) {
+void ShowEditMenu(QWidget& control, const QPoint& position) {
   constexpr struct {
     EditCommand command;
     const char* caption;
@@ -137,26 +137,26 @@ void ShowEditMenu(QWidget& control, const QPoint& place) {
   for (const auto& item : items) {
     if (item.changesText && StateOf(&control).isReadOnly) continue;
     if (item.beginsGroup && !menu->isEmpty()) menu->addSeparator();
-    // Keys behind a tab are only shown. Real ones would clash with those of the Edit menu.
+    // The text after a tab is only displayed. A real shortcut would be ambiguous with the one in the Edit menu.
     const QString keys = QKeySequence(QString::fromUtf8(item.keys)).toString(QKeySequence::NativeText);
     QAction* action = menu->addAction(QString::fromUtf8(item.caption) + u'\t' + keys);
     action->setEnabled(CanEdit(&control, item.command));
     QObject::connect(action, &QAction::triggered, &control,
                      [&control, command = item.command] { Edit(&control, command); });
   }
-  menu->popup(place);
+  menu->popup(position);
 }
 
-// Does not call the toolkit while nothing is composed: its Wayland plug-in crashes without an input device. An input
-// method that has lost its connection does not commit its text, so this function commits the rest.
+// Does not call the toolkit while nothing is composed, because its Wayland plug-in crashes without an input device. An
+// input method that has lost its connection commits nothing, so this function commits the remaining text itself.
 void CommitComposition() {
   const QPointer<QPlainTextEdit> area = qobject_cast<QPlainTextEdit*>(QGuiApplication::focusObject());
   if (ComposedText(area).isEmpty()) return;
   QGuiApplication::inputMethod()->commit();
-  const QString left = ComposedText(area);
-  if (left.isEmpty()) return;
+  const QString remaining = ComposedText(area);
+  if (remaining.isEmpty()) return;
   QInputMethodEvent event;
-  event.setCommitString(left);
+  event.setCommitString(remaining);
   QCoreApplication::sendEvent(area, &event);
 }
 

@@ -15,7 +15,7 @@
 namespace sumlet {
 namespace {
 
-// Both dialogs begin in the folder of the last choice, the user's home at first.
+// Both dialogs open in the folder of the last choice, or in the home folder before the first.
 QString& LastFolder() {
   static QString folder = QDir::homePath();
   return folder;
@@ -26,7 +26,7 @@ FolderItem ItemOf(const QString& path) {
   return FolderItem(QFileInfo(path).filesystemFilePath());
 }
 
-// A name may come from a template and hold what no file name can.
+// Replaces characters that file names cannot contain. The name may be that of a template.
 QString AsFileName(std::string_view name) {
   QString fileName = ToQString(name);
   for (QChar& c : fileName) {

@@ -12,21 +12,21 @@ namespace sumlet {
 
 class Window;
 
-// Any number of existing files; none when the user cancels.
+// Asks for existing files. ShowModal returns none if the user cancels.
 struct OpenDialog {
   String PromptText;
-  String Filter;  // the name of a kind of files and its patterns: "Text (*.txt *.asc)"
+  String Filter;  // the name of a file type and its patterns: "Text (*.txt *.asc)"
   [[nodiscard]] std::vector<FolderItem> ShowModal() const;
 };
 
-// The place of a file to be written, which may exist: the dialog has then asked whether to replace it. Nothing when the
-// user cancels.
+// Asks where to write a file. If the file exists, the dialog asks whether to replace it. ShowModalWithin returns
+// nothing if the user cancels.
 struct SaveAsDialog {
   String SuggestedFileName;
   [[nodiscard]] std::optional<FolderItem> ShowModalWithin(Window& parent) const;
 };
 
-// Handlers replace the desktop's dialogs.
+// Show the dialogs. A handler replaces the desktop's dialog.
 extern Hook<std::vector<FolderItem>(const OpenDialog& dialog)> ShowOpenDialog;
 extern Hook<std::optional<FolderItem>(const SaveAsDialog& dialog, Window& parent)> ShowSaveAsDialog;
 

@@ -1,5 +1,5 @@
-// Fits text into controls whose size is fixed in pixels, while the user chooses the desktop's font: draws a text that
-// is too large smaller, and never cuts it.
+// Chooses a font size at which a text fits into a control. Some controls have a fixed size in pixels, but the user
+// chooses the desktop's font. So a text that is too large is drawn smaller instead of being cut.
 #pragma once
 
 #include <QFont>
@@ -8,11 +8,11 @@
 
 namespace sumlet {
 
-// What of a line must fit vertically: the whole line, or, where it is drawn centred, only the ink of its letters.
+// What must fit vertically: the whole line, or only the ink of its letters. Ink is for text that is drawn centred.
 enum class FittedHeight { Line, Ink };
 
-// `font`, made smaller until one line of `text` fits into `space`, in pixels. It is not made smaller than 6 points,
-// below which nothing can be read.
+// Returns `font`, made smaller until one line of `text` fits into `space`, in pixels. Stops at 6 points, because
+// smaller text is illegible.
 [[nodiscard]] QFont FittingFont(QFont font, const QString& text, const QSize& space,
                                 FittedHeight height = FittedHeight::Line);
 

@@ -12,7 +12,7 @@
 namespace sumlet {
 namespace {
 
-// A file name may contain any bytes; the toolkit's conversion loses those that are not UTF-8.
+// Decodes the path itself. A file name may contain any bytes, and QUrl::toLocalFile loses those that are not UTF-8.
 FolderItem ItemOf(const QUrl& file) {
 #if defined(Q_OS_WIN)
   return FolderItem(file.toLocalFile().toStdWString());
@@ -29,7 +29,7 @@ class DropFilter final : public QObject {
     if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop) return false;
     auto& drop = static_cast<QDropEvent&>(*event);
     drop.setAccepted(!FilesIn(*drop.mimeData()).empty());
-    drop.setDropAction(Qt::CopyAction);  // after a move the other program would delete the files
+    drop.setDropAction(Qt::CopyAction);  // after a move, the other program would delete the files
     if (type == QEvent::Drop) OpenIncoming(*drop.mimeData());
     return true;
   }

@@ -11,17 +11,17 @@ class QWidget;
 
 namespace sumlet {
 
-// The files on this machine whose addresses `data` holds. Addresses on the web are none.
+// Returns the local files whose URLs `data` contains. Ignores other URLs.
 [[nodiscard]] std::vector<FolderItem> FilesIn(const QMimeData& data);
 
 // Opens incoming files. May show dialogs.
 extern Hook<void(const std::vector<FolderItem>& files)> OpenFiles;
 
-// Calls OpenFiles with the files in `data`, from the event loop, because the program that they come from waits for the
-// end of the drop.
+// Calls OpenFiles with the files in `data`, later from the event loop, because the program that the user drags from is
+// blocked until the drop ends.
 void OpenIncoming(const QMimeData& data);
 
-// Lets files be dropped on `window`, also on its controls as far as they do not take the drag themselves.
+// Accepts files that the user drops on `window`, or on those of its controls that ignore the drag.
 void AcceptFiles(QWidget& window);
 
 }  // namespace sumlet

@@ -13,11 +13,11 @@ namespace sumlet {
 
 class LineFormats : public QObject {
  public:
-  // Belongs to the document.
+  // The document owns the new object.
   explicit LineFormats(QTextDocument* document);
 
-  // Colours line i in colors[i]. An invalid colour, or none, is the ordinary colour of the text. A line in which an
-  // input method composes takes its colour at the next EndComposition.
+  // Colours line i in colors[i], or in the ordinary colour of the text if that is invalid or missing. A line in which
+  // an input method composes takes its colour at the next EndComposition.
   void Apply(const std::vector<QColor>& colors);
 
   // Call these before and after the handling of an input method's event, which replaces the formats of its line and

@@ -34,7 +34,7 @@ namespace {
 
 constexpr int textMargin = 4;  // pixels, left and right of a text
 
-// Line ends, tabs and control characters become blanks; blanks stay as many as they are.
+// Replaces each line end, tab and control character by a blank. Does not collapse blanks.
 QString OnOneLine(QString text) {
   for (QChar& c : text)
     if (c.isSpace() || c.category() == QChar::Other_Control) c = u' ';
@@ -56,7 +56,7 @@ class Listbox::Rows final : public QAbstractTableModel {
   [[nodiscard]] int columnCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : columns_; }
 
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-    // Screen readers and the search by typing read this; the list paints its cells itself.
+    // For screen readers and the search by typing. The list paints its cells itself.
     if (role == Qt::DisplayRole) return SpokenText(Cell(index.row(), index.column()));
     if (role == Qt::SizeHintRole && rowHeight >= 0) return QSize(1, rowHeight);
     return {};
@@ -143,7 +143,7 @@ void Listbox::AddRow(String first, String second) { rows_->Add({std::move(first)
 
 void Listbox::DeleteAllRows() {
   rows_->Clear();
-  TakeListIndex(-1);  // resetting a model clears the selection without a signal
+  TakeListIndex(-1);  // a model reset clears the selection without a signal
 }
 
 const String& Listbox::Cell(Int32 row, Int32 column) const { return rows_->Cell(row, column); }
@@ -175,7 +175,7 @@ void Listbox::drawRow(QPainter* painter, const QStyleOptionViewItem& option, con
   }
 }
 
-// One line, cut with dots where it is too long.
+// Draws one line, and ends it in "…" if it is too long.
 void Listbox::DrawText(CellGraphics& g, Int32 row, Int32 column) const {
   const String& text = Cell(row, column);
   if (text.empty()) return;
@@ -187,8 +187,8 @@ void Listbox::DrawText(CellGraphics& g, Int32 row, Int32 column) const {
   g.painter.drawText(space, side | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }
 
-// Whether the list itself draws the text of the cell and has to cut it. Only the handler's result says who draws, so
-// the handler draws into a picture that is discarded.
+// Whether the list itself draws the text of the cell and has to cut it. Only the handler's result tells who draws, so
+// this runs the handler on an image that is discarded.
 bool Listbox::IsCut(const QModelIndex& cell) const {
   const int width = columnWidth(cell.column());
   QImage unseen(1, 1, QImage::Format_RGB32);
@@ -205,7 +205,7 @@ bool Listbox::viewportEvent(QEvent* event) {
   return true;
 }
 
-// As rich text the tool tip wraps long texts.
+// Uses rich text, because a tool tip wraps only that.
 void Listbox::ShowToolTip(const QHelpEvent& event) {
   const QModelIndex cell = indexAt(event.pos());
   if (cell.isValid() && IsCut(cell))
@@ -230,7 +230,7 @@ void Listbox::TakeListIndex(Int32 row) {
   if (std::exchange(listIndex_, row) != row && Change) Change(*this);
 }
 
-// In Qt a click with Ctrl would deselect the row.
+// In Qt, a click with Ctrl would deselect the row.
 QItemSelectionModel::SelectionFlags Listbox::selectionCommand(const QModelIndex& index, const QEvent* event) const {
   const QItemSelectionModel::SelectionFlags command = QTreeView::selectionCommand(index, event);
   const bool takesAway = !index.isValid() || command.testFlag(QItemSelectionModel::Deselect);

@@ -1,11 +1,11 @@
 // Listbox: a list of rows with one or two columns and at most one selected row.
 //
-// Black on white regardless of the desktop's colours, in the desktop's font, with a border of one pixel inside its
-// bounds, without headings, grid lines or a focus mark. A vertical scroll bar shows when needed. The last column takes
-// the remaining width. A tool tip shows the whole text of a cell that the list draws and has to cut.
+// The list is black on white regardless of the desktop's colours, and uses the desktop's font. It has a border of one
+// pixel inside its bounds, and no headings, grid lines or focus mark. The vertical scroll bar appears when needed. The
+// last column takes the remaining width. If the list has to cut the text of a cell, a tool tip shows the whole text.
 //
 // Rows and columns are 0-based. An index out of range throws a Fault and changes nothing. Texts are UTF-8 and are kept
-// byte for byte. Drawing reads only the visible part of a text, so that any number of rows and any length is fast.
+// byte for byte. The list draws only the visible part of a text, so it stays fast with many rows and long texts.
 #pragma once
 
 #include <QItemSelectionModel>
@@ -17,8 +17,8 @@
 
 namespace sumlet {
 
-// What a cell is drawn with. The origin is the cell's top left corner; outside the cell nothing can be drawn. Sizes in
-// pixels.
+// The painter and the size in pixels of a cell being drawn. The origin is the cell's top left corner, and the painter
+// clips to the cell.
 struct CellGraphics {
   QPainter& painter;
   Int32 Width;
@@ -35,18 +35,18 @@ class Listbox : public QTreeView {
 
   [[nodiscard]] Int32 ColumnCount() const;
 
-  // The user can select another row but cannot deselect. The program can.
+  // If true, the user can select another row but cannot clear the selection. The program can clear it.
   bool RequiresSelection = false;
 
-  // In pixels; of the first of two columns.
+  // Sets the width of the first of two columns, in pixels.
   void SetFirstColumnWidth(Int32 width);
-  // At start every column is aligned left. A text that does not fit is cut at its end either way.
+  // Columns are initially aligned left. A text that does not fit is cut at its end with either alignment.
   void SetColumnAlignment(Int32 column, ColumnAlignment alignment);
-  // In pixels; -1, as at start, is the height of a line of text. Holds for all rows.
+  // Sets the height of all rows, in pixels. The initial value -1 stands for the height of a line of text.
   void SetDefaultRowHeight(Int32 height);
 
   [[nodiscard]] Int32 ListCount() const;
-  // The selected row, -1 for none. The row selected by the program is scrolled into sight.
+  // The selected row, or -1. SetListIndex also scrolls to the row.
   [[nodiscard]] Int32 ListIndex() const { return listIndex_; }
   void SetListIndex(Int32 row);
 
@@ -57,11 +57,11 @@ class Listbox : public QTreeView {
 
   // Runs after the user or the program has changed ListIndex.
   std::function<void(Listbox& sender)> Change;
-  // Runs after a double click on a row with the left button; the row is selected.
+  // Runs after a double click with the left button on a row, which is then selected.
   std::function<void(Listbox& sender)> DoubleClick;
-  // Draw the background and the text of one cell. False leaves the drawing to the list, the text in the colour that the
-  // painter's pen has then. Where there is no handler the list draws, a selected row white on blue. The cell is white
-  // before either runs.
+  // Draw the background and the text of one cell, and return true. If a handler is missing or returns false, the list
+  // draws that part itself: a selected row white on blue, and the text in the current colour of the painter's pen. The
+  // cell is filled with white beforehand.
   std::function<bool(CellGraphics& g, Int32 row, Int32 column)> CellBackgroundPaint;
   std::function<bool(CellGraphics& g, Int32 row, Int32 column)> CellTextPaint;
 

@@ -35,8 +35,8 @@ void ForgetTitle(QMenu& menu) {
     QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(title));
 }
 
-// The bar of one window. Styles mark a title only while its menu is open. This one also marks it while the bar has the
-// keyboard, as after Alt, so that the user sees where the keys go.
+// The menu bar of one window. Styles mark a title only while its menu is open. This class also marks it while the bar
+// has the focus, for example after Alt, so that the user sees where keys go.
 class WindowMenuBar final : public QMenuBar {
  public:
   WindowMenuBar() {
@@ -53,8 +53,8 @@ class WindowMenuBar final : public QMenuBar {
   }
 };
 
-// Text controls would insert the letter of Alt and a letter that is no mnemonic. AltGr is a separate modifier, or Ctrl
-// and Alt. On macOS Alt types characters.
+// Whether the key is Alt and a character. If it is no mnemonic, a text control would insert the character. AltGr, which
+// types characters, is a separate modifier, or Ctrl and Alt. On macOS Alt types characters.
 bool IsAltCharacter([[maybe_unused]] const QKeyEvent& key) {
 #if defined(Q_OS_MACOS)
   return false;
@@ -65,7 +65,8 @@ bool IsAltCharacter([[maybe_unused]] const QKeyEvent& key) {
 #endif
 }
 
-// No item has a plain character as its shortcut, and typing must not wait for an enabling pass.
+// Whether the key types a character. No item has a plain character as its shortcut, and an enabling pass for each
+// character would slow down typing.
 bool IsTyping(const QKeyEvent& key) {
   const Qt::KeyboardModifiers plain = Qt::ShiftModifier | Qt::KeypadModifier | Qt::GroupSwitchModifier;
   return !key.text().isEmpty() && key.text().front().isPrint() && !(key.modifiers() & ~plain);
@@ -109,7 +110,7 @@ void MenuBar::AddShortcut(const std::string& name, const char* shortcut) {
   action->setShortcut(QKeySequence(QString::fromUtf8(shortcut)));
   action->setShortcutContext(Qt::ApplicationShortcut);
   QObject::connect(action, &QAction::triggered, this, [this, name] { Choose(name); });
-  unseenShortcuts_.push_back(action);
+  hiddenShortcuts_.push_back(action);
 }
 
 QMenu& MenuBar::Menu(const std::string& name) const { return Named(menusByName_, name); }
@@ -117,7 +118,7 @@ QMenu& MenuBar::Menu(const std::string& name) const { return Named(menusByName_,
 QAction& MenuBar::Item(const std::string& name) const { return Named(itemsByName_, name); }
 
 void MenuBar::AttachTo(Window& window) {
-  for (QAction* action : unseenShortcuts_) window.addAction(action);
+  for (QAction* action : hiddenShortcuts_) window.addAction(action);
   if (window.MenuBarVisible()) {
     auto* bar = new WindowMenuBar;
     for (const auto& menu : menus_) {
@@ -142,8 +143,8 @@ bool MenuBar::Choose(const std::string& name) {
   return handler != handlers_.end() && handler->second();
 }
 
-// Escape closes a menu and gives the keyboard back to the text. The toolkit would leave it with the bar, where a second
-// Escape ends that.
+// Escape closes a menu and returns the focus to the text. The toolkit would leave the focus on the bar until a second
+// Escape, so this sends that one.
 bool MenuBar::Consumes(QObject* receiver, QKeyEvent& key) const {
   const auto isReceiver = [receiver](const auto& menu) { return menu.get() == receiver; };
   if (key.matches(QKeySequence::Cancel) && std::any_of(menus_.begin(), menus_.end(), isReceiver)) {

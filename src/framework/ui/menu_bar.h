@@ -1,7 +1,7 @@
 // MenuBar: the menus and commands of the program, shared by all windows.
 //
-// An item has a name. Choosing it runs the handler bound to that name: the front window's, or else the application's.
-// Without a handler it does nothing.
+// Each item has a name. Choosing the item runs the handler of that name: the front window's if it has one, otherwise
+// the application's. An item without a handler does nothing.
 //
 // An enabling pass runs before a menu opens and before each shortcut. It disables the items without autoEnable, then
 // the front window and the application enable those that they can handle. The Edit items depend on the control that has
@@ -24,8 +24,8 @@ namespace sumlet {
 struct MenuItemDeclaration {
   const char* name;
   const char* text;           // "-" is a separator; "&" marks the mnemonic
-  const char* shortcut = "";  // as in "Ctrl+Shift+N", further ones behind "; "; Ctrl is Cmd on macOS
-  bool autoEnable = true;     // False: stays disabled unless the enabling pass enables it
+  const char* shortcut = "";  // "Ctrl+Shift+N"; "; " separates several; Ctrl is Cmd on macOS
+  bool autoEnable = true;     // if false, disabled unless the enabling pass enables it
 };
 
 class MenuBar final : public QObject {
@@ -34,32 +34,33 @@ class MenuBar final : public QObject {
   ~MenuBar() override;
 
   QMenu& AddMenu(const char* name, const char* text);
-  // Appends an item to a menu. Choosing it asks the handlers of its name.
+  // Appends an item to a menu. Choosing it calls Choose with its name.
   QAction& AddItem(QMenu& menu, const MenuItemDeclaration& declaration);
-  // A further shortcut of an item, which its menu does not show. Works in windows that are attached afterwards.
+  // Adds a shortcut to an item without showing it in the menu. Works only in windows that are attached afterwards.
   void AddShortcut(const std::string& name, const char* shortcut);
 
-  // A menu or an item by its name; a Fault when there is none.
+  // Return a menu or an item by its name. Throw a Fault if there is none.
   [[nodiscard]] QMenu& Menu(const std::string& name) const;
   [[nodiscard]] QAction& Item(const std::string& name) const;
   [[nodiscard]] bool HasItem(const std::string& name) const { return itemsByName_.contains(name); }
   void Enable(const std::string& name) { Item(name).setEnabled(true); }
 
-  // The application's handlers and its part of the enabling pass.
+  // The application's handlers, and its part of the enabling pass. A handler returns whether it handled the command.
   void BindHandler(const std::string& name, std::function<bool()> handler) { handlers_[name] = std::move(handler); }
   std::function<void()> EnableMenuItems;
 
-  // Gives a window the commands: drawn as a bar on top of its content, or as shortcuts only.
+  // Adds the commands to a window: as a bar above the content, or as shortcuts only if the bar is not visible there.
   void AttachTo(Window& window);
 
-  // The enabling pass.
+  // Runs the enabling pass.
   void Update();
 
-  // Asks the handlers of `name`. True when one of them has handled it.
+  // Runs the front window's handler of `name`, and the application's if that does not handle the command. Returns
+  // whether one of them handled it.
   bool Choose(const std::string& name);
 
-  // Runs the enabling pass before each shortcut is looked up, and keeps a few keys from the controls; installed on the
-  // application.
+  // Installed on the application. Runs the enabling pass before Qt looks up a shortcut, and consumes some keys before
+  // they reach the controls.
   bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
@@ -69,7 +70,7 @@ class MenuBar final : public QObject {
   std::map<std::string, QMenu*> menusByName_;
   std::map<std::string, QAction*> itemsByName_;
   std::vector<QAction*> enabledOnDemand_;
-  std::vector<QAction*> unseenShortcuts_;
+  std::vector<QAction*> hiddenShortcuts_;
   std::map<std::string, std::function<bool()>> handlers_;
 };
 

@@ -1,4 +1,4 @@
-// Where a new window lands, and where its controls go when it changes its size.
+// Positions of new windows, and of controls in a window that changes its size.
 #pragma once
 
 #include <QFlags>

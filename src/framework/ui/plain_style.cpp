@@ -14,7 +14,7 @@ QStyle& PlainStyle() {
 }
 
 QColor AccentColor(const QPalette& palette) {
-  constexpr int smallestContrast = 64;  // of lightnesses from 0 to 255
+  constexpr int smallestContrast = 64;  // difference of lightness, which is 0 to 255
   const QColor accent = palette.color(QPalette::Highlight);
   const QColor text = palette.color(QPalette::ButtonText);
   if (std::abs(accent.lightness() - palette.color(QPalette::Button).lightness()) >= smallestContrast) return accent;
@@ -33,12 +33,12 @@ QPalette PaperPalette() {
 // the area and its bar use the plain style, otherwise the desktop's.
 void UseLightScrollBar(QAbstractScrollArea& area) {
   constexpr QColor lightGrey(0xEF, 0xEF, 0xEF);
-  constexpr int medium = 128;  // of a lightness from 0 to 255
+  constexpr int medium = 128;  // lightness, which is 0 to 255
   QScrollBar& bar = *area.verticalScrollBar();
   bar.setPalette(QPalette(lightGrey));
   const bool isDark = QGuiApplication::palette().color(QPalette::Window).lightness() < medium;
-  const bool isLaidOver = area.style()->styleHint(QStyle::SH_ScrollBar_Transient, nullptr, &bar) != 0;
-  if (!isDark && !isLaidOver) return;
+  const bool isOverText = area.style()->styleHint(QStyle::SH_ScrollBar_Transient, nullptr, &bar) != 0;
+  if (!isDark && !isOverText) return;
   area.setStyle(&PlainStyle());
   bar.setStyle(&PlainStyle());
 }

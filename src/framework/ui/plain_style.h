@@ -1,4 +1,4 @@
-// What makes controls look alike on every desktop: the toolkit's own style, and an accent that can be seen.
+// Makes controls look the same on every desktop: the toolkit's own style, and colours with enough contrast.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -8,20 +8,22 @@
 
 namespace sumlet {
 
-// Takes all colours from the palette. Shared by all controls and never destroyed.
+// Returns the toolkit's own style, which takes all colours from the palette. Shared by all controls, never destroyed.
 [[nodiscard]] QStyle& PlainStyle();
 
-// The desktop's highlight colour, mixed with that of texts where it would not stand out from a control's background.
+// Returns the highlight colour of `palette`. If its contrast to a button is low, mixes it with the button's text
+// colour.
 [[nodiscard]] QColor AccentColor(const QPalette& palette);
 
+// The background of selected text and rows.
 inline constexpr QColor SelectionColor(0x2A, 0x6F, 0xC9);
 
-// Black on white with a grey border, whatever the desktop's colours. The palette leaves the other colours, such as
-// those of a scroll bar, to the desktop.
+// Returns black on white with a grey border, regardless of the desktop's colours. The other colours, such as those of a
+// scroll bar, remain the desktop's.
 [[nodiscard]] QPalette PaperPalette();
 
-// For an area that is white whatever the desktop's colours: draws its vertical scroll bar in light colours, also on a
-// dark desktop, and beside the text, never on it.
+// For areas that are white on every desktop: makes the vertical scroll bar light, even on a dark desktop, and places it
+// beside the text, never on top of it.
 void UseLightScrollBar(QAbstractScrollArea& area);
 
 }  // namespace sumlet

@@ -20,19 +20,19 @@
 namespace sumlet {
 namespace {
 
-constexpr qreal rounding = 3;  // of the outline's and the ring's corners, in pixels
+constexpr qreal cornerRadius = 3;  // of the outline and the ring, in pixels
 
 // A rounded rectangle with its outer edge `inset` pixels inside `bounds`.
 void DrawOutline(QPainter& painter, const QRect& bounds, const QPen& pen, qreal inset) {
   const qreal middle = inset + pen.widthF() / 2;
   painter.setPen(pen);
-  painter.drawRoundedRect(QRectF(bounds).adjusted(middle, middle, -middle, -middle), rounding, rounding);
+  painter.drawRoundedRect(QRectF(bounds).adjusted(middle, middle, -middle, -middle), cornerRadius, cornerRadius);
 }
 
 }  // namespace
 
-// Qt's autoDefault would press the button on Return, but would also take the default mark from the button that loses
-// the focus. So it is off, and Return is handled here.
+// Disables Qt's autoDefault and handles Return here. With autoDefault the focused button would also become the default
+// button, and the outline would move to it.
 PushButton::PushButton(const QString& caption, QWidget* parent) : QPushButton(caption, parent) {
   setFocusPolicy(Qt::TabFocus);
   setAutoDefault(false);

@@ -1,12 +1,11 @@
-// PushButton: a button whose caption is drawn smaller where it does not fit. It takes the focus by Tab, not by a click:
-// a click leaves the selection, or the caret, of the control being worked on where it is.
+// PushButton: a button that shrinks its caption to fit. Tab moves the focus to it but a click does not, so that the
+// control with the focus keeps its selection and caret.
 //
-// Looks the same in every style as far as a user must recognise it: an outline marks the default button, a ring inside
-// it the focus.
+// In every style, an outline marks the default button, and a ring inside it marks the focus.
 #pragma once
 
-#include <QString>
 #include <QPushButton>
+#include <QString>
 
 #include "framework/text/text.h"
 
@@ -16,7 +15,7 @@ class PushButton : public QPushButton {
  public:
   PushButton(const QString& caption, QWidget* parent);
 
-  // The size of the caption in pixels, where it fits. At start it is that of the desktop's font.
+  // Sets the largest size of the caption, in pixels. Initially that of the desktop's font.
   void SetTextSize(Int32 pixels);
 
  protected:

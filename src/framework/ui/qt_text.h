@@ -1,4 +1,4 @@
-// Text between the logic (UTF-8) and Qt (UTF-16).
+// Converts text between the logic (UTF-8) and Qt (UTF-16).
 #pragma once
 
 #include <QString>

@@ -1,8 +1,8 @@
 // Uses QPlainTextEdit, because QTextEdit gets slower with each line of the text.
 //
-// It wraps at words, and breaks a word that is longer than a line. Qt's cost of that is the square of the word's length
-// (a minute for a million digits), while breaking anywhere is linear. So the text is broken anywhere while a very long
-// line is in it.
+// The text wraps at word boundaries, and inside a word that is longer than a line. Qt does that in time quadratic in
+// the length of the word: a minute for a million digits. WrapAnywhere takes linear time, so the area uses that mode
+// while the text contains a very long line.
 #include "framework/ui/text_area.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -76,7 +76,7 @@ bool IsTyped(const QKeyEvent& key) {
   return modifiers == Qt::NoModifier || modifiers == (Qt::ControlModifier | Qt::AltModifier);
 }
 
-// Qt's own plain text turns a no-break space into a space; its raw text keeps it and divides lines by U+2029.
+// For Qt's raw text, which separates lines by U+2029. Qt's plain text would turn no-break spaces into spaces.
 QString WithLineFeeds(QString raw) { return raw.replace(QChar::ParagraphSeparator, QLatin1Char('\n')); }
 
 }  // namespace
@@ -86,7 +86,7 @@ TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent), lineFormats_(new L
   setLineWidth(1);
   SetColors(false);
   UseLightScrollBar(*this);
-  setBackgroundRole(QPalette::Base);        // of the margins; the text's own background is that anyway
+  setBackgroundRole(QPalette::Base);        // of the margins; the text has it anyway
   setForegroundRole(QPalette::WindowText);  // of the border
   setAutoFillBackground(true);
   document()->setDocumentMargin(0);
@@ -190,8 +190,8 @@ std::vector<TextArea::FreeRoom> TextArea::RoomsBesideLines(int top, int bottom) 
   return rooms;
 }
 
-// The width of a display line leaves out blanks at its end, but the caret can stand behind them. Text that runs from
-// right to left can begin at either edge.
+// naturalTextRect excludes blanks at the end of a line, but the caret can be after them, so this includes them.
+// Right-to-left text can begin at either edge.
 TextArea::FreeRoom TextArea::RoomBeside(const QTextBlock& block, qreal top) const {
   const QTextLine line = block.layout()->lineAt(block.layout()->lineCount() - 1);
   const qreal end = line.cursorToX(line.textStart() + line.textLength());
@@ -242,8 +242,8 @@ void TextArea::focusInEvent(QFocusEvent* event) {
   QPlainTextEdit::focusInEvent(event);
 }
 
-// The selection hides when another control takes the focus. It stays, in grey, while a menu is open or another window
-// is in front: the focus comes back, and a command of the menu is about this selection.
+// Hides the selection when another control takes the focus. Shows it in grey while a menu is open or another window is
+// active, because the focus will come back, and a menu command applies to this selection.
 void TextArea::focusOutEvent(QFocusEvent* event) {
   const Qt::FocusReason reason = event->reason();
   SetColors(reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
@@ -251,22 +251,22 @@ void TextArea::focusOutEvent(QFocusEvent* event) {
   QPlainTextEdit::focusOutEvent(event);
 }
 
-// What is copied or dragged is the text as typed, no-break spaces included.
+// Copies and drags the text as typed, including no-break spaces.
 QMimeData* TextArea::createMimeDataFromSelection() const {
   auto* copied = new QMimeData;
   copied->setText(WithLineFeeds(textCursor().selectedText()));
   return copied;
 }
 
-// Leaves the caret where it is. A selection is out of sight while another control has the focus, and typing must not
-// replace it then.
+// Keeps the position of the caret. While another control has the focus, the selection is not visible, and typing must
+// not replace it.
 void TextArea::ClearSelection() {
   QTextCursor caret = textCursor();
   caret.clearSelection();
   setTextCursor(caret);
 }
 
-// The focus follows at the end of the composition: a change of the focus would end it.
+// Moves the focus only after the composition, because a change of the focus would end it.
 void TextArea::inputMethodEvent(QInputMethodEvent* event) {
   if (typingReceiver_ != nullptr) {
     typingReceiver_->ClearSelection();
@@ -291,7 +291,7 @@ QVariant TextArea::inputMethodQuery(Qt::InputMethodQuery query) const {
                                      viewport()->mapTo(window(), QPoint()));
 }
 
-// Shift and Return would put in U+2028, which looks like the end of a line and is none for the calculation.
+// Qt would insert U+2028 for Shift and Return. It looks like a line end, but the calculation does not treat it as one.
 void TextArea::keyPressEvent(QKeyEvent* event) {
   if (typingReceiver_ != nullptr && IsTyped(*event)) {
     typingReceiver_->ClearSelection();

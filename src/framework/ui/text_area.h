@@ -4,16 +4,17 @@
 // When the area or its text changes size, a caret that was visible stays visible. A read-only text that fits does not
 // scroll.
 //
-// Black on white whatever the desktop's colours, in the desktop's font, with a border of one pixel inside its bounds
-// and no sign of the focus but the caret. Tab moves the focus on. All editing by keyboard and mouse is Qt's, except
-// that pasted files are opened (incoming_files.h), and that drags of files and other addresses are left to the window.
+// The area is black on white regardless of the desktop's colours, and uses the desktop's font. It has a border of one
+// pixel inside its bounds. Only the caret shows the focus, and Tab moves the focus to the next control. Editing is
+// Qt's, with two exceptions: pasting files opens them (incoming_files.h), and the window handles drags of files and
+// URLs.
 #pragma once
 
 #include <QPlainTextEdit>
-#include <functional>
 #include <QRectF>
 #include <QStringView>
 #include <QVariant>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -67,7 +68,7 @@ class TextArea : public QPlainTextEdit {
   // in which an input method composes.
   [[nodiscard]] std::vector<FreeRoom> RoomsBesideLines(int top, int bottom) const;
 
-  // Colours line i in colors[i]; an invalid colour, or none, is black. No change of the text, and what is typed into a
+  // Colours line i in colors[i], or black if that is invalid or missing. Does not change the text. Text typed into a
   // coloured line takes its colour.
   void SetLineColors(const std::vector<QColor>& colors) { lineFormats_->Apply(colors); }
 

@@ -22,8 +22,8 @@ bool TextArea::canInsertFromMimeData(const QMimeData* source) const {
   return QPlainTextEdit::canInsertFromMimeData(source) || !FilesIn(*source).empty();
 }
 
-// Pastes the text of a copied link, not its address. Qt would build a document of the text first, which takes three
-// times as long.
+// Pastes the text of a copied link, not its URL. Inserts the text directly, because Qt would first build a document
+// from it, which takes three times as long.
 void TextArea::insertFromMimeData(const QMimeData* source) {
   if (!FilesIn(*source).empty()) {
     OpenIncoming(*source);
@@ -45,13 +45,13 @@ void TextArea::dragEnterEvent(QDragEnterEvent* event) {
     QPlainTextEdit::dragEnterEvent(event);
 }
 
-// Qt's own menu hides the keys that the Edit menu has.
+// Replaces Qt's own menu, which does not show the shortcuts of the Edit menu.
 void TextArea::contextMenuEvent(QContextMenuEvent* event) {
   const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
   ShowEditMenu(*this, isByKey ? viewport()->mapToGlobal(cursorRect().bottomLeft()) : event->globalPos());
 }
 
-// The focus follows the text, so that the user can go on typing behind it.
+// Takes the focus, so that the user can continue typing after the dropped text.
 void TextArea::dropEvent(QDropEvent* event) {
   QPlainTextEdit::dropEvent(event);
   if (event->isAccepted()) setFocus(Qt::OtherFocusReason);
@@ -91,7 +91,7 @@ void TextArea::mouseDoubleClickEvent(QMouseEvent* event) {
   tokens_.DoubleClick(*event);
 }
 
-// Qt would change the text size of a read-only area when the wheel is turned with Ctrl; the size is the program's.
+// Scrolls only. Qt would change the text size of a read-only area on Ctrl and the wheel, but the program sets the size.
 void TextArea::wheelEvent(QWheelEvent* event) {
   if (event->modifiers() & Qt::ControlModifier)
     QAbstractScrollArea::wheelEvent(event);

@@ -11,7 +11,8 @@ namespace {
 
 bool IsDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
-// Halves of a character outside the BMP count as letters: all of them do to the calculation.
+// Counts the surrogates of a character outside the BMP as letters, because the calculation treats all of those as
+// letters.
 bool IsLetter(QChar c) { return c.isLetter() || c.isMark() || c.isSurrogate() || c == u'_'; }
 
 bool IsDigitAt(QStringView line, qsizetype index) { return index >= 0 && index < line.size() && IsDigit(line[index]); }
@@ -38,7 +39,7 @@ bool IsOfGroupedNumber(QStringView line, qsizetype index) {
 
 bool IsOfName(QStringView line, qsizetype index) { return IsLetter(line[index]) || IsDigit(line[index]); }
 
-// The longest part around `index` whose characters all satisfy `belongs`.
+// Returns the longest range around `index` whose characters all satisfy `belongs`.
 template <typename Predicate>
 Token Around(QStringView line, qsizetype index, Predicate belongs) {
   qsizetype start = index;
@@ -59,8 +60,8 @@ Token TokenAt(QStringView line, int index) {
   return Around(line, index, IsInParentheses(line, index) ? IsOfPlainNumber : IsOfGroupedNumber);
 }
 
-// Qt looks for the gap between characters that is nearest to the place. The character is on one side of it; the other
-// side counts where that is no token.
+// Qt returns the gap between two characters that is nearest to `place`. Tries the character under `place` first, and if
+// it belongs to no token, the one on the other side of the gap.
 QTextCursor TokenSelection::TokenUnder(const QPoint& place) const {
   QTextCursor cursor = control_.cursorForPosition(place);
   const QString line = cursor.block().text();

@@ -1,4 +1,4 @@
-// Selects whole numbers and names by double clicks. Qt's words end at a decimal point, and join 2x.
+// Selects whole numbers and names on double clicks. Qt's own words end at a decimal point, and treat 2x as one word.
 #pragma once
 
 #include <QMouseEvent>
@@ -15,12 +15,13 @@ struct Token {
   bool operator==(const Token&) const = default;
 };
 
-// The number or name that holds the character at `index`. A number has points between its digits, and commas that
-// group them, except in parentheses, where they divide arguments. A name begins with a letter and may hold digits.
+// Returns the number or name that contains the character at `index`. A number may contain decimal points, and commas
+// that group its digits. In parentheses, commas separate arguments and end a number. A name starts with a letter and
+// may contain digits.
 [[nodiscard]] Token TokenAt(QStringView line, int index);
 
-// Turns the words that a control has selected by mouse into tokens. The control passes each mouse event on after it has
-// handled it.
+// Extends a selection by mouse to whole tokens. The control calls these functions after it has handled the mouse event
+// itself.
 class TokenSelection {
  public:
   explicit TokenSelection(QPlainTextEdit& control) : control_(control) {}
@@ -28,7 +29,7 @@ class TokenSelection {
   void Press(const QMouseEvent& event);
   void DoubleClick(const QMouseEvent& event);
   void Move(const QMouseEvent& event);
-  // Whether the selection was begun by a double click on a token.
+  // Whether the selection began with a double click on a token.
   [[nodiscard]] bool IsActive() const { return !anchor_.isNull(); }
 
  private:
@@ -36,7 +37,7 @@ class TokenSelection {
   void ExtendTo(const QPoint& place);
 
   QPlainTextEdit& control_;
-  QTextCursor anchor_;  // selects the token of the last double click; null when there is none
+  QTextCursor anchor_;  // selects the token of the last double click; null if none
 };
 
 }  // namespace sumlet

@@ -249,9 +249,9 @@ bool Window::event(QEvent* event) {
   if (closed_) return QWidget::event(event);
   if (event->type() == QEvent::WindowActivate) {
     MoveToFront(this);
-    setAttribute(Qt::WA_KeyboardFocusChange);  // the focus shows at once, not only when Tab has been pressed
+    setAttribute(Qt::WA_KeyboardFocusChange);  // shows the focus immediately, not only after Tab
     if (Window* sheet = Sheet())
-      sheet->Show();  // the window itself cannot be worked on
+      sheet->Show();  // the sheet blocks this window
     else
       Event_Activate();
   } else if (event->type() == QEvent::Enter) {

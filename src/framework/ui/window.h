@@ -68,7 +68,7 @@ class Window : public QWidget {
 
   // Enables the menu items that this window can handle now.
   void EnableMenuItems(MenuBar& menuBar) { Event_EnableMenuItems(menuBar); }
-  // Runs the handler bound to a menu item's name; false when the window has none or it did not handle the command.
+  // Runs the handler bound to a menu item's name. Returns false if there is none or it did not handle the command.
   bool HandleCommand(const std::string& name);
 
   // Full screen, as the window manager provides it. WindowedBounds returns the frame's top left corner and the
@@ -77,7 +77,7 @@ class Window : public QWidget {
   void ToggleFullScreen();
   [[nodiscard]] QRect WindowedBounds() const;
 
-  // Raises Event_CancelClose and closes the window unless that refuses. True when it was closed.
+  // Raises Event_CancelClose and closes the window unless that refuses. Returns whether it closed.
   bool Close(bool appQuitting = false);
 
  protected:
@@ -89,7 +89,7 @@ class Window : public QWidget {
   // and Top() may be off by its size.
   void Create(bool visible = true);
 
-  // The limits of the content's size in pixels, smallest and largest.
+  // Sets the smallest and largest size of the content, in pixels.
   void SetSizeLimits(const QSize& smallest, const QSize& largest);
   void SetPlacement(Placement placement) { placement_ = placement; }
   void SetFrame(Frame frame) { frame_ = frame; }
@@ -97,7 +97,7 @@ class Window : public QWidget {
   // Gives the window a fixed size, in pixels of content. Such a window is centred, shows no menu bar, and cannot be
   // minimised or maximised.
   void SetFixed(const QSize& size);
-  // Escape closes the window, as long as no control makes use of the key.
+  // Makes Escape close the window unless a control uses the key.
   void SetEscapeCloses() { escapeCloses_ = true; }
   void SetMenuBarVisible(bool visible) { menuBarVisible_ = visible; }
   void SetMinimizeButton(bool present) { minimizeButton_ = present; }
@@ -119,7 +119,7 @@ class Window : public QWidget {
 
   virtual void Event_Open() {}
   virtual void Event_EnableMenuItems(MenuBar& /*menuBar*/) {}
-  // Raised before the window closes for any reason. True refuses.
+  // Raised before the window closes for any reason. Return true to keep it open.
   virtual bool Event_CancelClose(bool /*appQuitting*/) { return false; }
   // The content has a new size, and the controls have followed it.
   virtual void Event_Resized() {}
