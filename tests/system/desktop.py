@@ -81,7 +81,7 @@ class Desktop(RunningProgram):
         def shown_result():
             self.set_clipboard(text)
             self.press("ctrl+a", "ctrl+v", "Tab")
-            shown = self.eventually(result, self.text, patience=5)
+            shown = self.eventually(result, self.text, timeout=5)
             self.press("shift+Tab")
             return shown
 

@@ -18,9 +18,9 @@ class DisplayFaults(Desktop):
     def test_works_without_them_and_saves_at_last(self):
         settings_file.write(self.settings, "100 80 365 234 6*7")
         # The process that should read the program's output ends at once.
-        self.open(behind=["bash", "-c", 'exec "$0" > >(:) 2>&1'], DBUS_SESSION_BUS_ADDRESS="unix:path=/none")
+        self.open(wrapper=["bash", "-c", 'exec "$0" > >(:) 2>&1'], DBUS_SESSION_BUS_ADDRESS="unix:path=/none")
         kill("VIRTUAL_WINDOW_MANAGER")
-        self.run_beside(["openbox", "--sm-disable"])
+        self.start_helper(["openbox", "--sm-disable"])
         self.expect(True, lambda: xdotool("windowactivate", self.window) or xdotool("getactivewindow") == self.window)
         self.expect_text("6*7")
         self.calculate("5*6", "30")

@@ -9,7 +9,7 @@ import subprocess
 import unittest
 
 import settings_file
-from running_program import PATIENCE, RunningProgram, enter_namespaces
+from running_program import TIMEOUT, RunningProgram, enter_namespaces
 
 
 class Faults(RunningProgram):
@@ -21,7 +21,7 @@ class Faults(RunningProgram):
     def run_through(self, strike=lambda: None, **changes):
         process = self.start_running(**changes)
         strike()
-        self.assertEqual(self.start(**changes).wait(PATIENCE), 0)
+        self.assertEqual(self.start(**changes).wait(TIMEOUT), 0)
         self.quit(process)
 
     def runs(self):
@@ -50,7 +50,7 @@ class Faults(RunningProgram):
             self.assertEqual(self.runs(), 2, "the next run saves")
 
     def test_without_standard_streams_it_saves(self):
-        self.run_through(behind=["sh", "-c", 'exec "$0" <&- >&- 2>&-'])
+        self.run_through(wrapper=["sh", "-c", 'exec "$0" <&- >&- 2>&-'])
         self.assertEqual(self.runs(), 1)
 
     def test_a_home_that_vanishes_is_made_anew(self):

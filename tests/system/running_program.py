@@ -1,4 +1,4 @@
-"""Starts the window program with settings of its own; the first argument of a test is the path of the program."""
+"""Runs the window program with temporary settings. The first argument of a test is the path of the program."""
 
 import os
 import pathlib
@@ -11,12 +11,12 @@ import time
 import unittest
 
 PROGRAM = os.path.abspath(sys.argv.pop(1))
-PATIENCE = 60  # seconds
+TIMEOUT = 60  # seconds
 FONTS = pathlib.Path(__file__).resolve().parents[2] / "scripts" / "fonts.conf"
 QUIT_SIGNALS = (signal.SIGTERM, signal.SIGINT, signal.SIGHUP)
 
 for number in QUIT_SIGNALS:
-    signal.signal(number, signal.SIG_DFL)  # a script or nohup may have started the tests with them ignored
+    signal.signal(number, signal.SIG_DFL)  # a script or nohup may have ignored them for its children
 
 
 def skip_without(*tools):
@@ -61,23 +61,24 @@ class RunningProgram(unittest.TestCase):
                      **self.variables, **changes}
         return {name: str(value) for name, value in variables.items() if value is not None}
 
-    def start(self, *arguments, behind=(), stdin=None, cwd=None, **changes):
-        return self.track(subprocess.Popen([*behind, PROGRAM, *arguments], env=self.environment(**changes), stdin=stdin,
-                                           cwd=cwd))
+    def start(self, *arguments, wrapper=(), stdin=None, cwd=None, **changes):
+        """Starts the program, with `wrapper` as the command line that runs it."""
+        command = [*wrapper, PROGRAM, *arguments]
+        return self.kill_at_end(subprocess.Popen(command, env=self.environment(**changes), stdin=stdin, cwd=cwd))
 
-    def run_beside(self, command, stdout=subprocess.DEVNULL, **changes):
-        """Starts a helper of the test, which ends with the test."""
-        return self.track(subprocess.Popen(command, env=self.environment(**changes), stdout=stdout,
-                                           stderr=subprocess.DEVNULL))
+    def start_helper(self, command, stdout=subprocess.DEVNULL, **changes):
+        """Starts another program that the test needs, and kills it when the test ends."""
+        return self.kill_at_end(subprocess.Popen(command, env=self.environment(**changes), stdout=stdout,
+                                                 stderr=subprocess.DEVNULL))
 
-    def track(self, process):
+    def kill_at_end(self, process):
         self.started.append(process)
         return process
 
     @staticmethod
-    def eventually(wanted, read, patience=PATIENCE):
-        """Calls `read` until it returns what is wanted or the time is up, and returns its last value."""
-        end = time.monotonic() + patience
+    def eventually(wanted, read, timeout=TIMEOUT):
+        """Calls `read` until it returns `wanted` or `timeout` seconds are over, and returns its last value."""
+        end = time.monotonic() + timeout
         while (found := read()) != wanted and time.monotonic() < end:
             time.sleep(0.02)
         return found
@@ -85,20 +86,20 @@ class RunningProgram(unittest.TestCase):
     def expect(self, wanted, read, message=None):
         self.assertEqual(self.eventually(wanted, read), wanted, message)
 
-    def survivor(self, processes):
-        """Waits until one of the processes is left, returns it, and checks that the others ended with status 0."""
+    def last_running(self, processes):
+        """Waits until only one of the processes runs, checks that the others ended with status 0, and returns it."""
         self.eventually(1, lambda: sum(process.poll() is None for process in processes))
         self.assertEqual(sorted(str(process.poll()) for process in processes), ["0"] * (len(processes) - 1) + ["None"])
         return next(process for process in processes if process.poll() is None)
 
     def start_running(self, **changes):
-        """Starts the program twice and returns the one that stays: it handles events once it has answered the other."""
-        return self.survivor([self.start(**changes), self.start(**changes)])
+        """Starts the program twice and returns the one that keeps running. It handles events: it answered the other."""
+        return self.last_running([self.start(**changes), self.start(**changes)])
 
     def quit(self, process, by=signal.SIGTERM):
         """Sends the signal until the process ends, because the end of a session may send several at once."""
-        end = time.monotonic() + PATIENCE
+        end = time.monotonic() + TIMEOUT
         while process.poll() is None and time.monotonic() < end:
             process.send_signal(by)
             time.sleep(0.001)
-        self.assertEqual(process.wait(PATIENCE), 0)
+        self.assertEqual(process.wait(TIMEOUT), 0)

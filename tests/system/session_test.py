@@ -22,7 +22,7 @@ class Commands(Desktop):
                 self.point(15, y, "sleep", 0.05)
             xdotool("mouseup", 1)
             self.type("+7")  # the equation takes what is typed while the result has the focus
-            return self.eventually("x=2\nx*2142+7", self.text, patience=5)
+            return self.eventually("x=2\nx*2142+7", self.text, timeout=5)
 
         self.expect("x=2\nx*2142+7", drag)
         self.point(15, 242, "click", 1)
@@ -112,7 +112,7 @@ class Session(Desktop):
         """Starts the program a second time and waits for the message that ends the desktop's start-up notice."""
         log = self.folder / "messages"
         with log.open("w") as output:
-            self.run_beside(["xev", "-root", "-event", "property"], stdout=output)
+            self.start_helper(["xev", "-root", "-event", "property"], stdout=output)
         watched = ["xprop", "-root", "-format", "seen", "8s", "-set", "seen", "yes"]
         self.expect(True, lambda: subprocess.run(watched, check=True) and "seen" in log.read_text())
         self.assertEqual(self.start(DESKTOP_STARTUP_ID="start").wait(), 0)

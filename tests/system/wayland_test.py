@@ -32,10 +32,10 @@ class Wayland(Desktop):
         config.write_text('xwayland disable\ndefault_border none\nfor_window [app_id=".*"] floating enable\n')
         headless = {"WLR_BACKENDS": "headless", "WLR_RENDERER": "pixman", "WLR_LIBINPUT_NO_DEVICES": 1,
                     "WAYLAND_DISPLAY": None}
-        self.compositor = self.run_beside(["sway", "-c", config], SWAYSOCK=self.folder / "sway", **headless)
+        self.compositor = self.start_helper(["sway", "-c", config], SWAYSOCK=self.folder / "sway", **headless)
         self.expect(0, lambda: self.tool("swaymsg", "-t", "get_version").returncode)
         # A keyboard that stays, because the program loses keys while a keyboard comes up.
-        self.run_beside(["wtype", "-s", "100000000"])
+        self.start_helper(["wtype", "-s", "100000000"])
 
     def tool(self, *command, **options):
         return subprocess.run(command, env=self.environment(SWAYSOCK=self.folder / "sway"), check=False, timeout=60,
