@@ -29,6 +29,20 @@ expect "latest release in the metainfo" "$version" "$(grep -oPm1 '<release versi
 expect "version of the package" "sumlet ($version)" "$(sed 's/ unstable.*//;q' "$root/debian/changelog")"
 expect "latest version in CHANGELOG.md" "$version" "$(grep -oPm1 '^## \K[0-9.]+' "$root/CHANGELOG.md")"
 
+# bash finds the completions of a program by its name, below the folders of XDG_DATA_DIRS.
+if [[ -f /usr/share/bash-completion/bash_completion ]]; then
+  for program in sumlet sumlet-eval; do
+    completed=$(XDG_DATA_DIRS=$share bash --norc -c '
+      source /usr/share/bash-completion/bash_completion
+      _completion_loader "$0" || true
+      read -r _ _ function _ < <(complete -p "$0")
+      COMP_WORDS=("$0" --vers) COMP_CWORD=1
+      "$function" "$0" --vers "$0"
+      echo "${COMPREPLY[*]}"' "$program")
+    expect "completion of $program --vers" --version "$completed"
+  done
+fi
+
 entry=$share/applications/com.fernhill.sumlet.desktop
 entry_value() { sed -n "s/^$1=//p" "$entry"; }
 appstreamcli validate-tree --no-net --pedantic "$tree" >"$virtualFolder/metainfo.log" || give_up "the tree's metainfo is wrong"
