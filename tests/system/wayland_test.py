@@ -69,6 +69,14 @@ class Wayland(Desktop):
         self.expect_text("1+1")
         text = "// 1\u00A0000 € 😀\n\nx=6*8\n"
         self.paste(text, "48")
+
+        # A second start hands its file over.
+        document = self.folder / "in.txt"
+        document.write_text("2+2")
+        self.assertEqual(self.start(document).wait(), 0)
+        self.expect_text("2+2")
+        self.press("ctrl+w")
+        self.expect_text(text)
         self.press("F11")
         self.expect(["back Sumlet 300", "front Sumlet full"], self.windows)
         self.quit_program()
