@@ -25,7 +25,8 @@ bool ReplaceFile(const std::filesystem::path& path, std::string_view content) {
   std::filesystem::path fresh = path;
   fresh += ".new";
   std::error_code error;
-  if (OverwriteContent(fresh, content)) std::filesystem::rename(fresh, path, error);
+  if (!OverwriteContent(fresh, content)) return false;
+  std::filesystem::rename(fresh, path, error);
   return !error;
 }
 
