@@ -26,10 +26,10 @@ std::size_t LastOpening(std::string_view before, std::string_view lastValue) {
   return before.substr(0, behind - lastValue.size()).rfind('(');
 }
 
-// Whether `number` is the value inserted last and is already a number; "nan" and "inf" are not.
-bool IsFinished(std::string_view number, std::string_view lastValue) {
-  const bool isLastValue = number.data() == lastValue.data() && number.size() == lastValue.size();
-  return isLastValue && !number.empty() && IsIn(number.back(), signedNumberCharacter);
+// Whether `text` is the value inserted last and is a number. "nan" and "inf", the only other values, end in letters.
+bool IsLastNumber(std::string_view text, std::string_view lastValue) {
+  const bool isLastValue = text.data() == lastValue.data() && text.size() == lastValue.size();
+  return isLastValue && !text.empty() && IsIn(text.back(), signedNumberCharacter);
 }
 
 bool IsPlainOpening(std::string_view before, std::size_t open) {
@@ -42,8 +42,8 @@ struct Nest {
   std::size_t bytesAfter = 0;  // from the cursor to the end of the outermost pair
 };
 
-// The nest around a number whose innermost pair opens at `open` and closes in front of `after`. Moves `open` to the
-// outermost pair.
+// The nest around a number whose innermost pair opens at `open` and closes at the first byte of `after`. Moves `open`
+// to the outermost pair.
 Nest FindNest(std::string_view before, std::string_view after, std::size_t& open) {
   Nest nest{1, 1};
   for (;;) {
@@ -65,7 +65,7 @@ MathClass::Ending MathClass::ReduceParentheses(RewriteBuffer& text) {
       ++open;
       text.Advance(1);
     } else if (open == 0) {
-      text.Advance(1);  // an unmatched ")": as the counts agree, a "(" will stay unmatched, too
+      text.Advance(1);  // there are as many "(", so one of them will stay unmatched, too
     } else {
       const std::size_t pairs = UnwrapNumber(text);
       open -= std::max<std::size_t>(pairs, 1);
@@ -78,14 +78,15 @@ MathClass::Ending MathClass::ReduceParentheses(RewriteBuffer& text) {
   return FailUnclosed(whole.substr(0, whole.find('(')));
 }
 
-// Removes all pairs of parentheses directly around the value inserted last, and returns their number. The cursor is in
-// front of the ")" of an innermost pair. So a long number in many parentheses is copied only once.
+// The cursor is before the ")" of an innermost pair. If the pair holds only the value inserted last, removes all pairs
+// directly around it at once, so that a long number in many parentheses is copied only once. Returns how many pairs it
+// removed: 0 if the pair holds anything else or belongs to a call.
 std::size_t MathClass::UnwrapNumber(RewriteBuffer& text) {
   const std::string_view before = text.Before();
   const std::string_view lastValue = text.LastValue();
   std::size_t open = LastOpening(before, lastValue);
   const std::string_view number = Trimmed(before.substr(open + 1));
-  if (!IsFinished(number, lastValue) || !IsPlainOpening(before, open)) return 0;
+  if (!IsLastNumber(number, lastValue) || !IsPlainOpening(before, open)) return 0;
   const Nest nest = FindNest(before, text.After(), open);
   ResultDetails = String(open == 0 ? std::string_view() : before.substr(open - 1, 1));
   text.Replace(before.size() - open, nest.bytesAfter, String(number), TrimMode::WhiteSpace);
@@ -132,7 +133,7 @@ MathClass::Ending MathClass::ReduceCall(RewriteBuffer& text, const Call& call, s
     const bool isAlone = Trimmed(front).empty() && Trimmed(text.After().substr(1)).empty();
     return isAlone ? value : String(errors::fractionNotAlone);
   }
-  // Arguments after the second are dropped, even if only one bar of a pair is in them.
+  // Arguments after the second are dropped. If one bar of a pair is among them, the other one is left over.
   if ((CountFields(inner, "|") - 1) % 2 == 1) return String(errors::unmatchedBar);
   text.Replace(before.size() - front.size(), 1, value, TrimMode::WhiteSpace);
   return {};

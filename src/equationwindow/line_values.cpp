@@ -53,7 +53,7 @@ bool LineValues::IsUnchanged(const Line& line, const QTextBlock& block) {
 
 // The change replaced some lines by others. Lines at either end of the change that are equal keep their values, such as
 // the line at whose end the user typed a line end.
-void LineValues::Follow(const QTextDocument& document, int position, int added) {
+void LineValues::UpdateForEdit(const QTextDocument& document, int position, int added) {
   if (lines_.empty()) return;
   const QTextBlock firstBlock = document.findBlock(position);
   const QTextBlock foundLast = document.findBlock(position + added);

@@ -27,9 +27,9 @@ class LineValues {
   // Returns the value of a line, 0-based; empty if the line has none or does not exist. Valid until the next change.
   [[nodiscard]] std::string_view ValueOf(Int32 line) const;
 
-  // Call it after each change of the document with the arguments of QTextDocument::contentsChange. The document's lines
-  // before the change are those of the equation.
-  void Follow(const QTextDocument& document, int position, int added);
+  // Moves the values with their lines and drops those of changed lines. Call it after each change of the document with
+  // the arguments of QTextDocument::contentsChange. The document's lines before the change are those of the equation.
+  void UpdateForEdit(const QTextDocument& document, int position, int added);
 
  private:
   struct Line {

@@ -23,7 +23,7 @@ namespace {
 
 constexpr Int32 flashPeriod = 300;                      // ms
 constexpr qsizetype toolTipLine = 80;                   // UTF-16 units
-constexpr qsizetype longestToolTip = 25 * toolTipLine;  // bytes
+constexpr qsizetype longestToolTip = 25 * toolTipLine;  // bytes of UTF-8: up to 25 lines
 
 // Breaks the text into lines, because Qt shows plain text on a single line.
 QString ToolTipOf(std::string_view value) {
@@ -46,7 +46,7 @@ ValueDisplay::ValueDisplay(TextArea& area, const QColor& color)
   area.viewport()->installEventFilter(this);
   area.viewport()->setMouseTracking(true);
   connect(area.document(), &QTextDocument::contentsChange, this, [this](int position, int /*removed*/, int added) {
-    values_.Follow(*area_->document(), position, added);
+    values_.UpdateForEdit(*area_->document(), position, added);
     HideToolTip(*area_->viewport());
     StopFlashing();
   });

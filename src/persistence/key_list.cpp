@@ -1,15 +1,15 @@
 // KeyList: its items, the writer, and the parser of byte strings.
 //
-// The parser takes whole records and leaves the last, incomplete one in the buffer for later bytes. It trusts the
-// lengths: a damaged one leads into rubbish, the position runs past the end, and the last record is dropped.
+// The parser takes whole records and leaves an incomplete one at the end in the buffer for later bytes. It does not
+// check lengths. After a damaged one it reads wrong data until a record extends past the end.
 //
-// A length of four bytes can be negative and lead back. The parse ends where it would begin a record a second time or
-// in front of the first byte, so it ends for any input. Records that lead back can still share their bytes, so that a
-// small file could produce values without end: a list also ends when its values take four times its bytes.
+// A length of four bytes is signed, and a negative one moves the position backwards. Parsing stops where a record would
+// start before the first byte or where one has started already, so it ends for any input. Records can still overlap,
+// and a small file could then produce very many values. So parsing also stops when the records parsed are longer
+// together than four times the buffer.
 //
-// In memory an item takes some hundred bytes, however short it is. A list of empty items would take dozens of times its
-// size, so a list ends at more than a million items plus one for each sixteen bytes. The shortest meaningful template
-// or window is longer than that.
+// In memory an item takes a few hundred bytes, even if it is empty. So parsing stops after a million items plus one for
+// each 16 bytes of the buffer. A template or a window with any content takes more than 16 bytes.
 //
 // docs/settings-format.md draws the records.
 
@@ -40,9 +40,9 @@ Int32 NarrowestWidth(std::size_t longestValue) {
   return longestValue > 255 ? 2 : 1;
 }
 
-constexpr std::int64_t mostReadings = 4;  // how many times its bytes a list's values may take
-constexpr std::int64_t freeItems = 1'000'000;
-constexpr std::int64_t leastItem = 16;  // bytes
+constexpr std::int64_t maxExpansion = 4;  // the length of all records together, in buffer sizes
+constexpr std::int64_t baseItemLimit = 1'000'000;
+constexpr std::int64_t bytesPerFurtherItem = 16;
 
 String Tag(std::string_view beginning, std::string_view key) {
   String tag(beginning);
@@ -238,8 +238,8 @@ void KeyList::DetermineInputFormat() {
   BinaryFormat = !isText;
 }
 
-// Whether an opening tag is near the start and a closing one follows. An opening tag that ends within the first 32
-// bytes is enough, because the search for the closing one then starts again at the beginning.
+// Whether an opening tag is near the start and a closing one follows. If there is no "</", `closing` is 0, and the
+// search for its ">" starts at the first byte. So an opening tag that ends within the first 32 bytes is then enough.
 bool KeyList::LooksLikeText() const {
   const Int32 opening = InStrB(1, sDataBuffer, "<");
   if (opening == 0 || opening >= 30) return false;
@@ -266,8 +266,8 @@ Int32 KeyList::ParseBinaryData() {
   return static_cast<Int32>(reader.Position());
 }
 
-// Returns false if the record stays in the buffer: it is incomplete, exactly one byte follows it, or the parse ends
-// here.
+// Returns false and leaves the record in the buffer if it is incomplete, if exactly one byte follows it, which could
+// not be read either, or if parsing stops here.
 bool KeyList::TakeRecord(RecordReader& reader) {
   const std::int64_t size = LenB(sDataBuffer);
   const std::int64_t start = reader.Position();
@@ -279,7 +279,8 @@ bool KeyList::TakeRecord(RecordReader& reader) {
   if (next == size || next > size + 1 || next <= 0) return false;
   const std::int64_t taken = bytesTaken_ + 1 + iFormatType + static_cast<std::int64_t>(key.size() + value.size());
   const bool leadsBack = next < size && (begun_[static_cast<std::size_t>(next)] || next == start);
-  if (leadsBack || taken > mostReadings * size || itemsTaken_ > freeItems + size / leastItem) return false;
+  if (leadsBack || taken > maxExpansion * size || itemsTaken_ > baseItemLimit + size / bytesPerFurtherItem)
+    return false;
   begun_[static_cast<std::size_t>(start)] = true;
   bytesTaken_ = taken;
   ++itemsTaken_;

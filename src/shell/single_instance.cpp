@@ -113,7 +113,7 @@ Reply Ask(const fs::path& path, std::string_view message, steady_clock::time_poi
   if (!socket.IsOpen()) return Reply::NoAnswer;
   if (connect(socket.Number(), address.Get(), Address::Length()) != 0)
     return errno == EAGAIN ? Reply::NoAnswer : Reply::NoListener;  // EAGAIN: many others are waiting as well
-  if (!IsOwnPeer(socket)) return Reply::NoListener;
+  if (!IsPeerOfSameUser(socket)) return Reply::NoListener;
   return SendAll(socket, message, end) && AwaitAnswer(socket, end) ? Reply::Acknowledged : Reply::NoAnswer;
 }
 
@@ -216,7 +216,7 @@ Claim ClaimInstance(const InstancePaths& paths, std::string_view message, millis
   return {Start::Unanswered, {}, {}};
 }
 
-bool IsOwnPeer(const Descriptor& socket) {
+bool IsPeerOfSameUser(const Descriptor& socket) {
   ucred peer = {};
   socklen_t length = sizeof peer;
   return getsockopt(socket.Number(), SOL_SOCKET, SO_PEERCRED, &peer, &length) == 0 && peer.uid == geteuid();
@@ -233,7 +233,7 @@ Claim ClaimInstance(const InstancePaths& /*paths*/, std::string_view /*message*/
                     std::chrono::milliseconds /*timeout*/) {
   return {};
 }
-bool IsOwnPeer(const Descriptor& /*socket*/) { return false; }
+bool IsPeerOfSameUser(const Descriptor& /*socket*/) { return false; }
 }  // namespace sumlet
 
 #endif

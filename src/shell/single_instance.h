@@ -40,6 +40,6 @@ struct InstancePaths {
                                   std::chrono::milliseconds timeout);
 
 // Whether the process at the other end of a connected local socket belongs to the user of this one.
-[[nodiscard]] bool IsOwnPeer(const Descriptor& socket);
+[[nodiscard]] bool IsPeerOfSameUser(const Descriptor& socket);
 
 }  // namespace sumlet

@@ -23,7 +23,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::size_t mostPeers = 16;
-constexpr auto peerPatience = 5s;       // a start sends its request at once
+constexpr auto peerTimeout = 5s;        // a second start sends its request at once
 constexpr auto pauseAfterFailure = 1s;  // without free descriptors, accept would fail again at once
 
 }  // namespace
@@ -33,7 +33,7 @@ class StartRequests::Peer final : public QObject {
   Peer(Descriptor socket, QObject* parent)
       : QObject(parent), socket_(std::move(socket)), readable_(socket_.Number(), QSocketNotifier::Read) {
     timer_.setSingleShot(true);
-    timer_.start(peerPatience);
+    timer_.start(peerTimeout);
   }
   void Stop() {
     readable_.setEnabled(false);
@@ -68,7 +68,7 @@ void StartRequests::Accept() {
     QTimer::singleShot(pauseAfterFailure, &owner_, [this] { notifier_->setEnabled(true); });
     return;
   }
-  if (!IsOwnPeer(socket)) return;
+  if (!IsPeerOfSameUser(socket)) return;
   if (peers_.size() == mostPeers) Drop(*peers_.front());
   auto* peer = new Peer(std::move(socket), &owner_);
   peers_.push_back(peer);

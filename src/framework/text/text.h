@@ -1,4 +1,4 @@
-// Text functions, the vocabulary of the program's logic.
+// Text functions, for all code that does not use Qt.
 //
 // A String is UTF-8, or plain bytes. Positions are 1-based and count characters; a result of 0 means "not found".
 // Searches and comparisons ignore case (FoldCase in utf8.h); operator== on String compares bytes. No function fails:

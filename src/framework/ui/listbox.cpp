@@ -143,7 +143,7 @@ void Listbox::AddRow(String first, String second) { rows_->Add({std::move(first)
 
 void Listbox::DeleteAllRows() {
   rows_->Clear();
-  TakeListIndex(-1);  // a model reset clears the selection without a signal
+  UpdateListIndex(-1);  // a model reset clears the selection without a signal
 }
 
 const String& Listbox::Cell(Int32 row, Int32 column) const { return rows_->Cell(row, column); }
@@ -223,10 +223,10 @@ void Listbox::mouseDoubleClickEvent(QMouseEvent* event) {
 void Listbox::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
   QTreeView::selectionChanged(selected, deselected);
   const QModelIndexList indexes = selectionModel()->selectedRows();
-  TakeListIndex(indexes.isEmpty() ? -1 : indexes.first().row());
+  UpdateListIndex(indexes.isEmpty() ? -1 : indexes.first().row());
 }
 
-void Listbox::TakeListIndex(Int32 row) {
+void Listbox::UpdateListIndex(Int32 row) {
   if (std::exchange(listIndex_, row) != row && Change) Change(*this);
 }
 

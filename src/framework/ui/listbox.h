@@ -59,9 +59,9 @@ class Listbox : public QTreeView {
   std::function<void(Listbox& sender)> Change;
   // Runs after a double click with the left button on a row, which is then selected.
   std::function<void(Listbox& sender)> DoubleClick;
-  // Draw the background and the text of one cell, and return true. If a handler is missing or returns false, the list
-  // draws that part itself: a selected row white on blue, and the text in the current colour of the painter's pen. The
-  // cell is filled with white beforehand.
+  // Draw the background and the text of one cell, and return true. Beforehand the list fills the cell with white and
+  // sets the pen to black, or to white in a selected row. If a handler is missing or returns false, the list fills a
+  // selected row with blue, or draws the text with the present pen.
   std::function<bool(CellGraphics& g, Int32 row, Int32 column)> CellBackgroundPaint;
   std::function<bool(CellGraphics& g, Int32 row, Int32 column)> CellTextPaint;
 
@@ -81,7 +81,7 @@ class Listbox : public QTreeView {
   void DrawText(CellGraphics& g, Int32 row, Int32 column) const;
   [[nodiscard]] bool IsCut(const QModelIndex& cell) const;
   void ShowToolTip(const QHelpEvent& event);
-  void TakeListIndex(Int32 row);
+  void UpdateListIndex(Int32 row);
 
   Rows* rows_;
   std::array<ColumnAlignment, largestColumnCount> alignments_ = {ColumnAlignment::Left, ColumnAlignment::Left};
