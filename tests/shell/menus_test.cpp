@@ -80,7 +80,7 @@ TEST_F(Menus, WindowMenuListsOpenWindows) {
   EXPECT_EQ(WindowEntries(), "[Sumlet];");
   NewEquation("1234567890123456789012345678901234");
   winSumlet& third = NewEquation(String(33, 'b'));
-  // New entries come in the order of the windows from front to back; later the order stays.
+  // New windows are appended, the front one first. Then the entries keep their order.
   const String others = "Sumlet (123456789012345678901234567890\u2026);";
   const String whole = "Sumlet (" + String(33, 'b') + ")";
   EXPECT_EQ(WindowEntries(), "Sumlet (x && 2);[" + whole + "];" + others);
@@ -202,7 +202,6 @@ TEST_F(Menus, ImportOpensFilesAndListsFailures) {
   EXPECT_EQ(OpenTextFiles({picture, files[0]}, FileKinds::Text), Array<String>{"dropped.txt.png"});
 }
 
-// A drop returns the action that the program reports to the source of the drag.
 TEST_F(Menus, PastedAndDroppedFilesOpen) {
   String opened;
   const HookGuard opener = OpenFiles.Set([&opened](const std::vector<FolderItem>& files) {
@@ -210,6 +209,7 @@ TEST_F(Menus, PastedAndDroppedFilesOpen) {
   });
   TextArea& area = NewEquation("").textInput();
   AcceptFiles(WindowAt(0));
+  // Pastes the data and drops it. Returns the action that the source of the drag is told.
   const auto receive = [&area](const char* type, const char* bytes) {
     auto* data = new QMimeData;
     data->setData(type, bytes);

@@ -13,7 +13,7 @@ class Commands(Desktop):
         super().setUp()
         self.open_windows("100 80 365 234 1+1")
 
-    def test_the_dragged_result_arrives_once(self):
+    def test_dragging_the_result_into_the_equation_inserts_it_once(self):
         def drag():
             self.calculate("x=2\nx*21", "42")
             self.press("Tab", "ctrl+a")
@@ -48,8 +48,8 @@ class Commands(Desktop):
         self.expect_text("2+2")
 
 
-class Ends(Desktop):
-    """Quits while something else is open. The program saves the text and ends with status 0."""
+class Quitting(Desktop):
+    """Quits while a menu, a dialog, a drag or the like is open. The program saves the text and ends with status 0."""
 
     def shown(self):
         return xdotool("search", "--onlyvisible", "--pid", self.program.pid, "--class", ".").split()
@@ -94,7 +94,7 @@ class Ends(Desktop):
                 self.open_windows("100 80 365 234 1+1")
                 self.press("ctrl+a")
                 self.type("6*7")
-                self.expect_text("6*7")  # and selects it
+                self.expect_text("6*7")  # selects the text, for the drag
                 action()
                 self.quit_program()
                 xdotool("mouseup", 1)
@@ -109,12 +109,14 @@ class Session(Desktop):
         self.expect(count, lambda: len(self.windows()))
 
     def start_again(self):
-        """Starts the program a second time and waits for the message that ends the desktop's start-up notice."""
+        """Starts the program a second time and waits until it has ended the desktop's start-up notification. It does so
+        by a message of the type _NET_STARTUP_INFO_BEGIN."""
         log = self.folder / "messages"
         with log.open("w") as output:
             self.start_helper(["xev", "-root", "-event", "property"], stdout=output)
-        watched = ["xprop", "-root", "-format", "seen", "8s", "-set", "seen", "yes"]
-        self.expect(True, lambda: subprocess.run(watched, check=True) and "seen" in log.read_text())
+        # Sets a property until the log shows it, so that the message is not missed.
+        set_property = ["xprop", "-root", "-format", "seen", "8s", "-set", "seen", "yes"]
+        self.expect(True, lambda: subprocess.run(set_property, check=True) and "seen" in log.read_text())
         self.assertEqual(self.start(DESKTOP_STARTUP_ID="start").wait(), 0)
         self.expect(True, lambda: "STARTUP_INFO_BEGIN" in log.read_text())
 
@@ -150,7 +152,7 @@ class Session(Desktop):
         self.quit_program(signal.SIGINT)
         self.expect_stored(*stored)
 
-    def test_stays_without_a_window(self):
+    def test_keeps_running_after_the_last_window_closes(self):
         self.open_windows("100 80 365 234 1+1")
         self.press("alt+F4")
         self.expect_windows(0)
@@ -162,7 +164,7 @@ class Session(Desktop):
     def test_eight_windows_keep_their_order(self):
         windows = [f"{40 * i} {30 * i} 300 200 {i}" for i in (5, 3, 8, 1, 7, 2, 6, 4)]
         for _ in range(2):
-            settings_file.write(self.settings, *windows, runs=4)  # the fifth start asks for a review, too
+            settings_file.write(self.settings, *windows, runs=4)  # so the review prompt is a ninth window
             self.program = self.start()
             self.expect_windows(9)
             self.quit_program()
