@@ -20,11 +20,13 @@ SCRATCH = PROJECT / "build" / "mutations"
 SECONDS_PER_TEST = 60
 SECONDS_OF_SYSTEM_TESTS = 300
 
-# The tests that cover a folder, in the order of running: a CMake target and its arguments. Those of "sumlet" are a
-# regular expression that ctest matches against the names of tests.
+# The tests that cover a folder, in the order of running: a CMake target and its arguments. For a program, the argument
+# is a regular expression that ctest matches against the names of tests.
+PROGRAMS = ["sumlet", "sumlet-eval"]
 CORPUS = SCRATCH / "source" / "fuzz" / "corpus"
 ENGINE = [
     ["engine_tests", "--gtest_filter=Language.*"],
+    ["sumlet-eval", r"^System\.sumlet_eval_test$"],
     ["replay_rewriting", CORPUS / "rewriting"],
     ["replay_rewriting", CORPUS / "random_words", "--random", "20000"],
     ["replay_engine", CORPUS / "engine"],
@@ -126,7 +128,7 @@ def prepare(with_windows):
 
 
 def test_command(target, *arguments):
-    if target == "sumlet":
+    if target in PROGRAMS:
         return ["ctest", "--test-dir", "build", "--stop-on-failure", "-R", *arguments]
     return [SCRATCH / "build" / target, *arguments]
 
@@ -136,7 +138,7 @@ def first_failure(tests):
     for command in tests:
         if build(command[0])[0] != 0:
             return "the compiler"
-        limit = SECONDS_OF_SYSTEM_TESTS if command[0] == "sumlet" else SECONDS_PER_TEST
+        limit = SECONDS_OF_SYSTEM_TESTS if command[0] in PROGRAMS else SECONDS_PER_TEST
         status, output = run(test_command(*command), limit)
         if status is None:
             return f"{command[0]} hangs"
