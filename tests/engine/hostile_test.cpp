@@ -2,7 +2,9 @@
 // whole line in each step or calls itself for each level.
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <initializer_list>
+#include <string_view>
 
 #include "engine/math_class.h"
 #include "engine/worked_examples.h"

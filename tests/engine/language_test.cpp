@@ -5,6 +5,9 @@
 #include "engine/math_class.h"
 #include "engine/variable_index.h"
 #include "engine/worked_examples.h"
+
+#include <string>
+#include <string_view>
 #include "framework/text/numbers.h"
 
 namespace sumlet {

@@ -5,7 +5,9 @@
 #include <QTextBlock>
 #include <QTextLayout>
 #include <algorithm>
+#include <string>
 #include <tuple>
+#include <vector>
 
 #include "equationwindow/area_layout.h"
 #include "equationwindow/line_colors.h"

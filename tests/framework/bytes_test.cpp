@@ -5,6 +5,7 @@
 
 #include <string_view>
 #include <tuple>
+#include <variant>
 
 #include "framework/text/date.h"
 #include "framework/text/variant.h"

@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstddef>
 #include <limits>
 #include <random>
 #include <string_view>
+#include <tuple>
 
 #include "framework/text/utf8.h"
 

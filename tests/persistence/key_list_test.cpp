@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <tuple>
 #include "stored_bytes.h"
 
 namespace sumlet {

@@ -3,8 +3,14 @@
 #include <sys/stat.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <functional>
+#include <optional>
+#include <sstream>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "plist/plist.h"
 #include "stored_bytes.h"

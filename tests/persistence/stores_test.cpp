@@ -1,8 +1,13 @@
 // Storing and loading the templates, and the session with windows that are not on a screen.
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <fstream>
+#include <iterator>
 #include <sstream>
+#include <string_view>
+#include <tuple>
+#include <vector>
 
 #include "stored_bytes.h"
 

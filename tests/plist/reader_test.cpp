@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "plist/plist_dict.h"
+
+#include <utility>
 #include "tree_text.h"
 
 namespace sumlet {

@@ -3,6 +3,11 @@
 #include <QDesktopServices>
 #include <QTextBrowser>
 #include <QTimer>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <utility>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/desktop.h"

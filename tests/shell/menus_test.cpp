@@ -3,6 +3,9 @@
 #include <QClipboard>
 #include <QMimeData>
 #include <fstream>
+#include <initializer_list>
+#include <string_view>
+#include <vector>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/desktop.h"

@@ -1,4 +1,6 @@
 #include <QScrollBar>
+#include <initializer_list>
+#include <tuple>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/ui/window_fixture.h"

@@ -2,6 +2,7 @@
 // Prints the 0-based number of each save before it begins.
 #include <cstddef>
 #include <iostream>
+#include <string_view>
 
 #include "persistence/preferences.h"
 

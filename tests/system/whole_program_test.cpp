@@ -6,6 +6,9 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QPixmapCache>
+#include <cstddef>
+#include <tuple>
+#include <vector>
 
 #include "equationwindow/win_sumlet.h"
 #include "framework/desktop.h"

@@ -1,5 +1,10 @@
 // The chooser of templates and the sheet that asks for a name.
 #include <optional>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 #include "framework/desktop.h"
 #include "framework/ui/window_fixture.h"

@@ -3,6 +3,12 @@
 #include <QPaintEvent>
 #include <QPlainTextEdit>
 #include <QTimer>
+#include <new>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "framework/desktop.h"
 #include "framework/fault.h"

@@ -1,6 +1,9 @@
 #include "framework/ui/listbox.h"
 
 #include "framework/fault.h"
+
+#include <string>
+#include <utility>
 #include "framework/ui/window_fixture.h"
 
 namespace sumlet {

@@ -4,6 +4,7 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextLayout>
+#include <string>
 #include <tuple>
 
 #include "framework/ui/qt_text.h"

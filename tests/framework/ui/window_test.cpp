@@ -1,6 +1,8 @@
 #include "framework/ui/window.h"
 
 #include <algorithm>
+#include <optional>
+#include <tuple>
 
 #include "framework/fault.h"
 #include "framework/ui/base_window.h"
