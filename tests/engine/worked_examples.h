@@ -44,6 +44,7 @@ inline constexpr Example workedExamples[] = {
     // missing operands
     {"5-", twoOperands, "-"},
     {"3+x", twoOperands, "+"},
+    {"2*- ^3", twoOperands, "^"},
     {"3-x", unknown, "x"},
     // values that are no numbers
     {"0/0", unknown, "nan"},

@@ -106,6 +106,8 @@ TEST_F(Settings, LineValuesAreStoredOnlyWhileTheyAreShown) {
   Preferences::ShowLineValues = true;
   const String with = Saved();
   EXPECT_EQ(ReplaceAll(with, "\x0EShowLineValues\x04True", ""), without);
+  Preferences::ShowLineValues = false;
+  EXPECT_EQ(Saved(), without) << "written over a longer file";
   EXPECT_TRUE(AlertsOfLoading(without).empty());
   EXPECT_FALSE(Preferences::ShowLineValues);
   EXPECT_TRUE(AlertsOfLoading(with).empty());
