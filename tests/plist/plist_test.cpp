@@ -165,12 +165,15 @@ TEST_F(PropertyListFile, BinaryByTheRealTool) {
 // If a tool fails in any way, the file does not change and no temporary file remains.
 TEST_F(PropertyListFile, BinaryByFailingTools) {
   const FolderItem file = File("a file; $(touch x) 'y'", "bplist00 and more");
-  for (const char* script : {"kill -9 $$", "rm \"$3\"; echo x >\"$3.other\"", "echo '<plist>' >\"$3\""}) {
+  for (const char* script : {"kill -9 $$", "echo '<plist>' >\"$3\"", "rm \"$3\"; echo x >\"$3.other\""}) {
     Install("plutil", script);
     EXPECT_EQ(plist(file).errorMessage, "Not a plist file") << script;
     EXPECT_EQ(Content(file), "bplist00 and more") << script;
     EXPECT_TRUE(fs::is_empty(temporary_)) << script;
   }
+  plist unread(file);
+  unread.Save();
+  EXPECT_EQ(Content(file), "bplist00 and more") << "saved although it could not be read";
 }
 
 // Other users cannot look into the folder of the copy.

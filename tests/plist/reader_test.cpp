@@ -38,6 +38,7 @@ TEST(PropertyListReader, Layouts) {
       {"<key>a</key>\n<true/>\n<!-- note -->\n<key>b</key>\n<true/>\n</dict>", "a:!-- note --=true"},
       {"  <key>a</key>\n  <true/>\n</dict>", ":  <key"},
       {"<dict/>\n<true/>", ":boolean{}=true"},
+      {"<key>a</key>\n<string>1\n<dict/>\n2</string>\n</dict>", "a:string"},
   };
   for (const auto& [lines, tree] : rows) {
     plistDict node;
