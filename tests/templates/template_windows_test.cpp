@@ -205,21 +205,28 @@ TEST_F(WinTemplates, GivesTheListTheFocusWhenActivated) {
 
 TEST_F(WinTemplates, PreviewIsCentredOnWhiteInADarkStyleToo) {
   chooser->list().setPalette(QColor(0x30, 0x30, 0x30));  // as some styles do
+  QImage cell;
+  const auto darkRows = [&] {
+    cell = chooser->list().viewport()->grab().toImage().copy(202, 60, 10, 60);
+    std::vector<int> dark;
+    for (int y = 0; y < 60; ++y)
+      for (int x = 0; x < 10; ++x)
+        if (qGray(cell.pixel(x, y)) <= 90) dark.push_back(y);
+    return dark;
+  };
   // a text, and its first and last row of dark pixels out of 60; fonts differ by a few
   const std::tuple<String, int, int> rows[] = {{"HHH", 25, 35}, {String(1'000'000, 'H'), 6, 54}};
   for (const auto& [text, firstInk, lastInk] : rows) {
     TemplatesManager::EquationText[0] = text;
     chooser->LoadList();
-    const QImage cell = chooser->list().viewport()->grab().toImage().copy(202, 60, 10, 60);
-    std::vector<int> inked;
-    for (int y = 0; y < 60; ++y)
-      for (int x = 0; x < 10; ++x)
-        if (qGray(cell.pixel(x, y)) <= 90) inked.push_back(y);
-    ASSERT_FALSE(inked.empty());
-    EXPECT_NEAR(inked.front(), firstInk, 5);
-    EXPECT_NEAR(inked.back(), lastInk, 5);
+    const std::vector<int> dark = darkRows();
+    ASSERT_FALSE(dark.empty());
+    EXPECT_NEAR(dark.front(), firstInk, 5);
+    EXPECT_NEAR(dark.back(), lastInk, 5);
     EXPECT_EQ(cell.pixelColor(0, 0), QColor(Qt::white));
   }
+  chooser->list().SetListIndex(1);
+  EXPECT_FALSE(darkRows().empty()) << "the text of the selected row";
 }
 
 }  // namespace
