@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Kills the window program at random instants while it receives keys, and counts the words that the next start has lost.
+# Kills the window program at random instants while it receives keys, and counts the words that its files lack.
 #
 #   scripts/kills.sh [COUNT [PROGRAM]]      1,000 kills of build/release/sumlet
 #
@@ -21,7 +21,8 @@ stored() {
   python3 -B "$root/tests/system/settings_file.py" show "$file"
 }
 
-# round NUMBER: appends the words that the program should have kept to `lost`
+# round NUMBER: kills the program once. Counts in `due` the words that must be stored, and appends to `lost` those that
+# are not.
 round() {
   local words=() times=() word i killed last pause
   # Writes new settings each time, because the fifth start asks for a review, and that window would take the keys.

@@ -7,7 +7,8 @@
 # Sourced, it defines functions that control the window program:
 #
 #   start_display WIDTHxHEIGHT      sets DISPLAY
-#   start_window PROGRAM [FILE...]  starts the window program and sets `window` once its window has the focus
+#   start_window PROGRAM [FILE...]  starts the window program, sets `program` to its process ID, and sets `window` once
+#                                   its window has the focus
 #   open_equation                   opens an empty equation from the chooser of a first start, and sets `window`
 #   type_keys TEXT, press KEY...    sends keys
 #   put_clipboard, get_clipboard    from standard input, to standard output

@@ -1,8 +1,8 @@
 // Replaces the names of variables by their values, each between blanks.
 //
-// A value can contain names in turn, which are replaced, too. Few values do (infinities, fractions in quotation marks),
-// and the text in front of a replaced name contains no names any more. So one pass suffices, which enters such a value
-// before it continues behind it. A name inside its own value is an error, because replacing it would never end.
+// A value can contain names itself (an infinity, or a fraction in quotation marks). The pass replaces the names in such
+// a value before it reads on. The text before it then contains no names, so one pass suffices. A name inside its own
+// value is an error, because replacing it would never end.
 
 #include <algorithm>
 #include <cstddef>
@@ -28,16 +28,16 @@ bool HasWords(std::string_view value) {
   return false;
 }
 
-// Whether a value substituted in this text takes part in a calculation, or the text is an error, whatever the value. A
-// number or an operator ensures this, because numbers side by side are multiplied. Parentheses, bars, minus signs and
-// white space do not.
+// Whether no value that is substituted in this text can be the line's result unchanged. A number or an operator ensures
+// this, because numbers side by side are multiplied. Parentheses, bars, minus signs and white space do not.
 bool HasNumberOrOperator(std::string_view text) {
   const auto isPart = [](char c) { return c != ' ' && c != '-' && IsIn(c, delimiter) && !IsIn(c, parenthesis | bar); };
   return std::any_of(text.begin(), text.end(), isPart);
 }
 
-// Whether `text` ends in an operator or sign, followed by digits and blanks only. False if in doubt.
-bool EndsInOperator(std::string_view text) {
+// Whether only digits and blanks follow the last operator or sign, so that no "." can join a value appended to `text`.
+// False if none is within `reach`.
+bool OnlyDigitsSinceOperator(std::string_view text) {
   constexpr std::size_t reach = 64;  // characters; limits the time for many values in a long text
   for (std::size_t i = 1; i <= std::min(text.size(), reach); ++i) {
     const char c = text[text.size() - i];
@@ -165,7 +165,7 @@ void MathClass::AppendLongValue(Substitution& line, Int32 index) {
   const bool isComputed = line.isComputed || line.longValues > 0;
   ++line.longValues;
   if (isComputed && longValueBytes_ > abridgingThreshold) {
-    const bool pointMayPrecede = !EndsInOperator(line.result);
+    const bool pointMayPrecede = !OnlyDigitsSinceOperator(line.result);
     AbridgedValue& value = abridgedValues_[index];
     String& abridged = pointMayPrecede ? value.anywhere : value.behindOperator;
     if (abridged.empty()) abridged = AbridgedNumber(varValue[index], pointMayPrecede);

@@ -15,7 +15,7 @@
 
 namespace sumlet::MyWindowManager {
 
-// A window with a state to store. Other windows write an empty record, which keeps their position in the order.
+// A window with a state to store. For every other window, Store writes an empty record, which Load skips.
 class StoredWindow {
  public:
   virtual void StoreRecord(KeyList& record) const = 0;
@@ -50,7 +50,8 @@ void RegisterSection();
 // Opens the windows of `data`, the front one last, so that they keep their order. Skips records without a restorer.
 // Does nothing while RememberEquations is off.
 void Load(std::string_view data);
-// The same for the dictionary of an older settings file, with the keys "0", "1" and so on. Adds missing keys.
+// The same for the dictionary of an older settings file, with the keys "0", "1" and so on. Look-ups add
+// missing keys to `dict`.
 void Load(plistDict& dict);
 
 }  // namespace sumlet::MyWindowManager

@@ -92,7 +92,7 @@ void FollowFocus() {
   });
 }
 
-// Returns nullptr while another window is in front, which may have no control that takes the focus.
+// Returns nullptr if the target is not in the front window. That window may have no control that takes the focus.
 QWidget* Target() {
   const bool isInFront = editTarget && WindowCount() > 0 && editTarget->window() == &WindowAt(0);
   return isInFront ? editTarget.data() : nullptr;
@@ -110,7 +110,7 @@ void BindEditItems(MenuBar& menuBar) {
     for (const auto& [name, command] : editCommands) menuBar.Item(name).setEnabled(CanEdit(Target(), command));
     if (WindowCount() > 0) WindowAt(0).EnableMenuItems(menuBar);
   });
-  // While the menu is closed, the items stay enabled: text controls handle their shortcuts themselves.
+  // Keeps the items enabled while the menu is closed, because a disabled item would swallow its shortcut.
   QObject::connect(&menuBar.Menu("EditMenu"), &QMenu::aboutToHide, &menuBar, [&menuBar] {
     for (const auto& [name, command] : editCommands) menuBar.Enable(name);
   });
@@ -126,12 +126,12 @@ void SetMenuRoles(const MenuBar& menuBar) {
 constexpr Int32 longestLine = 33;  // characters; a longer first line is cut to cutLine
 constexpr Int32 cutLine = 30;
 
-// One entry for each window in winRefList, in the same order.
+// A window and its item in the Window menu.
 struct WindowMenuItem {
   QPointer<Window> winRef;
   QPointer<QAction> item;
 };
-std::vector<WindowMenuItem> winRefList;
+std::vector<WindowMenuItem> winRefList;  // in the order of the menu
 
 bool IsListed(const Window& window) {
   for (const WindowMenuItem& entry : winRefList) {

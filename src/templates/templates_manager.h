@@ -39,9 +39,10 @@ void RegisterSection();
 [[nodiscard]] String Store();
 
 // Replaces all templates by those of `data`. Skips records without a name or a text. KeyList reports damage by MsgBox.
-// Adds two examples before the first save ever.
+// Adds two examples if the settings have never been saved.
 void Load(std::string_view data);
-// The same for the dictionary of an older settings file, with the keys "0", "1" and so on. Adds missing keys.
+// The same for the dictionary of an older settings file, with the keys "0", "1" and so on. Look-ups add
+// missing keys to `dict`.
 void Load(plistDict& dict);
 
 }  // namespace sumlet::TemplatesManager

@@ -1,6 +1,6 @@
 // Parses and converts numbers, and generates random ones. number_text.cpp converts numbers to text.
 //
-// Most numbers are short enough that their digits and the power of ten that divides them are both exact doubles, so one
+// In most numbers the digits, read as an integer, and the power of ten to divide it by are both exact doubles, so one
 // division rounds correctly (W. D. Clinger, How to Read Floating Point Numbers Accurately, 1990). std::from_chars
 // parses the others, after their extent is known, because it would accept "inf" and refuse "+".
 
@@ -27,7 +27,7 @@ constexpr std::size_t digitsInUint64 = 19;  // any number of that many digits fi
 constexpr std::array<double, digitsInUint64 + 1> exactPowersOfTen{
     1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19};
 
-// Parses a signed integer of any length. Limits it to a value that can be compared with the length of a text.
+// Parses a signed integer of any length. May return an infinity.
 double WholeNumber(std::string_view digits) {
   const bool negative = digits.front() == '-';
   double value = 0;
@@ -102,7 +102,7 @@ std::size_t ExponentLength(std::string_view text) {
   return end > digits ? end : 0;
 }
 
-// Parses a number that begins with a digit and has commas or an exponent. Copies it first, without the commas.
+// Parses an unsigned number whose first digits a comma or an "e" follows. Copies it first, without the commas.
 double ReadUncommon(std::string_view text, Commas commas) {
   const auto isPart = [commas](char c) { return IsDigit(c) || c == '.' || (c == ',' && commas == Commas::Skip); };
   const auto extent = static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isPart) - text.begin());
@@ -169,7 +169,7 @@ Int32 ToInt32(double x) {
 
 double Rnd() {
   thread_local std::mt19937_64 generator = SeededGenerator();
-  constexpr double unit = 1.0 / (std::uint64_t{1} << 53);  // the 53 bits of a double's fraction
+  constexpr double unit = 1.0 / (std::uint64_t{1} << 53);  // a double's significand has 53 bits
   return static_cast<double>(generator() >> 11) * unit;
 }
 
