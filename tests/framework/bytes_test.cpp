@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <string_view>
-#include <tuple>
 #include <variant>
 
 #include "framework/text/date.h"
@@ -24,7 +23,14 @@ TEST(Bytes, UrlComponents) {
 }
 
 TEST(Variant, Conversions) {
-  const std::tuple<Variant, const char*, Int32, double, bool, bool> rows[] = {
+  const struct {
+    Variant value;
+    const char* text;
+    Int32 integer;
+    double number;
+    bool boolean;
+    bool isNumeric;
+  } rows[] = {
       // clang-format off
       {{}, "", 0, 0, false, false},
       {" -2.9e0 ", " -2.9e0 ", -2, -2.9, true, true},
