@@ -90,6 +90,7 @@ TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent), lineFormats_(new L
   setForegroundRole(QPalette::WindowText);  // of the border
   setAutoFillBackground(true);
   document()->setDocumentMargin(0);
+  document()->clearUndoRedoStacks();  // otherwise undo would restore the margin
   SetMargins();
   setTabChangesFocus(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -39,6 +39,7 @@ TEST_F(TextAreaTest, KeepsEveryCharacter) {
 }
 
 TEST_F(TextAreaTest, Keys) {
+  EXPECT_FALSE(area.document()->isUndoAvailable()) << "nothing has been typed";
   QTest::keyClicks(&area, "12");
   QTest::keyClick(&area, Qt::Key_Left);
   QTest::keyClick(&area, Qt::Key_Return, Qt::ShiftModifier);
