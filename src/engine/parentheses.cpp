@@ -26,7 +26,7 @@ std::size_t LastOpening(std::string_view before, std::string_view lastValue) {
   return before.substr(0, behind - lastValue.size()).rfind('(');
 }
 
-// Whether `text` is the value inserted last and is a number. "nan" and "inf", the only other values, end in letters.
+// Whether `text` is the value inserted last and ends like a number. "nan" and "inf" do not.
 bool IsLastNumber(std::string_view text, std::string_view lastValue) {
   const bool isLastValue = text.data() == lastValue.data() && text.size() == lastValue.size();
   return isLastValue && !text.empty() && IsIn(text.back(), signedNumberCharacter);

@@ -266,8 +266,8 @@ Int32 KeyList::ParseBinaryData() {
   return static_cast<Int32>(reader.Position());
 }
 
-// Returns false and leaves the record in the buffer if it is incomplete, if exactly one byte follows it, which could
-// not be read either, or if parsing stops here.
+// Returns false and leaves the record in the buffer if it is incomplete, if exactly one byte follows it, or if parsing
+// must stop (see the top of this file).
 bool KeyList::TakeRecord(RecordReader& reader) {
   const std::int64_t size = LenB(sDataBuffer);
   const std::int64_t start = reader.Position();

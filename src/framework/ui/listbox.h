@@ -42,7 +42,7 @@ class Listbox : public QTreeView {
   void SetFirstColumnWidth(Int32 width);
   // Columns are initially aligned left. A text that does not fit is cut at its end with either alignment.
   void SetColumnAlignment(Int32 column, ColumnAlignment alignment);
-  // Sets the height of all rows, in pixels. The initial value -1 stands for the height of a line of text.
+  // Sets the height of all rows, in pixels. -1, the default, makes rows as high as a line of text.
   void SetDefaultRowHeight(Int32 height);
 
   [[nodiscard]] Int32 ListCount() const;
