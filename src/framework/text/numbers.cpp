@@ -48,8 +48,13 @@ bool IsBelowOne(std::string_view number) {
   return point - first + exponent < 0;
 }
 
-// `number` consists of digits, at most one point, and an optional complete exponent.
+// `number` consists of digits, commas, which count for nothing, at most one point, and an optional complete exponent.
 double Convert(std::string_view number) {
+  if (number.find(',') != std::string_view::npos) {
+    String withoutCommas(number);
+    std::erase(withoutCommas, ',');
+    return Convert(withoutCommas);
+  }
   double value = 0;
   const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
   if (error != std::errc::result_out_of_range) return value;
@@ -58,29 +63,37 @@ double Convert(std::string_view number) {
 
 // The digits, with at most one ".", at the front of a text.
 struct Digits {
-  std::size_t length = 0;  // in bytes, including the point; 0 if there is no digit
+  std::size_t length = 0;  // in bytes, including the point and commas; 0 if there is no digit
   std::size_t count = 0;
   std::size_t places = 0;      // the number of decimal places
   std::uint64_t mantissa = 0;  // all digits as one integer; undefined if there are too many
 };
 
-Digits FindDigits(std::string_view text) {
+Digits FindDigits(std::string_view text, Commas commas) {
   const char* const begin = text.data();
   const char* const end = begin + text.size();
   const char* at = begin;
   Digits digits;
   const auto readRun = [&] {
     std::uint64_t mantissa = digits.mantissa;
-    for (; at != end && IsDigit(*at); ++at) mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
+    std::size_t count = digits.count;
+    for (; at != end; ++at) {
+      if (IsDigit(*at)) {
+        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
+        ++count;
+      } else if (*at != ',' || commas == Commas::End || count == 0) {
+        break;
+      }
+    }
     digits.mantissa = mantissa;
+    digits.count = count;
   };
   readRun();
-  digits.count = static_cast<std::size_t>(at - begin);
   if (at != end && *at == '.') {
-    const char* const fraction = ++at;
+    const std::size_t whole = digits.count;
+    ++at;
     readRun();
-    digits.places = static_cast<std::size_t>(at - fraction);
-    digits.count += digits.places;
+    digits.places = digits.count - whole;
   }
   if (digits.count > 0) digits.length = static_cast<std::size_t>(at - begin);
   return digits;
@@ -102,26 +115,15 @@ std::size_t ExponentLength(std::string_view text) {
   return end > digits ? end : 0;
 }
 
-// Parses an unsigned number whose first digits a comma or an "e" follows. Copies it first, without the commas.
-double ReadUncommon(std::string_view text, Commas commas) {
-  const auto isPart = [commas](char c) { return IsDigit(c) || c == '.' || (c == ',' && commas == Commas::Skip); };
-  const auto extent = static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isPart) - text.begin());
-  String number = ReplaceAll(text.substr(0, extent), ",", "");
-  const Digits digits = FindDigits(number);
-  const std::size_t exponentLength = digits.length == number.size() ? ExponentLength(text.substr(extent)) : 0;
-  if (exponentLength == 0) return ValueOf(digits, number);
-  return Convert(number += text.substr(extent, exponentLength));
-}
-
 double ReadNumber(std::string_view text, Commas commas) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   const bool negative = !text.empty() && text.front() == '-';
   if (negative || (!text.empty() && text.front() == '+')) text.remove_prefix(1);
-  const Digits digits = FindDigits(text);
+  const Digits digits = FindDigits(text, commas);
   if (digits.count == 0) return 0;
-  const char next = digits.length < text.size() ? text[digits.length] : '\0';
-  const bool goesOn = next == ',' || FoldAscii(next) == 'e';
-  const double magnitude = goesOn ? ReadUncommon(text, commas) : ValueOf(digits, text);
+  const std::size_t exponentLength = ExponentLength(text.substr(digits.length));
+  const double magnitude =
+      exponentLength > 0 ? Convert(text.substr(0, digits.length + exponentLength)) : ValueOf(digits, text);
   return negative ? -magnitude : magnitude;
 }
 
@@ -145,7 +147,7 @@ std::mt19937_64 SeededGenerator() {
 }  // namespace
 
 std::optional<double> TakeNumber(std::string_view& text) {
-  const Digits digits = FindDigits(text);
+  const Digits digits = FindDigits(text, Commas::End);
   if (digits.count == 0) return {};
   const double value = ValueOf(digits, text);
   text.remove_prefix(digits.length);
