@@ -39,6 +39,8 @@ TEST(Numbers, ReadFromText) {
       {"-infinity", 0, 0},
       // group separators, hexadecimal
       {"1,000,000.25", 1, 1000000.25},
+      {"1,.5,0e1,2", 1, 15},
+      {",5", 0, 0},
       {"&Hff8000", 0, 0xFF8000},
       {"&h80000000", 0, 2147483648.0},
       // clang-format on
@@ -102,10 +104,12 @@ TEST(Numbers, AgreeWithTheCLibrary) {
     std::snprintf(buffer, sizeof buffer, "%.17g", value);
     ASSERT_EQ(Val(buffer), value) << buffer;
     ASSERT_EQ(CDbl(buffer), value) << buffer;
-    // a value below a tie at the tenth decimal place, or on one
-    const double rest = i % 2 == 0 ? std::nextafter(bits / 2048, 0) : bits / 2048;
-    std::snprintf(buffer, sizeof buffer, "%.10f", rest);
-    ASSERT_EQ(RoundToTenPlaces(-rest), -std::strtod(buffer, nullptr)) << std::hexfloat << rest;
+    const double tie = bits / 2048;  // at the tenth decimal place, if `bits` is odd
+    const double anyExponent = std::ldexp(bits, i % 2000 - 1050);
+    for (const double x : {tie, std::nextafter(tie, 0), std::nextafter(tie, infinity), anyExponent}) {
+      std::snprintf(buffer, sizeof buffer, "%.10f", x);
+      ASSERT_EQ(RoundToTenPlaces(-x), -std::strtod(buffer, nullptr)) << std::hexfloat << x;
+    }
   }
   EXPECT_FALSE(std::signbit(RoundToTenPlaces(-1e-11)));
 }
