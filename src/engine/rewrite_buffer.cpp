@@ -14,13 +14,13 @@ bool IsDropped(char c, TrimMode trim) { return trim == TrimMode::Blanks ? c == '
 
 }  // namespace
 
-void RewriteBuffer::Assign(std::string_view text) {
+RewriteBuffer::RewriteBuffer(std::string_view text) {
   text = Trimmed(text);
-  gapEnd_ = end_ = capacity_;
-  Reserve(text.size() + spareGap);
-  gapEnd_ = end_ - text.size();
+  capacity_ = spareGap + text.size();
+  data_ = std::make_unique_for_overwrite<char[]>(capacity_);
+  gapEnd_ = spareGap;
   CharacterSet contained = 0;  // a local, because a char written through `out` could alias a member
-  char* out = data_ + gapEnd_;
+  char* out = data_.get() + gapEnd_;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char c = text[i];
     if (c == ' ') {
@@ -31,7 +31,7 @@ void RewriteBuffer::Assign(std::string_view text) {
     *out++ = c;
   }
   contained_ = contained;
-  end_ = static_cast<std::size_t>(out - data_);
+  end_ = static_cast<std::size_t>(out - data_.get());
   CancelSignsAtHead();
 }
 
@@ -43,12 +43,12 @@ std::string_view RewriteBuffer::Whole() {
 void RewriteBuffer::Rewind() {
   const std::size_t count = gapBegin_ - head_;
   gapEnd_ -= count;
-  if (count > 0) std::memmove(data_ + gapEnd_, data_ + head_, count);
+  if (count > 0) std::memmove(data_.get() + gapEnd_, data_.get() + head_, count);
   head_ = gapBegin_ = valueBegin_ = valueEnd_ = 0;
 }
 
 void RewriteBuffer::Advance(std::size_t count) {
-  std::memmove(data_ + gapBegin_, data_ + gapEnd_, count);
+  std::memmove(data_.get() + gapBegin_, data_.get() + gapEnd_, count);
   gapBegin_ += count;
   gapEnd_ += count;
 }
@@ -80,7 +80,7 @@ void RewriteBuffer::Replace(std::size_t before, std::size_t after, std::string_v
 void RewriteBuffer::StepBackOverValue() {
   const std::size_t count = gapBegin_ - valueBegin_;
   gapEnd_ -= count;
-  std::memmove(data_ + gapEnd_, data_ + valueBegin_, count);
+  std::memmove(data_.get() + gapEnd_, data_.get() + valueBegin_, count);
   gapBegin_ = valueEnd_ = valueBegin_;
 }
 
@@ -88,7 +88,7 @@ void RewriteBuffer::ReplaceBlanks(char sign) {
   Advance(end_ - gapEnd_);
   TrimAroundCursor(TrimMode::WhiteSpace);
   TrimHead();
-  std::replace(data_ + head_, data_ + gapBegin_, ' ', sign);
+  std::replace(data_.get() + head_, data_.get() + gapBegin_, ' ', sign);
   contained_ |= SetsOf(sign);
   Rewind();
 }
@@ -99,10 +99,9 @@ void RewriteBuffer::Reserve(std::size_t gap) {
   const std::size_t behind = end_ - gapEnd_;
   const std::size_t capacity = std::max(capacity_ * 2, gapBegin_ + gap + behind);
   auto grown = std::make_unique_for_overwrite<char[]>(capacity);
-  std::memcpy(grown.get(), data_, gapBegin_);
-  std::memcpy(grown.get() + capacity - behind, data_ + gapEnd_, behind);
-  heap_ = std::move(grown);
-  data_ = heap_.get();
+  std::memcpy(grown.get(), data_.get(), gapBegin_);
+  std::memcpy(grown.get() + capacity - behind, data_.get() + gapEnd_, behind);
+  data_ = std::move(grown);
   capacity_ = end_ = capacity;
   gapEnd_ = capacity - behind;
 }
@@ -135,7 +134,7 @@ void RewriteBuffer::Insert(std::string_view value) {
   if (gapEnd_ < end_ && !(value.back() == '-' && data_[gapEnd_] == '-')) data_[--gapEnd_] = ' ';
   contained_ |= SetsOf(value.front()) | SetsOf(value.back());  // enough for signed numbers, "inf" and "nan"
   valueBegin_ = gapBegin_;
-  std::memcpy(data_ + gapBegin_, value.data(), value.size());
+  std::memcpy(data_.get() + gapBegin_, value.data(), value.size());
   gapBegin_ += value.size();
   valueEnd_ = gapBegin_;
 }

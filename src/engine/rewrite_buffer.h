@@ -11,7 +11,6 @@
 // fuzz target `rewriting` compares the results with those of a literal implementation.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <memory>
 #include <string_view>
@@ -27,7 +26,7 @@ enum class TrimMode { Blanks, WhiteSpace };
 class RewriteBuffer {
  public:
   // Copies `text` in normal form. The cursor is at the start.
-  explicit RewriteBuffer(std::string_view text) { Assign(text); }
+  explicit RewriteBuffer(std::string_view text);
   RewriteBuffer(const RewriteBuffer&) = delete;
   RewriteBuffer& operator=(const RewriteBuffer&) = delete;
 
@@ -35,8 +34,8 @@ class RewriteBuffer {
   [[nodiscard]] bool MayContain(CharacterSet sets) const { return (contained_ & sets) != 0; }
 
   // The text in front of the cursor and behind it. Every non-const call invalidates these views.
-  [[nodiscard]] std::string_view Before() const { return {data_ + head_, gapBegin_ - head_}; }
-  [[nodiscard]] std::string_view After() const { return {data_ + gapEnd_, end_ - gapEnd_}; }
+  [[nodiscard]] std::string_view Before() const { return {data_.get() + head_, gapBegin_ - head_}; }
+  [[nodiscard]] std::string_view After() const { return {data_.get() + gapEnd_, end_ - gapEnd_}; }
   // The whole text; moves the cursor to the end.
   [[nodiscard]] std::string_view Whole();
 
@@ -52,7 +51,7 @@ class RewriteBuffer {
   void Replace(std::size_t before, std::size_t after, std::string_view value, TrimMode trim);
 
   // The value that the last Replace inserted. Empty after Rewind, StepBackOverValue or ReplaceBlanks.
-  [[nodiscard]] std::string_view LastValue() const { return {data_ + valueBegin_, valueEnd_ - valueBegin_}; }
+  [[nodiscard]] std::string_view LastValue() const { return {data_.get() + valueBegin_, valueEnd_ - valueBegin_}; }
   // Moves the cursor in front of the value. Call only directly after Replace.
   void StepBackOverValue();
 
@@ -60,7 +59,6 @@ class RewriteBuffer {
   void ReplaceBlanks(char sign);
 
  private:
-  void Assign(std::string_view text);
   void Reserve(std::size_t gap);
   void TrimAroundCursor(TrimMode trim);
   void TrimHead();
@@ -71,13 +69,8 @@ class RewriteBuffer {
   void DropFront(std::size_t count);
   [[nodiscard]] char At(std::size_t index) const;
 
-  // Texts up to this length, including the gap, need no heap memory.
-  static constexpr std::size_t inlineCapacity = 256;
-
-  std::array<char, inlineCapacity> inline_;
-  std::unique_ptr<char[]> heap_;
-  char* data_ = inline_.data();
-  std::size_t capacity_ = inlineCapacity;
+  std::unique_ptr<char[]> data_;
+  std::size_t capacity_ = 0;
 
   // The text is [head_, gapBegin_) and [gapEnd_, end_); the cursor is the gap.
   std::size_t head_ = 0;
