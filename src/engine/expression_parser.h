@@ -25,8 +25,7 @@
 //      signs. In these expressions an operator, a parenthesis or a comma separates operands and so ends that search,
 //      and a text with a value inserted is again such an expression.
 //   3. A "-" in front of an operand is a part of it, in rewriting as in the parser, so it binds tighter than a power.
-//   In
-//      front of a negative value there are then two signs. At the beginning of a text they cancel. Elsewhere a power
+//      In front of a negative value there are then two signs. At the beginning of a text they cancel. Elsewhere a power
 //      uses only the second one: for x = -3, `2*-x^2` becomes `2*--3^2` and then `2*-9`. So the parser accepts "-" in
 //      front of a negative value only where the operand begins the expression, a parenthesis or an argument.
 //   4. A function's value loses its sign, because rewriting writes its magnitude.
@@ -36,8 +35,8 @@
 //   5. The text of a computed value is ValueText of its double. A value that was not computed keeps its text from the
 //      line or from its variable. "-0" would be another text: the parser rejects an expression that computes a negative
 //      zero.
-//   6. Rewriting tries names in front of each parenthesis, the longest first. It stores the last one
-//      that is no function in ResultDetails: see NameTriedLast.
+//   6. Rewriting tries names in front of each parenthesis, the longest first. It stores the last one that is no
+//      function in ResultDetails: see NameTriedLast.
 #pragma once
 
 #include <cstdint>
