@@ -17,7 +17,7 @@ from peers import assignments, nested_left, nested_right, new_names, one_line, s
 
 
 def rewritten(count):
-    """Lines that the ordinary evaluator declines."""
+    """Lines that the parser rejects, so that the engine rewrites them."""
     chance = random.Random(count)
     forms = ["2({n}+x)", "|x-{n}|", "2x", "1,000+{n}", "{n} y", "|{n}-x|*y", "(x)({n})+2", "--{n}+x", "2sqrt({n})+y"]
     lines = [("x", "3"), ("y", "-1.5")]
