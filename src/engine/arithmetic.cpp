@@ -4,7 +4,7 @@
 // some numbers, and users rely on them.
 #include "engine/arithmetic.h"
 
-#include <cstddef>
+#include <algorithm>
 #include <cstdint>
 #include <numeric>
 #include <string_view>
@@ -80,9 +80,7 @@ String ValueText(double value) {
 String MathClass::CleanupNumber(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  const std::size_t sign = text.find('-');
-  const bool hasSigns = sign != std::string_view::npos && text.find('-', sign + 1) != std::string_view::npos;
-  if (!hasSigns && text.find(' ') == std::string_view::npos) return String(text);
+  if (std::none_of(text.begin(), text.end(), [](char c) { return c == ' ' || c == '-'; })) return String(text);
   String number;
   for (const char c : text) {
     if (c == ' ') continue;

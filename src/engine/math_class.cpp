@@ -201,8 +201,8 @@ MathClass::Ending MathClass::ReduceBars(RewriteBuffer& text) {
 
 // Without operators the text is a number, or contains an unknown word, or is a row of numbers, which are multiplied.
 String MathClass::ReduceOperators(RewriteBuffer& text) {
+  text.Rewind();
   for (;;) {
-    text.Rewind();
     std::size_t level = 0;
     while (LookupNextOp(text, level)) {
       if (Ending ending = ApplyOperator(text)) return *std::move(ending);

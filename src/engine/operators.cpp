@@ -47,13 +47,14 @@ std::optional<std::string_view> RightOperand(std::string_view text) {
 }  // namespace
 
 // Moves the cursor in front of the next operator. Returns false if none is left. `level` is the current level of
-// precedence, 0 for a new text. It never decreases, because a value
-// contains no operator but a minus sign, which has the lowest precedence.
+// precedence, 0 for a new text with the cursor at the start. It never decreases, because a value contains no operator
+// but a minus sign, which has the lowest precedence.
 bool MathClass::LookupNextOp(RewriteBuffer& text, std::size_t& level) {
-  constexpr std::array<CharacterSet, 3> signsByLevel{powerSign, productSign, sumSign};
+  static constexpr std::array<CharacterSet, 3> signsByLevel{powerSign, productSign, sumSign};
   for (; level < signsByLevel.size(); ++level) {
     const CharacterSet signs = signsByLevel[level];
-    if (text.MayContain(signs) && text.MoveTo(signs)) return true;
+    if (!text.MayContain(signs)) continue;
+    if (text.MoveTo(signs)) return true;
     text.Rewind();
   }
   return false;

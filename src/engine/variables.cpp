@@ -103,7 +103,7 @@ void MathClass::AddVariable(std::string_view name, std::string_view value, const
 // Does so only after a run has substituted abridgingThreshold bytes of long values.
 String MathClass::SubstituteVariables(std::string_view text) {
   Substitution line;
-  line.result.reserve(text.size() + 64);
+  line.result.reserve(text.size());
   line.isComputed = HasNumberOrOperator(text);
   bool succeeds = AppendSubstituted(line, text);
   line.isComputed = line.isComputed || line.longValues > 1;
