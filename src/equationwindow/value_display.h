@@ -31,7 +31,7 @@ class ValueDisplay final : public QObject {
   ValueDisplay(TextArea& area, const QColor& color);
   ~ValueDisplay() override;
 
-  // Sets the values of the area's present text. Edits move and remove them, as LineValues::Follow does.
+  // Sets the values of the area's present text. Edits move and remove them, as LineValues::UpdateForEdit does.
   void SetValues(LineValues values);
   [[nodiscard]] const LineValues& Values() const { return values_; }
 
