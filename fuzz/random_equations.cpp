@@ -13,7 +13,7 @@ namespace {
 // "{rule}" is replaced by one of the choices of that rule, or by a number where expressions are nested too deep.
 const std::map<String, std::vector<const char*>, std::less<>> grammar = {
     {"text", {"{values}{line}", "{values}{line}{end}{line}", "{values}{line}{end}{rare line}"}},
-    {"values", {"x=2\ny=-3\nab={number}\n", "x=4\ny=.5\nab=-1.5\n", "ab=pi\ny={number}\nx={expression}\n"}},
+    {"values", {"x=2\ny=-3\nab={number}\n", "x=-4\ny=.5\nab=-1.5\n", "ab=pi\ny=-{number}\nx={expression}\n"}},
     {"end", {"\n", "\r\n", "\r"}},
     {"line",
      {"{expression}", "{expression}", "{expression}", "{name}={expression}", "x = {expression}\nx", "{expression}"}},
@@ -31,7 +31,7 @@ const std::map<String, std::vector<const char*>, std::less<>> grammar = {
     {"sums", {"{values}{sum}", "{values}x={sum}\n{sum}", "{values}{name}={sum}\ny={sum}\n{sum}"}},
     {"sum", {"{term}{operator}{term}", "{term}{operator}{sum}", "{sum}{operator}{term}", "{term}"}},
     {"term",
-     {"{number}", "{number}", "{name}", "-{term}", "({sum})", "( {sum} )", "{function}({sum})",
+     {"{number}", "{name}", "{name}", "-{name}", "-{term}", "- {term}", "({sum})", "-( {sum} )", "{function}({sum})",
       "{function of two}({sum}, {sum})"}},
     {"call", {"{function}({expression})", "{function of two}({expression},{expression})"}},
     {"function", {"sin", "Sqrt", "abs", "floor", "round", "exp", "log", "\u017Fin", "atan"}},

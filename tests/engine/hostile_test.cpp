@@ -77,7 +77,7 @@ TEST(Hostile, ValuesThatGrow) {
   const String digits(1430, '0');
   const String arguments = "\"=" + Times(2, digits + "." + digits + ",") + digits + "\nx=frac(0.5)\n";
   Check({
-      {"a long value in many sums", "x=" + zeros + "\n" + Times(20'000, "x+") + "1", "1"},
+      {"a long value in many sums", "x=" + zeros + "\n" + Times(20'000, "x+") + "--1", "1"},
       {"a long value on many lines", "x=" + zeros + "\n" + Times(200, "y=x\n") + "y", zeros},
       {"computed on many lines", tiny + Times(2'000, "(x)(x)(x)(x)\n") + "2", "2"},
       {"not computed", tiny + Times(8'000, "(x)\n") + "x", tiny.substr(2, tiny.size() - 3)},

@@ -41,6 +41,8 @@ inline constexpr Example workedExamples[] = {
     {"99999999999\\1", "2147483647"},
     // clusters of minus signs
     {"---5", "-5"},
+    {"x=-3\n2*-x^2", "-18"},
+    {"2*-(0-3)^2", "-18"},
     // missing operands
     {"5-", twoOperands, "-"},
     {"3+x", twoOperands, "+"},
@@ -56,6 +58,7 @@ inline constexpr Example workedExamples[] = {
     {"1+2)", parenthesis, ""},
     // absolute bars
     {"2=3\n|3", bar, "2", 1},
+    {"- (2)*3\n|3", bar, "-", 1},
     {"max(|-3|,2)", "3"},
     // assignments
     {"=5", "5", ""},
