@@ -19,6 +19,7 @@ PROJECT = pathlib.Path(__file__).resolve().parent.parent
 SCRATCH = PROJECT / "build" / "mutations"
 SECONDS_PER_TEST = 60
 SECONDS_OF_SYSTEM_TESTS = 300
+MOST_MEMORY = 8 << 30  # bytes of address space of a test, because a mutation can fill all memory
 
 # The tests that cover a folder, in the order of running: a CMake target and its arguments. For a program, the argument
 # is a regular expression that ctest matches against the names of tests.
@@ -100,8 +101,9 @@ def run(command, seconds=None):
     """Exit status and output; the status is None after a time-out."""
     try:
         done = subprocess.run(
-            ["nice", "-n", "19", *map(str, command)], cwd=SCRATCH, capture_output=True, text=True, errors="replace",
-            env={**os.environ, "QT_QPA_PLATFORM": "offscreen"}, timeout=seconds, check=False)
+            ["nice", "-n", "19", "prlimit", f"--as={MOST_MEMORY}", *map(str, command)], cwd=SCRATCH, capture_output=True,
+            text=True, errors="replace", env={**os.environ, "QT_QPA_PLATFORM": "offscreen"}, timeout=seconds,
+            check=False)
     except subprocess.TimeoutExpired:
         return None, ""
     return done.returncode, done.stdout + done.stderr
