@@ -25,16 +25,19 @@ void VariableIndex::Clear() {
 
 Int32 VariableIndex::Find(std::string_view name) const {
   if (const std::uint64_t packed = PackedName(name)) return slots_[SlotOf(packed)].variable;
-  const auto found = longNames_.find(FoldCase(name));
+  const String folded = FoldCase(name);  // can be ASCII where the name is not: the long s is an s
+  if (const std::uint64_t packed = PackedName(folded)) return slots_[SlotOf(packed)].variable;
+  const auto found = longNames_.find(folded);
   return found == longNames_.end() ? -1 : found->second;
 }
 
 void VariableIndex::Add(std::string_view name, const ValueForm& form) {
   const auto variable = static_cast<Int32>(forms_.size());
   forms_.push_back(form);
-  const std::uint64_t packed = PackedName(name);
+  String folded = FoldCase(name);
+  const std::uint64_t packed = PackedName(folded);
   if (packed == 0) {
-    longNames_.emplace(FoldCase(name), variable);
+    longNames_.emplace(std::move(folded), variable);
     return;
   }
   if (++used_ * 2 > slots_.size()) Grow();

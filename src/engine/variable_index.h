@@ -44,7 +44,7 @@ class VariableIndex {
   std::vector<ValueForm> forms_;
   std::vector<Slot> slots_;  // a hash table with open addressing; its size is a power of two, at least twice used_
   std::size_t used_ = 0;
-  std::unordered_map<String, Int32> longNames_;  // names that cannot be packed, in folded case
+  std::unordered_map<String, Int32> longNames_;  // folded names that cannot be packed
 };
 
 }  // namespace sumlet

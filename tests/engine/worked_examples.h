@@ -66,6 +66,7 @@ inline constexpr Example workedExamples[] = {
     {"frac=3", nameIsFunction, "frac"},
     // variables are words, replaced by the text of their values
     {"ab=3\nAB", "3"},
+    {"s=3\nſ", "3"},  // a long s, which is an s in another case
     {"pi=3\npi", "3"},
     {"x=-2\n3-x", "5"},
     // functions
