@@ -51,15 +51,17 @@ class ExpressionParser::Pass {
 
   [[nodiscard]] double Number() const { return value_; }
   [[nodiscard]] bool IsComputed() const { return isComputed_; }
-  // The function's name, possibly empty, in front of the last closed parenthesis that leaves a name in ResultDetails.
-  [[nodiscard]] std::string_view Tried() const { return tried_; }
+  // The function's name in front of the parenthesis closed last; empty for a plain parenthesis. Skips calls of
+  // functions with names of the greatest length, because rewriting tries these first. Its data is null if no
+  // parenthesis remains.
+  [[nodiscard]] std::string_view LastCall() const { return lastCall_; }
 
  private:
   void SkipBlanks() {
     while (at_ != end_ && *at_ == ' ') ++at_;
   }
 
-  // Reads a number or a variable, or opens a parenthesis.
+  // Reads a number or a variable, or opens a parenthesis and sets isOpened_.
   [[nodiscard]] bool ReadOperand(bool isNegated, bool isFirst) {
     isOpened_ = false;
     if (at_ == end_) return false;
@@ -100,7 +102,7 @@ class ExpressionParser::Pass {
     if (at_ != begin) {
       const std::string_view name(begin, static_cast<std::size_t>(at_ - begin));
       function = FindFunction(name);
-      if (function == nullptr || function->name.size() != name.size()) return false;  // a letter outside ASCII
+      if (function == nullptr || function->name.size() != name.size()) return false;  // written with a long s
       if (function->IsFraction()) return false;
     }
     waiting_.push_back(
@@ -124,7 +126,7 @@ class ExpressionParser::Pass {
     const Waiting opened = waiting_.back();
     waiting_.pop_back();
     const std::size_t nameLength = opened.function == nullptr ? 0 : opened.function->name.size();
-    if (nameLength < maxFunctionNameLength) tried_ = {opened.begin, nameLength};
+    if (nameLength < maxFunctionNameLength) lastCall_ = {opened.begin, nameLength};
     if (opened.function != nullptr && !Call(opened)) return false;
     return ApplySign(opened.isNegated, opened.isFirst);
   }
@@ -175,12 +177,13 @@ class ExpressionParser::Pass {
   double value_ = 0;  // of the last operand, after the operators and calls applied to it
   bool isComputed_ = false;
   bool isOpened_ = false;
-  std::string_view tried_;
+  std::string_view lastCall_;
 };
 
 namespace {
 
-// The single operand of an expression that computes nothing, without the parentheses and blanks around it.
+// The single operand of an expression that computes nothing, without the parentheses and blanks around it. If a sign
+// precedes the parentheses, it and the opening ones remain.
 std::string_view LoneOperand(std::string_view expression) {
   const std::size_t begin = expression.find_first_not_of(" (");
   const std::size_t end = expression.find_last_not_of(" )") + 1;
@@ -201,26 +204,26 @@ std::optional<ExpressionParser::Value> ExpressionParser::Evaluate(std::string_vi
     if (operand.find_first_not_of("-.0123456789") == std::string_view::npos) {
       value.text = operand;
     } else if (operand.front() == '-') {
-      return {};
+      return {};  // the sign does not touch the digits
     } else {
       value.variable = variables_.Find(operand);
     }
   }
   expression_ = expression;
-  tried_ = pass.Tried();
+  lastCall_ = pass.LastCall();
   return value;
 }
 
-// The last name that rewriting tries before it finds the function has one character more. It tries texts in normal form
-// (rewrite_buffer.h): no white space at the beginning, no two blanks in a row, and no blank behind a "-" at the
-// beginning.
+// The last name that rewriting tries before it finds the function is one character longer. It looks for names in a text
+// in normal form (rewrite_buffer.h): no white space at the beginning, no two blanks in a row, and no blank behind a "-"
+// at the beginning.
 std::optional<String> ExpressionParser::NameTriedLast() const {
-  if (tried_.data() == nullptr) return {};
-  const std::string_view front = expression_.substr(0, static_cast<std::size_t>(tried_.data() - expression_.data()));
+  if (lastCall_.data() == nullptr) return {};
+  const std::string_view front = expression_.substr(0, static_cast<std::size_t>(lastCall_.data() - expression_.data()));
   const std::string_view trimmed = Trimmed(front);
   if (trimmed.empty()) return String();
   const char inFront = trimmed == "-" ? '-' : front.back();
-  return inFront + String(tried_);
+  return inFront + String(lastCall_);
 }
 
 }  // namespace sumlet

@@ -12,30 +12,33 @@
 //   number     = digits with at most one "." among or around them
 //
 // The value of a variable must be a number, possibly with a "-" in front. A function must have exactly as many
-// arguments as it takes. Blanks may be around operands and operators, other white space may not. The parser rejects
-// everything else: operands side by side, bars, frac, dec, RND, several signs in a row, commas elsewhere, every error,
-// and the cases named below.
+// arguments as it takes. Blanks may be around operands and operators, and behind a sign; other white space may not. The
+// parser rejects everything else: operands side by side, bars, frac, dec, RND, several signs in front of an operand,
+// commas elsewhere, every error, and the cases named below.
 //
 // Why the value is the same
 //
 //   1. Intermediate values need no text. Rewriting writes each computed value with ten decimals and reads it back;
 //      RoundToTenPlaces gives the same double. Rewriting would write an infinity or NaN as a word, so the parser
 //      rejects the expression.
-//   2. Rewriting finds the same operands as the grammar. It looks for the ends of an operand among digits, blanks and
-//      signs. In these expressions an operator, a parenthesis or a comma separates operands and so ends that search,
-//      and a text with a value inserted is again such an expression.
+//   2. Rewriting finds the same operands as the grammar. It looks for the ends of an operand among digits, points,
+//      commas, blanks and signs. In these expressions an operator or a parenthesis ends that search, because it
+//      separates operands; there are no commas, because arguments are evaluated one by one. A text with a value
+//      inserted is again such an expression, except for the two signs of point 3.
 //   3. A "-" in front of an operand is a part of it, in rewriting as in the parser, so it binds tighter than a power.
-//      In front of a negative value there are then two signs. At the beginning of a text they cancel. Elsewhere a power
-//      uses only the second one: for x = -3, `2*-x^2` becomes `2*--3^2` and then `2*-9`. So the parser accepts "-" in
-//      front of a negative value only where the operand begins the expression, a parenthesis or an argument.
+//      In front of a negative value, "-0" included, there are then two signs. At the beginning of a text they cancel.
+//      Elsewhere a power uses only the second one: for x = -3, `2*-x^2` becomes `2*--3^2` and then `2*-9`. So the
+//      parser accepts "-" in front of a negative value only where the operand begins the expression, a parenthesis or
+//      an argument.
 //   4. A function's value loses its sign, because rewriting writes its magnitude.
 //
 // Why the result text and ResultDetails are the same
 //
-//   5. The text of a computed value is ValueText of its double. A value that was not computed keeps its text from the
-//      line or from its variable. "-0" would be another text: the parser rejects an expression that computes a negative
-//      zero.
-//   6. Rewriting tries names in front of each parenthesis, the longest first. It stores the last one that is no
+//   5. The text of a computed value is ValueText of its double. "-0" would be another text: the parser rejects an
+//      expression that computes a negative zero, as -(1-1) does.
+//   6. A value that was not computed keeps its text from the line or from its variable. With a sign that does not touch
+//      the digits it would be a third text: the parser rejects -x, -(5) and - 5 when nothing else is computed.
+//   7. Rewriting tries names in front of each parenthesis, the longest first. It stores the last one that is no
 //      function in ResultDetails: see NameTriedLast.
 #pragma once
 
@@ -65,7 +68,7 @@ class ExpressionParser {
   // The value, or nothing if the parser rejects the expression.
   [[nodiscard]] std::optional<Value> Evaluate(std::string_view expression);
 
-  // Returns what rewriting would store in ResultDetails for the last parenthesis, or nothing if it stores nothing. Call
+  // Returns what rewriting would leave in ResultDetails after all parentheses, or nothing if it stores nothing. Call
   // it only after Evaluate has returned a value, while the text given to Evaluate still exists.
   [[nodiscard]] std::optional<String> NameTriedLast() const;
 
@@ -86,7 +89,7 @@ class ExpressionParser {
   const VariableIndex& variables_;
   std::vector<Waiting> waiting_;  // a member only to reuse its memory
   std::string_view expression_;   // of the last evaluation
-  std::string_view tried_;        // the name, possibly empty, that NameTriedLast is about
+  std::string_view lastCall_;     // of the last evaluation: see Pass::LastCall
 };
 
 }  // namespace sumlet

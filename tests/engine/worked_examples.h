@@ -42,6 +42,7 @@ inline constexpr Example workedExamples[] = {
     // clusters of minus signs
     {"---5", "-5"},
     {"x=-3\n2*-x^2", "-18"},
+    {"x=-0\n2*-x^0", "-2"},
     {"2*-(0-3)^2", "-18"},
     // missing operands
     {"5-", twoOperands, "-"},
@@ -56,6 +57,7 @@ inline constexpr Example workedExamples[] = {
     {"Π", longPi},
     // parentheses
     {"1+2)", parenthesis, ""},
+    {"sqrt 4)", parenthesis, ""},
     // absolute bars
     {"2=3\n|3", bar, "2", 1},
     {"- (2)*3\n|3", bar, "-", 1},
