@@ -117,9 +117,12 @@ void winSumlet::AnnounceTemporarily(std::string_view notice) {
   tmrNotice_.SetMode(TimerMode::Single);
 }
 
-// A command that immediately follows a key applies to the text on the screen, not to the previous result.
+// A command that immediately follows a key applies to the text on the screen, not to the previous result. The timer
+// would calculate again, replace RND values that the command has copied, and interrupt its notice.
 void winSumlet::CalculateIfDue() {
-  if (IsCalculationDue()) Calculate();
+  if (!IsCalculationDue()) return;
+  tmrCalculate_.SetMode(TimerMode::Off);
+  Calculate();
 }
 
 void winSumlet::ApplyTextSize(Int32 size) {

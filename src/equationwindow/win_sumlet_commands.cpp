@@ -83,6 +83,7 @@ LineValues winSumlet::CurrentValues() {
     CalculateIfDue();
     return valueDisplay_->Values();
   }
+  tmrCalculate_.SetMode(TimerMode::Off);
   math->equationText = textInput().Text();
   LineValues values(*math);
   ShowResult();

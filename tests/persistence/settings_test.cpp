@@ -108,11 +108,10 @@ TEST_F(Settings, LineValuesAreStoredOnlyWhileTheyAreShown) {
   EXPECT_EQ(ReplaceAll(with, "\x0EShowLineValues\x04True", ""), without);
   Preferences::ShowLineValues = false;
   EXPECT_EQ(Saved(), without) << "written over a longer file";
-  EXPECT_TRUE(AlertsOfLoading(without).empty());
-  EXPECT_FALSE(Preferences::ShowLineValues);
   EXPECT_TRUE(AlertsOfLoading(with).empty());
   EXPECT_TRUE(Preferences::ShowLineValues);
-  Preferences::ShowLineValues = false;
+  EXPECT_TRUE(AlertsOfLoading(without).empty());
+  EXPECT_FALSE(Preferences::ShowLineValues);
 }
 
 TEST_F(Settings, ATextFileResultsInTheDefaults) {
