@@ -3,14 +3,17 @@
 #include <QApplication>
 #include <QChar>
 #include <QEvent>
+#include <QFontMetrics>
 #include <QFontMetricsF>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPalette>
+#include <QScreen>
 #include <QTextDocument>
 #include <QToolTip>
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 #include <utility>
@@ -21,14 +24,22 @@
 namespace sumlet {
 namespace {
 
-constexpr Int32 flashPeriod = 300;                      // ms
-constexpr qsizetype toolTipLine = 80;                   // UTF-16 units
-constexpr qsizetype longestToolTip = 25 * toolTipLine;  // bytes of UTF-8: up to 25 lines
+constexpr Int32 flashPeriod = 300;      // ms
+constexpr qsizetype toolTipLine = 80;   // UTF-16 units
+constexpr qsizetype toolTipLines = 25;  // at most
+
+// Half the height of the screen, less room for the margins and the pointer. Qt would place a higher tool tip under
+// the pointer, and hide it at once.
+qsizetype ToolTipLinesOn(const QScreen& screen) {
+  const int lines = screen.availableGeometry().height() / 2 / QFontMetrics(QToolTip::font()).lineSpacing() - 3;
+  return std::clamp<qsizetype>(lines, 1, toolTipLines);
+}
 
 // Breaks the text into lines, because Qt shows plain text on a single line.
-QString ToolTipOf(std::string_view value) {
-  QString text = ToQString(value.substr(0, longestToolTip));
-  if (value.size() > longestToolTip) text += QChar(0x2026);
+QString ToolTipOf(std::string_view value, const QScreen& screen) {
+  const auto most = static_cast<std::size_t>(ToolTipLinesOn(screen) * toolTipLine);
+  QString text = ToQString(value.size() > most ? value.substr(0, most - 1) : value);
+  if (value.size() > most) text += QChar(0x2026);
   for (qsizetype end = (text.size() - 1) / toolTipLine * toolTipLine; end > 0; end -= toolTipLine)
     text.insert(end, u'\n');
   return text;
@@ -115,8 +126,8 @@ void ValueDisplay::Paint(const QRect& area) {
 bool ValueDisplay::ShowToolTip(const QHelpEvent& event) const {
   const std::optional<Shown> shown = ShownAt(event.pos());
   if (!shown) return false;
-  QToolTip::showText(event.globalPos(), ToolTipOf(values_.ValueOf(shown->line)), area_->viewport(),
-                     shown->place.toAlignedRect());
+  const QString tip = ToolTipOf(values_.ValueOf(shown->line), *area_->screen());
+  QToolTip::showText(event.globalPos(), tip, area_->viewport(), shown->place.toAlignedRect());
   return true;
 }
 
