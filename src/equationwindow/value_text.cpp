@@ -6,13 +6,27 @@
 #include <vector>
 
 #include "equationwindow/line_values.h"
+#include "framework/terminal.h"
 
 namespace sumlet {
 namespace {
 
 constexpr QChar ellipsis(0x2026);
-constexpr qsizetype minCutLength = 3;   // a value cut to fewer characters, "…" included, is not shown
-constexpr Int32 maxAlignedLength = 80;  // characters; values of longer lines follow their lines without a column
+constexpr qsizetype minCutLength = 3;        // a value cut to fewer characters, "…" included, is not shown
+constexpr std::size_t tabWidth = 8;          // columns
+constexpr std::size_t maxAlignedWidth = 80;  // columns; values of longer lines follow their lines without a column
+
+// In a font of fixed width, with a tab stop every eight columns.
+std::size_t ColumnsOf(std::string_view line) {
+  std::size_t columns = 0;
+  for (;;) {
+    const std::size_t tab = line.find('\t');
+    columns += DisplayColumns(line.substr(0, tab));
+    if (tab == std::string_view::npos) return columns;
+    columns = (columns / tabWidth + 1) * tabWidth;
+    line.remove_prefix(tab + 1);
+  }
+}
 
 }  // namespace
 
@@ -42,12 +56,12 @@ String TextWithValues(std::string_view text, const LineValues& values, Int32 fir
   std::vector<std::string_view> lines;
   LineReader reader(text);
   Int32 lineIndex = 0;
-  Int32 column = 0;
+  std::size_t column = 0;
   for (std::string_view line; lineIndex <= last && reader.Next(line); ++lineIndex) {
     if (lineIndex < first) continue;
     lines.push_back(line);
-    if (const Int32 length = Len(line); length <= maxAlignedLength && !values.ValueOf(lineIndex).empty())
-      column = std::max(column, length);
+    if (const std::size_t width = ColumnsOf(line); width <= maxAlignedWidth && !values.ValueOf(lineIndex).empty())
+      column = std::max(column, width);
   }
   String copied;
   lineIndex = first;
@@ -55,7 +69,7 @@ String TextWithValues(std::string_view text, const LineValues& values, Int32 fir
     if (lineIndex != first) copied += '\n';
     copied += line;
     if (const std::string_view value = values.ValueOf(lineIndex++); !value.empty()) {
-      copied.append(static_cast<std::size_t>(std::max(column - Len(line), 0)) + 2, ' ');
+      copied.append(column - std::min(ColumnsOf(line), column) + 2, ' ');
       copied.append("→ ").append(value);
     }
   }

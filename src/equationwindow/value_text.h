@@ -32,8 +32,8 @@ struct PlacedValue {
                                      const std::function<double(QChar)>& widthOf);
 
 // Returns the lines of `text` from `first` to `last`, 0-based and inclusive, each with its value after an arrow. The
-// arrows form a column after the longest line with a value, not counting lines of more than 80 characters. LF separates
-// the lines; the last one has no line ending.
+// arrows form a column in a font of fixed width with a tab stop every eight columns. It is after the longest line with
+// a value, not counting lines of more than 80 columns. LF separates the lines; the last one has no line ending.
 [[nodiscard]] String TextWithValues(std::string_view text, const LineValues& values, Int32 first, Int32 last);
 
 }  // namespace sumlet

@@ -18,7 +18,7 @@ namespace sumlet {
 [[nodiscard]] String TextFor(std::FILE* stream, std::string_view text);
 
 // The width of `text` in columns of a terminal: two for an East Asian wide character or an emoji, none for a combining
-// mark. `text` holds no control characters.
+// mark or a control character.
 [[nodiscard]] std::size_t DisplayColumns(std::string_view text);
 
 }  // namespace sumlet

@@ -197,9 +197,9 @@ TEST(LineValues, ArePlacedAtTheEdgeOrCutOrLeftOut) {
 
 TEST(LineValues, AreCopiedInAColumn) {
   const String longLine = "1" + String(100, ' ') + "+1";
-  MathClass math("# the longest of all\nπ=3\n2(3+4)\n" + longLine + "\n\nfoo\n7");
+  MathClass math("# the longest of all\n面積=3\n\t2(3+4)\n" + longLine + "\n\nfoo\n7");
   EXPECT_EQ(TextWithValues(math.equationText, LineValues(math), 1, 9),
-            "π=3     → 3\n2(3+4)  → 14\n" + longLine + "  → 2\n\nfoo\n7");
+            "面積=3          → 3\n\t2(3+4)  → 14\n" + longLine + "  → 2\n\nfoo\n7");
 }
 
 TEST_F(WinSumlet, LineValuesMoveAndHideWithTheirLines) {
