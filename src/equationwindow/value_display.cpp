@@ -10,6 +10,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPalette>
+#include <QRect>
 #include <QScreen>
 #include <QTextDocument>
 #include <QToolTip>
@@ -45,7 +46,7 @@ QString ToolTipOf(std::string_view value, const QScreen& screen) {
   return text;
 }
 
-// An open tool tip would stay while the user types and show an outdated value.
+// An open tool tip would stay while the user types, scrolls or resizes by a key, and show the value of another text.
 void HideToolTip(const QWidget& viewport) {
   if (QToolTip::isVisible() && viewport.underMouse()) QToolTip::hideText();
 }
@@ -61,12 +62,16 @@ ValueDisplay::ValueDisplay(TextArea& area, const QColor& color)
     HideToolTip(*area_->viewport());
     StopFlashing();
   });
+  connect(&area, &TextArea::updateRequest, this, [this](const QRect& /*rect*/, int scrolled) {
+    if (scrolled != 0) HideToolTip(*area_->viewport());
+  });
   tmrFlash_.SetPeriod(flashPeriod);
   tmrFlash_.Action = [this](Timer&) { StopFlashing(); };
 }
 
 ValueDisplay::~ValueDisplay() {
   if (area_ == nullptr) return;
+  HideToolTip(*area_->viewport());
   area_->viewport()->setMouseTracking(false);
   area_->viewport()->setCursor(cursorOfText_);
   area_->viewport()->update();
@@ -170,6 +175,9 @@ bool ValueDisplay::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::Paint:
       Paint(static_cast<const QPaintEvent*>(event)->rect());
+      return false;
+    case QEvent::Resize:
+      HideToolTip(*area_->viewport());
       return false;
     case QEvent::ToolTip:
       return ShowToolTip(static_cast<const QHelpEvent&>(*event));
