@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QShowEvent>
 #include <QString>
+#include <optional>
 
 #include "equationwindow/area_layout.h"
 #include "equationwindow/closed_equations.h"
@@ -181,7 +182,7 @@ void winSumlet::changeEvent(QEvent* event) {
 // The window manager may have resized the window before it reports the new state, so this does not read the window's
 // present bounds.
 void winSumlet::StoreWindowedBounds() {
-  const QRect bounds = restoredBounds_.value_or(WindowedBounds());
+  const QRect bounds = WindowedBounds();
   NonFullscreenLeft = bounds.x();
   NonFullscreenTop = bounds.y();
   NonFullscreenWidth = bounds.width();
@@ -198,10 +199,7 @@ void winSumlet::delayToggleFullscreen() {
   tmrDelayToggleFullscreen_.SetMode(TimerMode::Single);
 }
 
-void winSumlet::tmrDelayToggleFullscreen_Action(Timer& /*sender*/) {
-  ToggleFullScreen();
-  restoredBounds_.reset();
-}
+void winSumlet::tmrDelayToggleFullscreen_Action(Timer& /*sender*/) { ToggleFullScreen(restoredBounds_); }
 
 // On quit the session is already saved, so leaving full screen here does not change the record.
 bool winSumlet::Event_CancelClose(bool appQuitting) {

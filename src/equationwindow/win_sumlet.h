@@ -6,7 +6,6 @@
 
 #include <QRect>
 #include <memory>
-#include <optional>
 #include <string_view>
 
 #include "engine/math_class.h"
@@ -140,8 +139,8 @@ class winSumlet final : public BaseWindow, public MyWindowManager::StoredWindow 
   Timer tmrNotice_;
   NameProviderDialog TemplateSaver_;
   Timer tmrDelayToggleFullscreen_;
-  int wheelTurn_ = 0;                    // the rest of a step, in eighths of a degree
-  std::optional<QRect> restoredBounds_;  // of a window about to be restored to full screen; see delayToggleFullscreen
+  int wheelTurn_ = 0;     // the rest of a step, in eighths of a degree
+  QRect restoredBounds_;  // of a window about to be restored to full screen; see delayToggleFullscreen
 };
 
 }  // namespace sumlet

@@ -61,7 +61,6 @@ TEST_F(ShellWindows, PreferencesShowAndChangeTheSettings) {
   EXPECT_EQ(winPreferences::Instance().popSize().currentText(), "24");
   const std::tuple<Int32, Int32, Int32> steps[] = {
       // a size, the next smaller one and the next larger one
-      {13, 11, 16},
       {11, 11, 13},    // the smallest that is offered
       {15, 13, 16},    // between two that are offered
       {200, 96, 200},  // larger than the largest

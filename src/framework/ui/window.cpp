@@ -139,10 +139,21 @@ bool Window::Close(bool appQuitting) {
   return close();
 }
 
-void Window::ToggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }
+// Some window managers leave and enter full screen once more, with other bounds, if the window was maximised. So this
+// records the bounds beforehand.
+void Window::ToggleFullScreen(std::optional<QRect> windowedBounds) {
+  constexpr int togglingTime = 1000;  // ms
+  if (windowedBounds)
+    boundsBeforeToggle_ = *windowedBounds;
+  else if (toggling_.hasExpired())
+    boundsBeforeToggle_ = WindowedBounds();
+  toggling_.setRemainingTime(togglingTime);
+  setWindowState(windowState() ^ Qt::WindowFullScreen);
+}
 
 QRect Window::WindowedBounds() const {
   if (!isFullScreen()) return {Left(), Top(), Width(), Height()};
+  if (!toggling_.hasExpired()) return boundsBeforeToggle_;
   const QRect bounds = normalGeometry();
   const QPoint corner = CanReadPosition() ? bounds.topLeft() - frameOffset_ : corner_;
   return {corner, QSize(bounds.width(), bounds.height() - MenuBarHeight(bounds.width()))};

@@ -5,6 +5,7 @@
 // window destroys it once control returns to the event loop.
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QPoint>
 #include <QPointer>
 #include <QRect>
@@ -12,6 +13,7 @@
 #include <QWidget>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -72,9 +74,10 @@ class Window : public QWidget {
   bool HandleCommand(const std::string& name);
 
   // Full screen, as the window manager provides it. WindowedBounds returns the frame's top left corner and the
-  // content's size; in full screen, those from before.
+  // content's size; in full screen, those from before. A window that has just come up may not know its own bounds;
+  // `windowedBounds` then replaces them.
   [[nodiscard]] bool IsFullScreen() const { return isFullScreen(); }
-  void ToggleFullScreen();
+  void ToggleFullScreen(std::optional<QRect> windowedBounds = {});
   [[nodiscard]] QRect WindowedBounds() const;
 
   // Raises Event_CancelClose and closes the window unless that refuses. Returns whether it closed.
@@ -165,6 +168,8 @@ class Window : public QWidget {
   QPoint corner_;       // as last set
   QPoint frameOffset_;  // from the frame's corner to the window's own, while not in full screen
   QSize contentSize_;   // the size that the controls are laid out for
+  QRect boundsBeforeToggle_;
+  QDeadlineTimer toggling_;  // expires once the window manager has changed the state and the bounds
   std::vector<LockedControl> lockedControls_;
   QPushButton* defaultButton_ = nullptr;
   QPushButton* cancelButton_ = nullptr;

@@ -47,7 +47,6 @@ struct RecordingWindow final : BaseWindow {
 
 TEST(LockedBounds, FollowTheLockedEdges) {
   const std::tuple<Locks, QSize, QRect> rows[] = {
-      {Lock::Left | Lock::Top, {200, 150}, {10, 20, 30, 40}},
       {Lock::Right | Lock::Bottom, {200, 150}, {110, 70, 30, 40}},
       {Lock::Left | Lock::Top | Lock::Right | Lock::Bottom, {200, 150}, {10, 20, 130, 90}},
       {Lock::Left | Lock::Top | Lock::Right | Lock::Bottom, {50, 50}, {10, 20, 0, 0}},
@@ -95,6 +94,15 @@ TEST_F(WindowTest, RaisesItsEvents) {
   DestroyClosed();
   EXPECT_TRUE(window.isNull());
   EXPECT_EQ(Events(), "CancelClose, quitting;CancelClose;");
+}
+
+TEST_F(WindowTest, RemembersItsBoundsBeforeFullScreen) {
+  RecordingWindow& window = *NewWindow();
+  window.ToggleFullScreen();
+  window.setWindowState(Qt::WindowNoState);
+  window.SetWidth(310);
+  window.setWindowState(Qt::WindowFullScreen);
+  EXPECT_EQ(window.WindowedBounds().width(), 300) << "the window manager entered full screen twice";
 }
 
 TEST_F(WindowTest, SizeIsLimitedSoThatItsPictureFitsIntoMemory) {
