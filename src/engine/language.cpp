@@ -19,7 +19,7 @@ constexpr Function functions[] = {
     {"atan2", nullptr, ATan2},
     {"max", nullptr, Max},
     {"min", nullptr, Min},
-    {"mod", nullptr, IntegerRemainder},  // also a variable; only assignments look for this function
+    {"mod", nullptr, IntegerRemainder},  // also a variable; a call only behind a tab, as "\tmod" is another word
     {"pow", nullptr, Pow},
     {"abs", Abs, nullptr},
     {"acos", ACos, nullptr},

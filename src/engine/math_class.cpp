@@ -1,4 +1,5 @@
-// The evaluation of an equation: splits it into lines, and checks, assigns or rewrites each of them.
+// The evaluation of an equation: splits it into lines, and gives each to the parser or else checks, assigns or rewrites
+// it.
 //
 // Rewriting replaces the innermost parenthesis that closes first, then the first pair of bars, then the leftmost of the
 // operators that bind tightest. No step brings back what an earlier kind of step has removed, so each kind is one pass

@@ -1,9 +1,9 @@
 // MathClass: the calculation engine. Evaluates the text of a whole equation to one result text.
 //
-// All values are text. Evaluation rewrites a line: it replaces the innermost parenthesis, a pair of absolute bars or
-// one operator at a time by its value, until a number is left. Each value is rounded to ten decimals when it is put
-// back, so (1/3)*3 is 0.9999999999. docs/language.md describes the language, docs/architecture.md how rewriting stays
-// linear.
+// The language is defined by rewriting text: each step replaces the innermost parenthesis, a pair of absolute bars or
+// one operator by its value, until a number is left. Each value is rounded to ten decimals when it is put back, so
+// (1/3)*3 is 0.9999999999. ExpressionParser evaluates most lines faster, with the same results; this class rewrites the
+// others. docs/language.md describes the language, docs/architecture.md how rewriting stays linear.
 //
 // An error is a result text that contains the word "Error"; ResultIsError is the only test for it.
 #pragma once
