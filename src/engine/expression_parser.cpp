@@ -182,10 +182,9 @@ class ExpressionParser::Pass {
 
 namespace {
 
-// The single operand of an expression that computes nothing, without the parentheses and blanks around it. If a sign
-// precedes the parentheses, it and the opening ones remain.
+// The operand of an expression that computes nothing, without the signs, parentheses and blanks around it.
 std::string_view LoneOperand(std::string_view expression) {
-  const std::size_t begin = expression.find_first_not_of(" (");
+  const std::size_t begin = expression.find_first_not_of(" (-");
   const std::size_t end = expression.find_last_not_of(" )") + 1;
   return expression.substr(begin, end - begin);
 }
@@ -197,14 +196,10 @@ std::optional<ExpressionParser::Value> ExpressionParser::Evaluate(std::string_vi
   if (!pass.Run()) return {};
   Value value;
   value.number = pass.Number();
-  if (pass.IsComputed()) {
-    if (value.number == 0 && std::signbit(value.number)) return {};
-  } else {
+  if (!pass.IsComputed()) {
     const std::string_view operand = LoneOperand(expression);
-    if (operand.find_first_not_of("-.0123456789") == std::string_view::npos) {
-      value.text = operand;
-    } else if (operand.front() == '-') {
-      return {};  // the sign does not touch the digits
+    if (IsDigit(operand.front()) || operand.front() == '.') {
+      value.magnitude = operand;  // even if a line such as "2=3" has made a variable of this name
     } else {
       value.variable = variables_.Find(operand);
     }

@@ -14,7 +14,7 @@
 // The value of a variable must be a number, possibly with a "-" in front. A function must have exactly as many
 // arguments as it takes. Blanks may be around operands and operators, and behind a sign; other white space may not. The
 // parser rejects everything else: operands side by side, bars, frac, dec, RND, several signs in front of an operand,
-// commas elsewhere, every error, and the cases named below.
+// commas elsewhere, every error, and the values named in points 1 and 3.
 //
 // Why the value is the same
 //
@@ -34,11 +34,9 @@
 //
 // Why the result text and ResultDetails are the same
 //
-//   5. The text of a computed value is ValueText of its double. "-0" would be another text: the parser rejects an
-//      expression that computes a negative zero, as -(1-1) does.
-//   6. A value that was not computed keeps its text from the line or from its variable. With a sign that does not touch
-//      the digits it would be a third text: the parser rejects -x, -(5) and - 5 when nothing else is computed.
-//   7. Rewriting tries names in front of each parenthesis, the longest first. It stores the last one that is no
+//   5. The text of a value is a "-" if its double is negative, "-0" included, and the text of its magnitude: ValueText
+//      if it was computed, or else its text in the line or in its variable.
+//   6. Rewriting tries names in front of each parenthesis, the longest first. It stores the last one that is no
 //      function in ResultDetails: see NameTriedLast.
 #pragma once
 
@@ -61,8 +59,8 @@ class ExpressionParser {
 
   struct Value {
     double number = 0;
-    // For a value that was not computed, one of the two is set: its text, a part of the expression, or its variable.
-    std::string_view text;
+    // For a value that was not computed, one of the two is set: its text without a sign, or its variable.
+    std::string_view magnitude;
     Int32 variable = -1;
   };
   // The value, or nothing if the parser rejects the expression.

@@ -10,6 +10,7 @@
 #include "engine/math_class.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "engine/arithmetic.h"
 #include "engine/language.h"
@@ -105,13 +106,7 @@ bool MathClass::EvaluateByParser(std::string_view line, String& value) {
   const std::optional<ExpressionParser::Value> result =
       parser_.Evaluate(isAssignment ? line.substr(equalsSign + 1) : line);
   if (!result) return false;
-  if (result->variable >= 0) {
-    value = varValue[result->variable];
-  } else if (!result->text.empty()) {
-    value = result->text;
-  } else {
-    value = ValueText(result->number);
-  }
+  SetText(value, *result);
   if (isAssignment) {
     ResultDetails = name;
     AddVariable(name, value, {.number = result->number, .isLong = value.size() > shortNumberLength});
@@ -119,6 +114,25 @@ bool MathClass::EvaluateByParser(std::string_view line, String& value) {
     ResultDetails = *std::move(tried);  // rewriting leaves it there, too; an error without details shows it
   }
   return true;
+}
+
+// Sets `text` to the text of the value. Minus signs in front of a variable or a parenthesis, and pairs that cancel,
+// show only in the sign of the double.
+void MathClass::SetText(String& text, const ExpressionParser::Value& value) const {
+  if (value.variable >= 0) {
+    text = varValue[value.variable];
+  } else if (!value.magnitude.empty()) {
+    text = value.magnitude;
+  } else {
+    text = ValueText(value.number);
+  }
+  const bool isNegative = std::signbit(value.number);
+  if (isNegative == text.starts_with('-')) return;
+  if (isNegative) {
+    text.insert(0, 1, '-');
+  } else {
+    text.erase(0, 1);
+  }
 }
 
 bool MathClass::ResultIsError() const { return ResultIsError(Result); }

@@ -83,6 +83,7 @@ class MathClass {
   };
 
   [[nodiscard]] bool EvaluateByParser(std::string_view line, String& value);
+  void SetText(String& text, const ExpressionParser::Value& value) const;
 
   // Evaluates one text to its value or error.
   [[nodiscard]] String Reduce(std::string_view expression);

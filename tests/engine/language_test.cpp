@@ -61,7 +61,7 @@ TEST(Language, OrdinaryExpressionsAreNotRewritten) {
   variables.Add("x", {.number = -2.5});
   ExpressionParser parser(variables);
   for (const char* text : {"1+2*3^4-5/6\\7%8", " - x ^ 2 - -1.5", "-(-(x))*(3.+.5)", "2-max( -x , -x )*SIN(-1)",
-                           "atan2(x,1)", "5--3", "((1.50))", "(x)", "-5"}) {
+                           "atan2(x,1)", "5--3", "((1.50))", "-(x)", "- 5"}) {
     EXPECT_TRUE(parser.Evaluate(text)) << text;
   }
 }

@@ -70,6 +70,7 @@ inline constexpr Example workedExamples[] = {
     {"ab=3\nAB", "3"},
     {"s=3\nſ", "3"},  // a long s, which is an s in another case
     {"pi=3\npi", "3"},
+    {"2=3\n2", "2"},
     {"x=-2\n3-x", "5"},
     // functions
     {"sqrt(4)sqrt(9)", "6"},
