@@ -41,7 +41,7 @@ TEST(Hostile, DeepNesting) {
       {"unclosed sums", Times(n, "(1+"), parenthesis},
       {"wrong order behind a value", "(1)" + Times(n, ")1") + Times(n, "2("), parenthesis, "2"},
       {"factors", Times(n, "1(") + "1" + Times(n, ")"), "1"},
-      {"signs", Times(n, "-(") + "1" + Times(n, ")"), "1"},
+      {"signs", Times(n, "-(") + String(n, '7') + Times(n, ")"), String(n, '7')},
       {"calls of two arguments", Times(n, "max(") + "1" + Times(n, ",2)"), "2"},
       {"a long number", "1" + Times(n, "(") + String(n, '0') + "2" + Times(n, ")"), "2"},
   });
