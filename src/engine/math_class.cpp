@@ -50,14 +50,24 @@ std::string_view FirstWord(std::string_view text) {
   return {begin, end};
 }
 
-// The value of a text that is one number, with minus signs and blanks in front, and blanks behind. Pairs of signs
-// cancel. A fast path, because a long number can be inside many parentheses and bars.
-std::optional<String> LoneNumber(std::string_view text) {
+// Removes minus signs and blanks in front of `text`, and blanks behind it. Returns whether the number of signs is odd.
+bool RemoveSigns(std::string_view& text) {
   bool isNegative = false;
   for (; !text.empty() && (text.front() == '-' || text.front() == ' '); text.remove_prefix(1)) {
     if (text.front() == '-') isNegative = !isNegative;
   }
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  return isNegative;
+}
+
+// The value of a text that is one number with minus signs and blanks, or such a text between bars. A fast path, because
+// a long number can be inside many parentheses and bars.
+std::optional<String> LoneNumber(std::string_view text) {
+  const bool isNegative = RemoveSigns(text);
+  if (text.size() > 2 && text.front() == '|' && text.back() == '|') {
+    text = text.substr(1, text.size() - 2);
+    static_cast<void>(RemoveSigns(text));
+  }
   const auto isPart = [](char c) { return c != ' ' && IsIn(c, numberCharacter); };
   if (text.empty() || !std::all_of(text.begin(), text.end(), isPart)) return {};
   String number;
