@@ -34,11 +34,14 @@ Int32 VariableIndex::Find(std::string_view name) const {
 void VariableIndex::Add(std::string_view name, const ValueForm& form) {
   const auto variable = static_cast<Int32>(forms_.size());
   forms_.push_back(form);
-  String folded = FoldCase(name);
-  const std::uint64_t packed = PackedName(folded);
+  std::uint64_t packed = PackedName(name);
   if (packed == 0) {
-    longNames_.emplace(std::move(folded), variable);
-    return;
+    String folded = FoldCase(name);
+    packed = PackedName(folded);
+    if (packed == 0) {
+      longNames_.emplace(std::move(folded), variable);
+      return;
+    }
   }
   if (++used_ * 2 > slots_.size()) Grow();
   slots_[SlotOf(packed)] = {packed, variable};
