@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <limits>
 #include <random>
+#include <string>
 #include <system_error>
 
 #include "framework/text/utf8.h"
@@ -48,7 +49,7 @@ bool IsBelowOne(std::string_view number) {
   return point - first + exponent < 0;
 }
 
-// `number` consists of digits, commas, which count for nothing, at most one point, and an optional complete exponent.
+// `number` consists of digits, at most one point, an optional complete exponent, and commas, which it ignores.
 double Convert(std::string_view number) {
   if (number.find(',') != std::string_view::npos) {
     String withoutCommas(number);
