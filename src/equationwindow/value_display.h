@@ -1,5 +1,5 @@
 // ValueDisplay: paints the values of an equation's lines beside them in its text area, behind the text. The text does
-// not move. A tool tip shows the value whole, up to 2000 bytes, and a click on it calls Clicked.
+// not move. A tool tip shows the value whole, up to 2000 bytes or half the screen. A click on a value calls Clicked.
 //
 // The display is an event filter of the area's viewport. An area without a display has no extra cost.
 #pragma once
