@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "equationwindow/line_values.h"
-#include "framework/terminal.h"
+#include "framework/text/utf8.h"
 
 namespace sumlet {
 namespace {

@@ -1,6 +1,5 @@
 #include "framework/terminal.h"
 
-#include <utf8proc.h>
 #ifdef _WIN32
 #include <io.h>
 #else
@@ -59,18 +58,6 @@ String TextFor(std::FILE* stream, std::string_view text) {
   const auto isPlain = [](char c) { return c >= ' ' && c < '\x7F'; };
   if (std::all_of(text.begin(), text.end(), isPlain) || !IsTerminal(stream)) return String(text);
   return EscapeControls(text);
-}
-
-std::size_t DisplayColumns(std::string_view text) {
-  std::size_t columns = 0;
-  for (std::size_t i = 0; i < text.size();) {
-    const Utf8Character character = CharacterAt(text, i);
-    const bool isValid = character.code < invalidByteBase;
-    columns +=
-        isValid ? static_cast<std::size_t>(utf8proc_charwidth(static_cast<utf8proc_int32_t>(character.code))) : 1;
-    i += character.length;
-  }
-  return columns;
 }
 
 }  // namespace sumlet

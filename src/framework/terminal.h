@@ -1,4 +1,4 @@
-// Text for a terminal: detects one, escapes control characters, and counts columns.
+// Text for a terminal: detects one, and escapes control characters.
 #pragma once
 
 #include <cstdio>
@@ -16,9 +16,5 @@ namespace sumlet {
 
 // `text` for writing to `stream`: with EscapeControls if that is a terminal, otherwise unchanged.
 [[nodiscard]] String TextFor(std::FILE* stream, std::string_view text);
-
-// The width of `text` in columns of a terminal: two for an East Asian wide character or an emoji, none for a combining
-// mark or a control character.
-[[nodiscard]] std::size_t DisplayColumns(std::string_view text);
 
 }  // namespace sumlet

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "framework/terminal.h"
+#include "framework/text/utf8.h"
 
 namespace sumlet {
 namespace {

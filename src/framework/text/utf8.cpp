@@ -103,6 +103,18 @@ void AppendCharacter(std::string& text, char32_t code) {
   text.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length));
 }
 
+std::size_t DisplayColumns(std::string_view text) {
+  std::size_t columns = 0;
+  for (std::size_t i = 0; i < text.size();) {
+    const Utf8Character character = CharacterAt(text, i);
+    const bool isValid = character.code < invalidByteBase;
+    columns +=
+        isValid ? static_cast<std::size_t>(utf8proc_charwidth(static_cast<utf8proc_int32_t>(character.code))) : 1;
+    i += character.length;
+  }
+  return columns;
+}
+
 bool IsAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return IsAscii(c); });
 }

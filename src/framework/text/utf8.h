@@ -37,6 +37,10 @@ inline constexpr char32_t invalidByteBase = 0x110000;
 // `text` with every character folded. Two texts that differ only in case fold to the same bytes.
 [[nodiscard]] std::string FoldCase(std::string_view text);
 
+// The width of `text` on a terminal or in a font of fixed width, in columns: two for an East Asian wide character or an
+// emoji, none for a combining mark or a control character.
+[[nodiscard]] std::size_t DisplayColumns(std::string_view text);
+
 // Appends `code` in UTF-8. For a code from CharacterAt, appends the original bytes.
 void AppendCharacter(std::string& text, char32_t code);
 
